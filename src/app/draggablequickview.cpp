@@ -1,0 +1,58 @@
+#include "draggablequickview.h"
+
+#include "focuser.h"
+
+#include <QMouseEvent>
+
+DraggableQuickView::DraggableQuickView(bool staysOnTop)
+    : focuser(new Focuser(this))
+{
+    if (staysOnTop)
+        setFlags(Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
+    else
+        setFlags(Qt::FramelessWindowHint);
+}
+
+DraggableQuickView::~DraggableQuickView()
+{
+    delete focuser;
+}
+
+void DraggableQuickView::show()
+{
+    QQuickView::show();
+    focuser->raise();
+}
+
+void DraggableQuickView::enableDragging()
+{
+    dragging = true;
+}
+
+void DraggableQuickView::disableDragging()
+{
+    dragging = false;
+}
+
+void DraggableQuickView::mousePressEvent(QMouseEvent *event)
+{
+    dragPosition = event->pos();
+    // The document sees the press and arms dragging while it handles it.
+    QQuickView::mousePressEvent(event);
+}
+
+void DraggableQuickView::mouseMoveEvent(QMouseEvent *event)
+{
+    if (event->buttons().testFlag(Qt::LeftButton) && dragging) {
+        // The window follows the pointer, so the pointer comes back to dragPosition, which therefore stays.
+        setPosition(position() + event->pos() - dragPosition);
+        return;
+    }
+    QQuickView::mouseMoveEvent(event);
+}
+
+void DraggableQuickView::mouseReleaseEvent(QMouseEvent *event)
+{
+    disableDragging();
+    QQuickView::mouseReleaseEvent(event);
+}

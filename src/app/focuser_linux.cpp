@@ -1,0 +1,21 @@
+#include "focuser.h"
+
+#include "draggablequickview.h"
+
+Focuser::Focuser(DraggableQuickView *w)
+    : m_view(w)
+{
+    Q_ASSERT(w);
+}
+
+void Focuser::show()
+{
+    m_view->show();
+    raise();
+}
+
+void Focuser::raise()
+{
+    m_view->requestActivate();
+    m_view->raise();
+}

@@ -1,0 +1,8 @@
+#include "cocoainitializer.h"
+
+class CocoaInitializer::Private
+{
+};
+
+CocoaInitializer::CocoaInitializer() = default;
+CocoaInitializer::~CocoaInitializer() = default;

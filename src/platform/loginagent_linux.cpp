@@ -1,0 +1,73 @@
+#include "loginagent.h"
+
+#include "propertylist.h"
+
+#include <QDir>
+#include <QFile>
+#include <QSaveFile>
+#include <QStandardPaths>
+
+namespace {
+
+/// The program as one quoted argument of the key Exec. The escapes come in layers: field codes, then the argument's
+/// quotes, then the string value as such, so that a backslash of the path becomes four.
+QString quotedProgram(const QString &program)
+{
+    QString argument;
+    for (const QChar c : program) {
+        if (c == QLatin1Char('%'))
+            argument += c;
+        else if (QStringLiteral("\"`$\\").contains(c))
+            argument += QLatin1Char('\\');
+        argument += c;
+    }
+    argument.replace(QLatin1Char('\\'), QLatin1String("\\\\"));
+    argument.replace(QLatin1Char('\n'), QLatin1String("\\n"));
+    argument.replace(QLatin1Char('\t'), QLatin1String("\\t"));
+    argument.replace(QLatin1Char('\r'), QLatin1String("\\r"));
+    return QLatin1Char('"') + argument + QLatin1Char('"');
+}
+
+QByteArray autostartEntry(const QString &program, bool on)
+{
+    QByteArray entry = "[Desktop Entry]\n"
+                       "Type=Application\n"
+                       "Name=Vesk Tandry\n";
+    entry += "Exec=" + quotedProgram(program).toUtf8() + " startup\n";
+    entry += "Terminal=false\n";
+    entry += on ? "Hidden=false\n" : "Hidden=true\n";
+    entry += on ? "X-GNOME-Autostart-enabled=true\n" : "X-GNOME-Autostart-enabled=false\n";
+    return entry;
+}
+
+}
+
+QSettings::Format LoginAgent::listFormat()
+{
+    static const QSettings::Format format = QSettings::registerFormat(
+        QStringLiteral("plist"), PropertyList::read, PropertyList::write, Qt::CaseSensitive);
+    return format;
+}
+
+QVariant LoginAgent::storedValue(QSettings &list, const QString &key)
+{
+    // Not through the settings object: it takes a file of the same size and time stamp for unchanged, and would
+    // answer with values that it could not write.
+    QFile file(list.fileName());
+    QSettings::SettingsMap values;
+    if (!file.open(QIODevice::ReadOnly) || !PropertyList::read(file, values))
+        return QVariant();
+    return values.value(key);
+}
+
+void LoginAgent::followList(const QString &program, bool on)
+{
+    const QDir folder(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)
+                      + QLatin1String("/autostart"));
+    folder.mkpath(QStringLiteral("."));
+    QSaveFile file(folder.filePath(QStringLiteral("com.olmeric.vesktandry.desktop")));
+    if (!file.open(QIODevice::WriteOnly))
+        return;
+    file.write(autostartEntry(program, on));
+    file.commit();
+}

@@ -1,0 +1,17 @@
+#include "loginagent.h"
+
+QSettings::Format LoginAgent::listFormat()
+{
+    return QSettings::NativeFormat; // a property list, since the file's name ends in ".plist"
+}
+
+QVariant LoginAgent::storedValue(QSettings &list, const QString &key)
+{
+    list.sync();
+    return list.value(key);
+}
+
+void LoginAgent::followList(const QString &, bool)
+{
+    // launchd reads the list itself.
+}

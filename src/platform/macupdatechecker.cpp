@@ -1,0 +1,42 @@
+#include "macupdatechecker.h"
+
+#include "buildsettings.h"
+#include "macautoupdater.h"
+
+#include <QTimer>
+
+namespace {
+
+constexpr int checkIntervalMs = 86400000; // a day
+
+QString feedAddress()
+{
+    // Kept: plain http; what is downloaded is verified by its signature.
+    return QLatin1String("http://") + QString::fromUtf8(BuildSettings::updateHost)
+        + QLatin1String("/widget_vesk/tandry/mac/appcast.xml");
+}
+
+}
+
+MacUpdateChecker::MacUpdateChecker(QObject *parent)
+    : QObject(parent)
+{
+    autoUpdater = new MacAutoUpdater(feedAddress());
+    autoUpdater->checkForUpdates();
+
+    updateTimer = new QTimer;
+    updateTimer->setInterval(checkIntervalMs);
+    connect(updateTimer, SIGNAL(timeout()), this, SLOT(checkForUpdate()));
+    updateTimer->start();
+}
+
+MacUpdateChecker::~MacUpdateChecker()
+{
+    delete updateTimer;
+    delete autoUpdater;
+}
+
+void MacUpdateChecker::checkForUpdate()
+{
+    autoUpdater->checkForUpdates();
+}
