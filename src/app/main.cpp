@@ -1,0 +1,41 @@
+#include "qtsingleapplication.h"
+#include "widgetservice.h"
+
+#include "cocoainitializer.h"
+#include "draggablequickview.h"
+#include "macupdatechecker.h"
+#include "prepareprocess.h"
+
+#include <QStringList>
+
+namespace {
+constexpr int handOverTimeoutMs = 5000;
+}
+
+int main(int argc, char *argv[])
+{
+    prepareProcess();
+
+    CocoaInitializer cocoaInitializer;
+    QtSingleApplication application(argc, argv, true);
+    // Before the instance test on purpose: a start that only hands over asks for updates, too.
+    MacUpdateChecker updateChecker(nullptr);
+
+    if (application.isRunning()) {
+        application.sendMessage(QStringLiteral("activate"), handOverTimeoutMs);
+        return 0;
+    }
+
+    const QStringList arguments = application.arguments();
+    const bool startedAtLogin = arguments.size() > 1 && arguments.at(1) == QLatin1String("startup");
+
+    WidgetService service(nullptr);
+    if (!startedAtLogin) {
+        service.show();
+    }
+    application.setActivationWindow(service.getView(), true);
+    QObject::connect(&service, SIGNAL(quit()), &application, SLOT(quit()));
+    QObject::connect(&application, SIGNAL(activateWindow()), &service, SLOT(show()));
+
+    return application.exec();
+}

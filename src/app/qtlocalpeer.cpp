@@ -1,0 +1,151 @@
+#include "qtlocalpeer.h"
+
+#include "messagereader.h"
+
+#include <QCoreApplication>
+#include <QDataStream>
+#include <QDir>
+#include <QLocalServer>
+#include <QLocalSocket>
+#include <QRegularExpression>
+
+#include <cerrno>
+#include <memory>
+
+#include <time.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr int prefixLength = 6;
+constexpr int connectAttempts = 2;
+constexpr long retryPauseMs = 250;
+constexpr int acknowledgeWaitMs = 1000;
+constexpr int disconnectWaitMs = 1000;
+
+QString nameFor(const QString &identifier, QString prefix)
+{
+    prefix.remove(QRegularExpression(QStringLiteral("[^a-zA-Z]")));
+    prefix.truncate(prefixLength);
+
+    const QByteArray bytes = identifier.toUtf8();
+    const quint16 checksum = qChecksum(bytes.constData(), uint(bytes.size()));
+    return QStringLiteral("qtsingleapp-%1-%2-%3")
+        .arg(prefix, QString::number(checksum, 16), QString::number(::getuid(), 16));
+}
+
+void pause(long milliseconds)
+{
+    timespec left = {milliseconds / 1000, (milliseconds % 1000) * 1000000};
+    while (::nanosleep(&left, &left) == -1 && errno == EINTR) { }
+}
+
+} // namespace
+
+QtLocalPeer::QtLocalPeer(QObject *parent, const QString &applicationId)
+    : QObject(parent)
+    , identifier(applicationId)
+{
+    QString prefix = identifier;
+    if (identifier.isEmpty()) {
+        identifier = QCoreApplication::applicationFilePath();
+        prefix = identifier.section(QLatin1Char('/'), -1);
+    }
+    serverName = nameFor(identifier, prefix);
+
+    localServer = new QLocalServer(this);
+    Q_ASSERT_X(localServer, "QtLocalPeer", "localServer");
+
+    instanceLock.setFileName(QDir(QDir::tempPath()).absolutePath() + QLatin1Char('/') + serverName
+                             + QLatin1String("-lockfile"));
+    instanceLock.open(QIODevice::ReadWrite);
+}
+
+QtLocalPeer::~QtLocalPeer()
+{
+    // While the lock is still held: closing removes the socket file, which a moment later may be the next instance's.
+    localServer->close();
+}
+
+bool QtLocalPeer::isClient()
+{
+    if (instanceLock.isLocked())
+        return false;
+    if (!instanceLock.lock(QtLP_Private::QtLockedFile::LockWrite, false))
+        return true;
+
+    if (!listen())
+        qWarning("QtSingleCoreApplication: listen on local socket failed, %s", qPrintable(localServer->errorString()));
+    connect(localServer, SIGNAL(newConnection()), this, SLOT(receiveConnection()));
+    return false;
+}
+
+bool QtLocalPeer::sendMessage(const QString &message, int timeoutMs)
+{
+    if (!isClient())
+        return false;
+
+    QLocalSocket socket;
+    if (!connectToFirst(socket, timeoutMs))
+        return false;
+
+    const QByteArray bytes = message.toUtf8();
+    QDataStream(&socket).writeBytes(bytes.constData(), uint(bytes.size()));
+
+    return socket.waitForBytesWritten(timeoutMs) && socket.waitForReadyRead(timeoutMs)
+        && QLatin1String(socket.read(ack.size())) == ack;
+}
+
+QString QtLocalPeer::applicationId() const
+{
+    return identifier;
+}
+
+void QtLocalPeer::receiveConnection()
+{
+    std::unique_ptr<QLocalSocket> socket(localServer->nextPendingConnection());
+    if (!socket)
+        return;
+
+    MessageReader reader(*socket);
+    if (!reader.receive()) {
+        qWarning("QtLocalPeer: Message reception failed %s", qPrintable(socket->errorString()));
+        return;
+    }
+
+    const QString message = reader.message();
+    socket->write(ack.data(), ack.size());
+    socket->waitForBytesWritten(acknowledgeWaitMs);
+    // The sender leaves once it has read the acknowledgement; one that has left already has nothing to wait for.
+    if (socket->state() != QLocalSocket::UnconnectedState)
+        socket->waitForDisconnected(disconnectWaitMs);
+    // Gone before the signal, so that whatever it starts runs with no connection open.
+    socket.reset();
+    emit messageReceived(message);
+}
+
+bool QtLocalPeer::connectToFirst(QLocalSocket &socket, int timeoutMs) const
+{
+    for (int attempt = 1; attempt <= connectAttempts; ++attempt) {
+        socket.connectToServer(serverName);
+        if (socket.waitForConnected(timeoutMs / connectAttempts))
+            return true;
+        socket.abort();
+        // An instance that is just starting holds the lock a moment before it listens.
+        if (attempt < connectAttempts)
+            pause(retryPauseMs);
+    }
+    return false;
+}
+
+bool QtLocalPeer::listen()
+{
+    if (localServer->listen(serverName))
+        return true;
+    if (localServer->serverError() != QAbstractSocket::AddressInUseError)
+        return false;
+
+    // We hold the lock, so the socket was left behind by an instance that crashed.
+    QFile::remove(QDir::cleanPath(QDir::tempPath()) + QLatin1Char('/') + serverName);
+    return localServer->listen(serverName);
+}
