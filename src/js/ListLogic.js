@@ -1,0 +1,61 @@
+// Fills and edits the patient list. Runs in the scope of the document that imports it: its `model`, `root`,
+// `checkboxAll` and `Bdd`.
+
+/// Reads the number of waiting patients into the root's `number`.
+function init() {
+    Bdd.getWaitingNumber(function (row) {
+        root.number = row.count;
+    });
+}
+
+/// Shows all patients.
+function showAll() {
+    model.clear();
+    Bdd.select("", show);
+}
+
+/// Shows the waiting patients.
+function showWaiting() {
+    model.clear();
+    Bdd.selectWaiting(show);
+}
+
+function show(patients) {
+    var i;
+
+    for (i = 0; i < patients.length; ++i) {
+        patients[i].checked = false;
+    }
+    model.append(patients);
+    root.printModel = patients;
+    checkAll(checkboxAll.checked);
+}
+
+/// Deletes the ticked patients, without a question, and tells the world; also when none is ticked.
+function deleteChecked() {
+    var ids = [];
+    var i;
+
+    for (i = 0; i < model.count; ++i) {
+        if (model.get(i).checked) {
+            ids.push(model.get(i).id);
+        }
+    }
+    Bdd.removeList(ids);
+    root.needRefresh();
+    root.removedPatients(ids);
+}
+
+/// Ticks or unticks every row.
+function checkAll(state) {
+    var i;
+
+    for (i = 0; i < model.count; ++i) {
+        checkIt(i, state);
+    }
+}
+
+/// Ticks or unticks the row at that index.
+function checkIt(index, state) {
+    model.setProperty(index, "checked", state);
+}
