@@ -1,0 +1,106 @@
+import QtQuick 2.2
+import "base"
+import "../js/AutocompleteLogic.js" as AutocompleteLogic
+import "../js/Bdd.js" as Bdd
+
+// The search bar: what is typed fills `model` with the matching patients.
+Rectangle {
+    id: root
+
+    property string placeholder
+    property alias model: model
+    property alias text: field.text
+    readonly property bool active: text !== ""
+    readonly property bool hasResults: model.count > 0 && active
+
+    signal changed
+    signal clicked
+    signal resultsWanted
+    signal firstResultWanted
+
+    /// Gives the keyboard to the field.
+    function focus() {
+        field.forceActiveFocus();
+    }
+
+    /// Empties the field and gives it the keyboard.
+    function reset() {
+        field.text = "";
+        focus();
+    }
+
+    function search() {
+        AutocompleteLogic.filter(text);
+        changed();
+    }
+
+    color: Palette.searchBar
+    height: Metrics.barHeight
+
+    onTextChanged: search()
+    Component.onCompleted: Bdd.init()
+
+    ListModel {
+        id: model
+    }
+
+    Rectangle {
+        id: magnifier
+
+        color: Palette.searchButton
+        height: parent.height
+        width: height
+
+        Image {
+            anchors.centerIn: parent
+            opacity: magnifierArea.containsMouse ? 1 : 0.6
+            source: "../images/loop.png"
+        }
+
+        Clickable {
+            id: magnifierArea
+
+            anchors.fill: parent
+            focusColor: Palette.focusOnDark
+            name: qsTr("Rechercher")
+
+            onTriggered: root.changed()
+        }
+    }
+
+    InputField {
+        id: field
+
+        anchors {
+            left: magnifier.right
+            leftMargin: 12
+            right: cancel.left
+            verticalCenter: parent.verticalCenter
+        }
+        name: qsTr("Rechercher un patient")
+        placeholderColor: Palette.searchPlaceholder
+        placeholderText: root.placeholder
+
+        Keys.onDownPressed: root.resultsWanted()
+        Keys.onEnterPressed: root.firstResultWanted()
+        Keys.onReturnPressed: root.firstResultWanted()
+    }
+
+    Clickable {
+        id: cancel
+
+        anchors.right: parent.right
+        focusColor: Palette.focusOnDark
+        height: parent.height
+        name: qsTr("Effacer la recherche")
+        width: 40
+
+        onTriggered: root.reset()
+
+        Image {
+            anchors.centerIn: parent
+            opacity: cancel.containsMouse ? 1 : 0.33
+            source: "../images/cross.png"
+        }
+    }
+}

@@ -1,0 +1,69 @@
+import QtQuick 2.2
+import "base"
+
+// The name bar of the patient editor: back, the name, the gender.
+Rectangle {
+    id: root
+
+    property alias name: field.text
+    property bool genderMale: true
+
+    signal reset
+
+    /// Gives the keyboard to the name.
+    function focus() {
+        field.forceActiveFocus();
+    }
+
+    color: Palette.nameBar
+    height: Metrics.barHeight
+
+    ImageButton {
+        id: back
+
+        height: parent.height
+        hoveredOpacity: 1
+        idleOpacity: 0.5
+        image: "../images/back.png"
+        name: qsTr("Retour")
+        pressedOpacity: 0.8
+        // Kept: the practice reads leaving the file as keeping it, although nothing is saved here.
+        tooltip: qsTr("Enregistrer")
+        width: height
+
+        onClicked: root.reset()
+    }
+
+    InputField {
+        id: field
+
+        anchors {
+            left: back.right
+            right: gender.left
+            verticalCenter: parent.verticalCenter
+        }
+        bold: true
+        name: qsTr("Nom du patient")
+        placeholderColor: Palette.namePlaceholder
+        placeholderText: qsTr("NOM Prénom")
+        selectedTextColor: Palette.nameBar
+    }
+
+    Clickable {
+        id: gender
+
+        anchors.right: parent.right
+        focusColor: Palette.focusOnDark
+        height: parent.height
+        name: root.genderMale ? qsTr("Sexe : homme") : qsTr("Sexe : femme")
+        width: height
+
+        onTriggered: root.genderMale = !root.genderMale
+
+        Image {
+            anchors.centerIn: parent
+            opacity: gender.containsMouse ? 0.6 : 1
+            source: root.genderMale ? "../images/male-big.png" : "../images/female-big.png"
+        }
+    }
+}

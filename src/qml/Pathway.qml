@@ -1,0 +1,184 @@
+import QtQuick 2.2
+import QtQuick.Controls 1.1
+import "base"
+import "../js/Bdd.js" as Bdd
+
+// The five questions of the pathway and its two gates.
+Column {
+    id: root
+
+    property bool asking: false
+    // The gates stay as they are from one patient to the next, on purpose: closed, they wait for a click.
+    property bool stepPassed: true
+    property bool step2Passed: true
+    readonly property int internalHeight: firstMargin.height + testQuestion.internalHeight
+                                          + rdv1Question.internalHeight + gate1.internalHeight
+                                          + confirmationQuestion.internalHeight + rdv2Question.internalHeight
+                                          + gate2.internalHeight + rdv3Question.internalHeight
+    // In order; the step's key is the name of its flag, too.
+    readonly property var steps: [
+        { key: "test", date: "test_date", question: testQuestion },
+        { key: "rdv1", date: "date1", question: rdv1Question },
+        { key: "confirmation", date: "confirmation_date", question: confirmationQuestion },
+        { key: "rdv2", date: "date2", question: rdv2Question },
+        { key: "rdv3", date: "date3", question: rdv3Question }
+    ]
+
+    /// The answer to the step of that key has changed.
+    signal answered(string key)
+
+    /// Unfolds the first question.
+    function unfoldFirst() {
+        testQuestion.checked = true;
+    }
+
+    /// Shows the answers of a patient record.
+    function display(record) {
+        var i;
+
+        for (i = 0; i < steps.length; ++i) {
+            displayStep(steps[i].question, record[steps[i].key], record[steps[i].date] || "");
+        }
+    }
+
+    function displayStep(question, flag, date) {
+        question.date = date;
+        if (date === "") {
+            question.yes.checked = false;
+            question.no.checked = false;
+        } else if (flag === 0) {
+            question.no.checked = true;
+        } else {
+            question.yes.checked = true;
+        }
+    }
+
+    /// Puts the answers, as flags and dates, into the data of a patient.
+    function collect(data) {
+        var i;
+
+        for (i = 0; i < steps.length; ++i) {
+            data[steps[i].key] = steps[i].question.yes.checked;
+            data[steps[i].date] = steps[i].question.date;
+        }
+    }
+
+    /// Dates the answer to the step of key q, throws every later answer away and returns q, or "" for an old answer.
+    function takeAnswer(q) {
+        var answered = "";
+        var passed = false;
+        var i;
+
+        for (i = 0; i < steps.length; ++i) {
+            if (passed) {
+                steps[i].question.date = "";
+                steps[i].question.changed = false;
+            } else if (steps[i].key === q) {
+                passed = true;
+                if (steps[i].question.changed) {
+                    steps[i].question.date = Bdd.formatDate(new Date());
+                    steps[i].question.changed = false;
+                    answered = q;
+                }
+            }
+        }
+        return answered;
+    }
+
+    function moveGates(q) {
+        if (q === "test" || q === "rdv1") {
+            stepPassed = q === "test" && testQuestion.yes.checked;
+        }
+        if (q !== "rdv3") {
+            step2Passed = false;
+        }
+    }
+
+    width: Metrics.widgetWidth
+
+    ExclusiveGroup {
+        id: unfolded
+    }
+
+    Item {
+        id: firstMargin
+
+        height: testQuestion.displayed ? 1 : 0
+        width: parent.width
+    }
+
+    Question {
+        id: testQuestion
+
+        checked: true
+        displayed: root.asking
+        exclusiveGroup: unfolded
+        text: qsTr("Avez-vous pratiqué des tests cutanés sur le patient ?")
+
+        onSaveIt: root.answered("test")
+    }
+
+    Question {
+        id: rdv1Question
+
+        displayed: testQuestion.displayed && testQuestion.no.checked
+        exclusiveGroup: unfolded
+        text: qsTr("Le patient souhaite-t-il prendre rdv pour son bilan allergologique ?")
+
+        onDisplayedChanged: if (displayed) checked = true
+        onSaveIt: root.answered("rdv1")
+    }
+
+    StepButton {
+        id: gate1
+
+        displayed: root.asking && !root.stepPassed && rdv1Question.yes.checked
+        text: qsTr("Si vous avez les résultats du bilan,<br/>cliquez ici")
+
+        onClicked: root.stepPassed = true
+    }
+
+    Question {
+        id: confirmationQuestion
+
+        displayed: root.asking && root.stepPassed
+                   && (rdv1Question.displayed && rdv1Question.yes.checked
+                       || testQuestion.displayed && testQuestion.yes.checked)
+        exclusiveGroup: unfolded
+        text: qsTr("Confirmation de l'allergie au pollen de graminés ?")
+
+        onDisplayedChanged: if (displayed) checked = true
+        onSaveIt: root.answered("confirmation")
+    }
+
+    Question {
+        id: rdv2Question
+
+        displayed: root.asking && confirmationQuestion.displayed && confirmationQuestion.yes.checked
+        exclusiveGroup: unfolded
+        text: qsTr("Le patient souhaite-t-il prendre rdv pour la première prise au cabinet ?")
+
+        onDisplayedChanged: if (displayed) checked = true
+        onSaveIt: root.answered("rdv2")
+    }
+
+    StepButton {
+        id: gate2
+
+        displayed: root.asking && !root.step2Passed && rdv2Question.yes.checked
+        text: qsTr("Si la 1<sup>ère</sup> prise au cabinet a été effectuée,<br/>cliquez ici")
+
+        onClicked: root.step2Passed = true
+    }
+
+    Question {
+        id: rdv3Question
+
+        displayed: root.asking && root.step2Passed && rdv2Question.displayed && rdv2Question.yes.checked
+        exclusiveGroup: unfolded
+        text: qsTr("Le patient souhaite-t-il prendre rdv pour son bilan de fin de saison ?")
+
+        onDisplayedChanged: if (displayed) checked = true
+        onSaveIt: root.answered("rdv3")
+    }
+}

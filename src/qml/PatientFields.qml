@@ -1,0 +1,144 @@
+import QtQuick 2.2
+import "base"
+
+// The top block of the editor: phone, first appointment and, once something is edited, the two buttons.
+Rectangle {
+    id: root
+
+    property string patientId
+    property string patientName
+    property alias phone: phoneField.text
+    property alias firstAppointment: firstAppointmentText.text
+    property alias validateDisabled: validate.disabled
+    property bool editing: false
+    readonly property int internalHeight: editing ? 138 : 100
+    readonly property bool deleteMode: patientId !== "" && patientName === ""
+
+    signal validated
+    signal canceled
+
+    clip: true
+    color: Palette.editorBlock
+    height: internalHeight
+    width: Metrics.widgetWidth
+
+    Behavior on height {
+        SmoothedAnimation {
+            duration: Metrics.unfoldDuration
+            easing.type: Easing.InOutQuad
+            velocity: -1
+        }
+    }
+
+    Image {
+        id: phoneIcon
+
+        anchors {
+            horizontalCenter: parent.left
+            horizontalCenterOffset: 22
+            verticalCenter: phoneLabel.verticalCenter
+        }
+        source: "../images/phone.png"
+    }
+
+    WidgetText {
+        id: phoneLabel
+
+        color: Palette.editorLabel
+        height: 40
+        points: 10
+        text: qsTr("Téléphone :")
+        verticalAlignment: Text.AlignVCenter
+        x: 42
+    }
+
+    InputField {
+        id: phoneField
+
+        anchors {
+            left: phoneLabel.right
+            leftMargin: 8
+            right: parent.right
+            rightMargin: 10
+            verticalCenter: phoneLabel.verticalCenter
+        }
+        bold: true
+        color: Palette.editorText
+        maximumLength: 14
+        name: qsTr("Téléphone")
+        placeholderColor: Palette.editorPlaceholder
+        placeholderText: qsTr("06...")
+        points: 11
+        selectedTextColor: Palette.white
+        selectionColor: Palette.searchBar
+    }
+
+    Image {
+        anchors {
+            horizontalCenter: parent.left
+            horizontalCenterOffset: 22
+            verticalCenter: firstAppointmentLabel.bottom
+        }
+        source: "../images/calendar.png"
+    }
+
+    WidgetText {
+        id: firstAppointmentLabel
+
+        anchors {
+            left: phoneLabel.left
+            bottom: firstAppointmentText.top
+        }
+        color: Palette.editorLabel
+        points: 10
+        text: qsTr("Date du 1<sup>er</sup> rendez-vous :")
+        textFormat: Text.RichText
+    }
+
+    WidgetText {
+        id: firstAppointmentText
+
+        anchors {
+            left: phoneLabel.left
+            top: parent.top
+            topMargin: 100 - 11 - height
+        }
+        color: Palette.editorText
+        font.bold: true
+        points: 11
+
+        Accessible.name: qsTr("Date du 1er rendez-vous : %1").arg(text)
+        Accessible.role: Accessible.StaticText
+    }
+
+    Row {
+        anchors {
+            top: firstAppointmentText.bottom
+            topMargin: 11
+        }
+        visible: root.editing
+
+        ActionButton {
+            id: validate
+
+            backgroundColor: root.deleteMode ? Palette.remove : Palette.save
+            // Holds until the editor first sets it, on purpose: from then on the editor alone decides.
+            disabled: root.patientId === "" && root.patientName === ""
+            hoveredBackgroundColor: root.deleteMode ? Palette.removeHovered : Palette.saveHovered
+            image: root.deleteMode ? "../images/no-white.png" : "../images/yes-white.png"
+            text: root.deleteMode ? qsTr("Supprimer") : qsTr("Enregistrer")
+            width: Math.ceil(root.width / 2)
+
+            onClicked: root.validated()
+        }
+        ActionButton {
+            backgroundColor: Palette.cancel
+            hoveredBackgroundColor: Palette.cancelHovered
+            text: qsTr("Annuler")
+            textBold: false
+            width: Math.floor(root.width / 2)
+
+            onClicked: root.canceled()
+        }
+    }
+}

@@ -1,0 +1,175 @@
+import QtQuick 2.2
+import QtQuick.Controls 1.1
+import "base"
+
+// One step of the pathway: a question that unfolds to its two answers.
+Item {
+    id: root
+
+    property string text
+    property alias yes: yesBox
+    property alias no: noBox
+    property bool changed: false
+    property string date
+    property bool checked: false
+    property ExclusiveGroup exclusiveGroup
+    property bool displayed: true
+    readonly property int internalHeight: !displayed ? 0 : checked ? 100 : 60
+
+    signal saveIt
+
+    function answer() {
+        changed = true;
+        saveIt();
+    }
+
+    clip: true
+    visible: height > 0
+    width: Metrics.widgetWidth
+
+    onExclusiveGroupChanged: if (exclusiveGroup) exclusiveGroup.bindCheckable(root)
+
+    ExclusiveGroup {
+        id: answers
+    }
+
+    Item {
+        id: topRow
+
+        height: 40
+        width: parent.width
+        y: 10
+
+        Rectangle {
+            color: Palette.questionBar
+            height: parent.height
+            width: 4
+        }
+
+        WidgetText {
+            anchors {
+                left: parent.left
+                leftMargin: 14
+                right: shortAnswer.left
+                rightMargin: 6
+                verticalCenter: parent.verticalCenter
+            }
+            color: Palette.questionText
+            text: root.text
+            textFormat: Text.RichText
+            wrapMode: Text.WordWrap
+        }
+
+        WidgetText {
+            id: shortAnswer
+
+            anchors {
+                right: chevron.left
+                rightMargin: 8
+                verticalCenter: parent.verticalCenter
+            }
+            color: yesBox.checked ? Palette.shortYes : Palette.shortNo
+            font.bold: true
+            points: 11
+            text: yesBox.checked ? qsTr("Oui") : noBox.checked ? qsTr("Non") : ""
+        }
+
+        Image {
+            id: chevron
+
+            anchors {
+                right: parent.right
+                rightMargin: 14
+                verticalCenter: parent.verticalCenter
+            }
+            source: "../images/next.png"
+        }
+
+        Clickable {
+            anchors.fill: parent
+            name: shortAnswer.text === "" ? root.text : root.text + " " + shortAnswer.text
+
+            onTriggered: root.checked = !root.checked
+        }
+    }
+
+    Row {
+        anchors {
+            left: parent.left
+            leftMargin: 30
+            top: topRow.bottom
+        }
+        height: 40
+        spacing: 30
+        // Folded away, the answers are out of the keyboard's reach too.
+        visible: root.height > 60
+
+        AnswerBox {
+            id: yesBox
+
+            anchors.verticalCenter: parent.verticalCenter
+            exclusiveGroup: answers
+            text: qsTr("Oui")
+            tickColor: Palette.tickYes
+
+            onCheckedChanged: root.answer()
+        }
+        AnswerBox {
+            id: noBox
+
+            anchors.verticalCenter: parent.verticalCenter
+            exclusiveGroup: answers
+            text: qsTr("Non")
+            tickColor: Palette.tickNo
+
+            onCheckedChanged: root.answer()
+        }
+    }
+
+    states: [
+        State {
+            name: "missing"
+            when: !root.displayed
+
+            PropertyChanges {
+                target: root
+                height: 0
+            }
+        },
+        State {
+            name: "base"
+            when: !root.checked
+
+            PropertyChanges {
+                target: root
+                height: 60
+            }
+        },
+        State {
+            name: "buttons"
+            when: root.checked
+
+            PropertyChanges {
+                target: root
+                height: 100
+            }
+            PropertyChanges {
+                target: chevron
+                rotation: 90
+            }
+            PropertyChanges {
+                target: shortAnswer
+                opacity: 0
+            }
+        }
+    ]
+
+    transitions: Transition {
+        SmoothedAnimation {
+            duration: Metrics.unfoldDuration
+            easing.type: Easing.InOutQuad
+            properties: "height,rotation,opacity"
+            velocity: -1
+        }
+    }
+}

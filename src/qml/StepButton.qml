@@ -1,0 +1,44 @@
+import QtQuick 2.2
+import "base"
+
+// A gate of the pathway: what must have happened before the next question is asked.
+Item {
+    id: root
+
+    property bool displayed: true
+    property string text: qsTr("Si la consultation continue,<br/>cliquez ici")
+    readonly property int internalHeight: displayed ? Metrics.buttonHeight : 0
+
+    signal clicked
+
+    clip: true
+    height: internalHeight
+    visible: height > 0
+    width: Metrics.widgetWidth
+
+    Behavior on height {
+        NumberAnimation {
+            duration: 200
+        }
+    }
+
+    WidgetText {
+        anchors.centerIn: parent
+        color: Palette.editorLabel
+        font.bold: true
+        horizontalAlignment: Text.AlignHCenter
+        opacity: clickable.containsMouse ? 0.7 : 1
+        text: root.text
+        textFormat: Text.RichText
+    }
+
+    Clickable {
+        id: clickable
+
+        anchors.fill: parent
+        enabled: root.displayed
+        name: root.text.replace("<br/>", " ").replace(/<[^>]*>/g, "")
+
+        onTriggered: root.clicked()
+    }
+}

@@ -1,0 +1,12 @@
+import QtQuick 2.2
+
+// Shows which control the keyboard speaks to.
+Rectangle {
+    anchors.fill: parent
+    border.color: Palette.focusOnLight
+    border.width: 2
+    color: Palette.transparent
+    radius: 2
+    visible: parent.activeFocus
+    z: 1
+}

@@ -1,0 +1,36 @@
+import QtQuick 2.2
+import QtQuick.Controls 1.1
+import QtQuick.Controls.Styles 1.1
+
+// A line of text without a frame of its own. A placeholder is no name, so each field is given one.
+TextField {
+    id: root
+
+    property string name
+    property real points: 10
+    property bool bold: false
+    property color color: Palette.white
+    property color placeholderColor: Palette.white
+    property color selectionColor: Palette.white
+    property color selectedTextColor: Palette.searchBar
+
+    style: TextFieldStyle {
+        background: Item {}
+        font {
+            bold: root.bold
+            family: Metrics.fontFamily
+            pointSize: root.points * point_factor
+        }
+        padding {
+            left: 0
+            right: 0
+        }
+        placeholderTextColor: root.placeholderColor
+        renderType: Text.NativeRendering
+        selectedTextColor: root.selectedTextColor
+        selectionColor: root.selectionColor
+        textColor: root.color
+    }
+
+    Accessible.name: root.name
+}

@@ -1,0 +1,31 @@
+import QtQuick 2.2
+import QtQuick.Controls 1.1
+import QtQuick.Controls.Styles 1.1
+
+// A scroll view with a thin bar that is always there and has no arrows.
+ScrollView {
+    style: ScrollViewStyle {
+        decrementControl: null
+        handle: Rectangle {
+            color: Palette.scrollHandle
+            implicitHeight: 4
+            implicitWidth: 4
+
+            Rectangle {
+                anchors.centerIn: parent
+                color: Palette.scrollHandleMark
+                height: 2
+                width: 2
+            }
+        }
+        handleOverlap: 1
+        incrementControl: null
+        minimumHandleLength: 0
+        scrollBarBackground: Rectangle {
+            color: Palette.scrollGroove
+            implicitHeight: 4
+            implicitWidth: 4
+        }
+        transientScrollBars: false
+    }
+}

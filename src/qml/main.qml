@@ -1,0 +1,267 @@
+import QtQuick 2.2
+import "base"
+import "../js/Bdd.js" as Bdd
+
+// The main widget: search, results and the patient editor that slides in from the right.
+Rectangle {
+    id: root
+
+    property int number: 0
+    property int total: 0
+    property int internalHeight: container.internalHeight
+
+    signal openContact
+    signal openList
+    signal close
+    signal hide
+    signal openAbout
+    signal enableDragging
+    signal needRefresh
+    signal ready
+    signal autorun(bool autorun)
+
+    /// Reads the number of waiting patients and of all patients.
+    function refresh() {
+        Bdd.getWaitingNumber(function (row) {
+            number = row.count;
+        });
+        Bdd.getNumber(function (row) {
+            total = row.count;
+        });
+    }
+
+    /// Leaves the editor when the patient in it is among the deleted ones.
+    function removedPatients(list) {
+        var i;
+
+        if (list === null) {
+            return;
+        }
+        for (i = 0; i < list.length; ++i) {
+            // Loosely: an id comes as a number or as text.
+            if (list[i] == detail.currentId) {
+                leaveEditor();
+                return;
+            }
+        }
+    }
+
+    /// Opens the patient of that id in the editor.
+    function openPatient(iid) {
+        openEditor(iid, "");
+    }
+
+    /// Sets the tick of "Lancer au démarrage".
+    function setAutorun(autorun) {
+        container.launchOnStart = autorun;
+    }
+
+    function openEditor(id, name) {
+        detail.load(id, name);
+        state = "open";
+        nameStatus.focus();
+    }
+
+    function leaveEditor() {
+        detail.reset();
+        autocomplete.reset();
+        state = "close";
+        autocomplete.focus();
+    }
+
+    /// Grows at once, and shrinks only when the frame inside has finished its animation.
+    function followFrame() {
+        shrinkTimer.stop();
+        if (internalHeight < height) {
+            shrinkTimer.start();
+        } else {
+            height = internalHeight;
+        }
+    }
+
+    function openMenuByKey(event) {
+        if (event.key === Qt.Key_Menu || event.key === Qt.Key_F10 && event.modifiers & Qt.ShiftModifier) {
+            container.openContextMenu();
+            event.accepted = true;
+        }
+    }
+
+    color: Palette.transparent
+    height: 174
+    width: Metrics.widgetWidth
+
+    onHeightChanged: console.log(height)
+    onInternalHeightChanged: followFrame()
+    Component.onCompleted: {
+        Bdd.init(refresh);
+        readyTimer.start();
+        autocomplete.focus();
+    }
+    Keys.onPressed: openMenuByKey(event)
+
+    Timer {
+        id: readyTimer
+
+        interval: 2000
+
+        onTriggered: root.ready()
+    }
+
+    Timer {
+        id: shrinkTimer
+
+        interval: 1000
+
+        onTriggered: root.height = root.internalHeight
+    }
+
+    Container {
+        id: container
+
+        internalContentHeight: detail.height
+        internalContentInternalHeight: detail.internalHeight
+        internalState: root.state === "open" ? "detail" : autocomplete.hasResults ? "results" : "base"
+        title: qsTr("Tandry")
+
+        onAbout: root.openAbout()
+        onClose: root.close()
+        onEnableDragging: root.enableDragging()
+        onHide: root.hide()
+        onLaunchOnStartChanged: root.autorun(launchOnStart)
+        onOpenContact: root.openContact()
+        onOpenList: root.openList()
+
+        Autocomplete {
+            id: autocomplete
+
+            placeholder: qsTr("NOM Prénom")
+            visible: root.state !== "open" || opacity > 0
+            width: parent.width
+            z: 1
+
+            onChanged: root.state = "close"
+            onFirstResultWanted: results.selectFirst()
+            onResultsWanted: hasResults ? results.focusFirst() : createLink.focusLink()
+        }
+
+        NameStatus {
+            id: nameStatus
+
+            opacity: 0
+            visible: root.state === "open" || opacity > 0
+            width: parent.width
+
+            onReset: root.leaveEditor()
+        }
+
+        Item {
+            id: listPane
+
+            anchors {
+                bottom: parent.bottom
+                left: parent.left
+                top: autocomplete.bottom
+            }
+            visible: root.state !== "open" || anchors.leftMargin > -width
+            width: Metrics.widgetWidth
+
+            PatientsItem {
+                id: createLink
+
+                alwaysBold: true
+                image: "../images/add.png"
+                text: autocomplete.active ? qsTr("Créer la fiche patient") : qsTr("Nouvelle fiche patient")
+                width: parent.width
+
+                onClicked: root.openEditor("", autocomplete.text)
+            }
+
+            PatientsResults {
+                id: results
+
+                anchors {
+                    bottom: waitingLink.top
+                    left: parent.left
+                    right: parent.right
+                    top: createLink.bottom
+                }
+                model: autocomplete.model
+                opacity: autocomplete.hasResults ? 1 : 0
+                visible: opacity > 0
+
+                Behavior on opacity {
+                    NumberAnimation {
+                        duration: 500
+                        easing.type: Easing.InOutQuad
+                    }
+                }
+
+                onSelected: root.openEditor(id, name)
+            }
+
+            PatientsItem {
+                id: waitingLink
+
+                alwaysBold: true
+                anchors {
+                    bottom: parent.bottom
+                    bottomMargin: -2
+                }
+                image: "../images/tab-button.png"
+                number: root.number
+                text: qsTr("Liste des patients en attente")
+                width: parent.width
+
+                onClicked: root.openList()
+            }
+        }
+
+        Detail {
+            id: detail
+
+            anchors {
+                left: listPane.right
+                top: autocomplete.bottom
+            }
+            externalGenderMale: nameStatus.genderMale
+            externalName: nameStatus.name
+            nameStatus: nameStatus
+            visible: root.state === "open" || listPane.anchors.leftMargin < 0
+
+            onCanceled: root.leaveEditor()
+            onNeedRefresh: root.needRefresh()
+        }
+    }
+
+    states: [
+        State {
+            name: "close"
+        },
+        State {
+            name: "open"
+
+            PropertyChanges {
+                target: listPane.anchors
+                leftMargin: -root.width
+            }
+            PropertyChanges {
+                target: autocomplete
+                opacity: 0
+                z: 0
+            }
+            PropertyChanges {
+                target: nameStatus
+                opacity: 1
+                z: 1
+            }
+        }
+    ]
+
+    transitions: Transition {
+        NumberAnimation {
+            duration: Metrics.slideDuration
+            easing.type: Easing.InOutQuad
+            properties: "leftMargin,opacity"
+        }
+    }
+}
