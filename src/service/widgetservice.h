@@ -1,0 +1,106 @@
+#pragma once
+
+#include <QDate>
+#include <QMap>
+#include <QObject>
+#include <QStringList>
+#include <QSystemTrayIcon>
+#include <QVariant>
+
+class Autorun;
+class DraggableQuickView;
+class QNetworkAccessManager;
+class QSettings;
+class QTimer;
+class QWidget;
+
+/// The one controller of the program: owns the settings, the three windows, the tray icon and the timers, and lets the
+/// documents talk to each other. It never opens the patient database; the documents do.
+///
+/// One source file per chapter: windows (widgetservice_views), tray and refresh cycle (widgetservice_tray), printing
+/// (widgetservice_printing), usage statistics (widgetservice_statistics), construction and preferences (widgetservice).
+class WidgetService : public QObject
+{
+    Q_OBJECT
+    Q_DISABLE_COPY(WidgetService)
+
+public:
+    explicit WidgetService(QObject *parent);
+    ~WidgetService() override;
+
+    /// The main widget's window; lives until the process ends.
+    DraggableQuickView *getView() const;
+
+signals:
+    void quit();
+    void autorunChanged(QVariant value);
+
+public slots:
+    // The order of the slots is part of the interface: they are reached by index, too.
+    /// Shows or hides the main widget on a click; hides the popups.
+    void trayActivated(QSystemTrayIcon::ActivationReason reason);
+    void openContact();
+    void closeContact();
+    void openList();
+    void openAbout();
+    void closeList();
+    /// Shows the main widget: at its default place the first time or when it has left the screen, else where it is.
+    void show();
+    void hide();
+    /// Shows the main widget wherever it is and opens the patient of that id in its editor.
+    void openPatient(QString iid);
+    /// Lets both patient documents read the database again and brings the tray icon up to date.
+    void refreshViews();
+    /// Tells the main document which patients have just been deleted.
+    void removedPatients(QVariant list);
+    /// The hourly tick: announces waiting patients, refreshes on a new day.
+    void autoRefresh();
+    /// Paints the number of waiting patients on the tray icon and stores both counts.
+    void refreshIcon();
+    void firstRefresh();
+    /// Quits, after asking unless the user wished not to be asked.
+    void closeIntent();
+    void dontAskBeforeQuit(bool value);
+    /// Switches launch at login; tells the main document when that changed anything.
+    void setAutorun(bool value);
+    void toggleView();
+    /// Prints a list of patient rows, in a dialog titled with the list's title. Nothing when `list` is no list.
+    void requestPrint(QString title, QVariant list);
+    /// Posts the usage counters; whatever becomes of the post is ignored.
+    void sendDataToServer();
+
+private:
+    void identifyInstallation();
+    void recordOperatingSystem();
+    void createTrayIcon();
+    void startRefreshTimer();
+    void createViews();
+    DraggableQuickView *createView(bool onTop, const QString &document);
+    void connectDocuments();
+    void startStatistics();
+    void incrementCounter(const QString &key);
+
+    void compileMessage();
+    QIcon badgedIcon(const QIcon &icon, int count) const;
+
+    QString report(const QString &title, const QVariantList &rows);
+    QString reportRow(const QVariant &row);
+    QStringList getDataFromMap(QMap<QString, QVariant> &map);
+
+    QByteArray statisticsBody() const;
+
+    // The views, the tray icon, the dialog parent and the statistics timer live until the process ends.
+    DraggableQuickView *view;
+    DraggableQuickView *contactView;
+    DraggableQuickView *listView;
+    QSystemTrayIcon *trayIcon;
+    QTimer *refreshTimer;
+    QDate lastRefreshDate;
+    QWidget *dialogParent;
+    bool firstShow;
+    QSettings *settings;
+    Autorun *m_autorun;
+    QNetworkAccessManager *networkManager;
+    qint32 lastNotifiedCount;
+    QTimer *statisticsTimer;
+};

@@ -1,0 +1,153 @@
+#include "widgetservice.h"
+
+#include <QDateTime>
+#include <QDebug>
+#include <QJSValue>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QTextDocument>
+
+namespace {
+
+constexpr int fontPixelSize = 8;
+
+/// A column of the report: the head of the column, and what it means.
+struct Column
+{
+    QString shortLabel;
+    QString longLabel;
+};
+
+// Who the patient is needs no explanation in the legend.
+constexpr int firstExplainedColumn = 3;
+
+/// An array of a document may arrive as a script value inside the variant.
+QVariant plainVariant(const QVariant &value)
+{
+    return value.userType() == qMetaTypeId<QJSValue>() ? value.value<QJSValue>().toVariant() : value;
+}
+
+bool isGiven(const QMap<QString, QVariant> &map, const char *date)
+{
+    return !map.value(QLatin1String(date)).toString().isEmpty();
+}
+
+/// Here any value above 0 is a yes, on purpose; the list on the screen wants exactly 1.
+bool isYes(const QMap<QString, QVariant> &map, const char *flag)
+{
+    return map.value(QLatin1String(flag)).toDouble() > 0;
+}
+
+} // namespace
+
+void WidgetService::requestPrint(QString title, QVariant list)
+{
+    const QVariant rows = plainVariant(list);
+    if (!rows.canConvert<QVariantList>()) {
+        return;
+    }
+
+    const QString html = report(title, rows.toList());
+    QPrinter printer(QPrinter::ScreenResolution);
+    QTextDocument document;
+    QFont font = document.defaultFont();
+    font.setPixelSize(fontPixelSize);
+    document.setDefaultFont(font);
+    document.setHtml(html);
+
+    QPrintDialog dialog(&printer);
+    dialog.setWindowTitle(title);
+    if (dialog.exec() == QDialog::Accepted) {
+        document.print(&printer);
+        incrementCounter(QStringLiteral("PrinterCounter"));
+    }
+}
+
+/// The report's markup. Its faults are kept: practices have sheets laid out by it. Values are inserted as they are.
+QString WidgetService::report(const QString &title, const QVariantList &rows)
+{
+    const QList<Column> columns {
+        {tr("Nom du patient"), tr("Nom du patient")},
+        {tr("Date 1er RDV"), tr("Date 1er RDV")},
+        {tr("Téléphone"), tr("Téléphone")},
+        {tr("Tests"), tr("Tests cutanés")},
+        {tr("Bilan 1"), tr("RDV bilan allergologique")},
+        {tr("Allergie"), tr("Allergie confirmée")},
+        {tr("Prise"), tr("RDV 1ère prise")},
+        {tr("Bilan 2"), tr("RDV bilan fin de saison")},
+    };
+    QString html = QStringLiteral("<head><title>") + title
+        + QStringLiteral("<title></head><body style=\"width: 100%;\"><h1 align=center>Vesk Tandry</h1>"
+                         "<h2 align=center>")
+        + title
+        + QStringLiteral("</h2><br/><table width=\"100%\" border=\"1\" cellspacing=\"0\" cellpadding=\"4\" "
+                         "style=\"border-style: solid; border-color: #7a7a7a;\"><thead>"
+                         "<tr style=\"background-color: '#DADADA'\">");
+
+    for (const Column &column : columns) {
+        html += QStringLiteral("<th align=center style=\"vertical-align: center;\"><b>") + column.shortLabel
+            + QStringLiteral("</b></th>");
+    }
+    html += QStringLiteral("</tr></thead><tbody>");
+    for (const QVariant &row : rows) {
+        html += reportRow(row);
+    }
+    html += QStringLiteral("</tbody></table><br/><br/><p><ul style=\"list-style: none;\">");
+    for (int i = firstExplainedColumn; i < columns.size(); ++i) {
+        html += QStringLiteral("<li>") + columns.at(i).shortLabel + QStringLiteral(" : <i>")
+            + columns.at(i).longLabel + QStringLiteral("</i></li>");
+    }
+    return html + QStringLiteral("</ul></br><p align=center>Imprimé le ")
+        + QDateTime::currentDateTime().toString(QStringLiteral("dddd d MMMM yyyy à h:mm"))
+        + QStringLiteral("</p></body>");
+}
+
+QString WidgetService::reportRow(const QVariant &row)
+{
+    qDebug() << "userType:" << row.userType();
+
+    QMap<QString, QVariant> map = row.toMap();
+    QString html = QStringLiteral("<tr><td style=\"vertical-align: center;\">")
+        + map.value(QStringLiteral("name")).toString()
+        + QStringLiteral("</td><td align=center style=\"vertical-align: center;\">")
+        + map.value(QStringLiteral("created_format")).toString()
+        + QStringLiteral("</td><td style=\"vertical-align: center;\">")
+        + map.value(QStringLiteral("phone")).toString() + QStringLiteral("</td>");
+
+    const QStringList cells = getDataFromMap(map);
+    for (const QString &cell : cells) {
+        html += QStringLiteral("<td align=center style=\"vertical-align: center;\">") + cell
+            + QStringLiteral("</td>");
+    }
+    return html + QStringLiteral("</tr>");
+}
+
+/// The five step cells of a row. After the first step that is open or refused the cells stay empty, whatever answers
+/// the row holds for them: the sheet shows the pathway, the list on the screen shows all answers. Both are meant.
+QStringList WidgetService::getDataFromMap(QMap<QString, QVariant> &map)
+{
+    enum Cell { SkinTests, WorkUp, Allergy, FirstIntake, Review, CellCount };
+    const QString yes = tr("Oui");
+    const QString no = tr("Non");
+    const QString pending = QStringLiteral("?");
+    QStringList cells;
+    cells.reserve(CellCount);
+    for (int i = 0; i < CellCount; ++i) {
+        cells.append(QString());
+    }
+    // Fills one cell; true when the pathway goes on behind it.
+    const auto fill = [&](Cell cell, const char *date, const char *flag) {
+        cells[cell] = !isGiven(map, date) ? pending : isYes(map, flag) ? yes : no;
+        return cells[cell] == yes;
+    };
+
+    if (fill(SkinTests, "test_date", "test")) {
+        cells[WorkUp] = QStringLiteral("-");
+    } else if (cells[SkinTests] == pending || !fill(WorkUp, "date1", "rdv1")) {
+        return cells;
+    }
+    if (fill(Allergy, "confirmation_date", "confirmation") && fill(FirstIntake, "date2", "rdv2")) {
+        fill(Review, "date3", "rdv3");
+    }
+    return cells;
+}

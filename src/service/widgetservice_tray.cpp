@@ -1,0 +1,120 @@
+#include "widgetservice.h"
+
+#include "draggablequickview.h"
+
+#include <QDebug>
+#include <QPainter>
+#include <QQuickItem>
+#include <QSettings>
+
+namespace {
+
+constexpr int messageDurationMs = 50000;
+constexpr int largestBadgeNumber = 99;
+
+// The badge fills the lower right of the tray picture. Its text may be larger than the badge: kept as it is drawn.
+constexpr int iconSize = 128;
+constexpr int badgeSize = 90;
+constexpr int badgePosition = 38;
+constexpr int badgePointSize = 70;
+constexpr int badgeFontWeight = 10;
+
+} // namespace
+
+void WidgetService::trayActivated(QSystemTrayIcon::ActivationReason reason)
+{
+    if (reason != QSystemTrayIcon::Trigger && reason != QSystemTrayIcon::DoubleClick) {
+        return;
+    }
+    listView->hide();
+    contactView->hide();
+    toggleView();
+}
+
+void WidgetService::firstRefresh()
+{
+    compileMessage();
+    refreshIcon();
+}
+
+void WidgetService::autoRefresh()
+{
+    compileMessage();
+    // The day of the month alone tells a new day: ticks are an hour apart.
+    if (lastRefreshDate.day() != QDate::currentDate().day()) {
+        refreshViews();
+    }
+}
+
+void WidgetService::refreshViews()
+{
+    lastRefreshDate = QDate::currentDate();
+    QMetaObject::invokeMethod(view->rootObject(), "refresh");
+    QMetaObject::invokeMethod(listView->rootObject(), "refresh");
+    refreshIcon();
+}
+
+/// Announces the waiting patients. An unchanged count is passed over once and announced again the next time, on
+/// purpose: while patients keep waiting, the hourly tick repeats the message every two hours.
+void WidgetService::compileMessage()
+{
+    bool converted = false;
+    const int count = view->rootObject()->property("number").toInt(&converted);
+
+    if (!converted || count < 1 || count == lastNotifiedCount) {
+        lastNotifiedCount = 0;
+        return;
+    }
+    lastNotifiedCount = count;
+    if (!QSystemTrayIcon::supportsMessages()) {
+        return;
+    }
+    const QString text = count < 2 ? tr("Vous avez %n patient en attente", "Waiting patients", count)
+                                   : tr("Vous avez %n patients en attente", "Waiting patients", count);
+    trayIcon->showMessage(tr("Tandry"), text, QSystemTrayIcon::Information, messageDurationMs);
+}
+
+void WidgetService::refreshIcon()
+{
+    qDebug() << "Refreshing icon.";
+
+    QIcon icon(QStringLiteral(":/images/tray.png"));
+    // One flag for both: the second reading decides, on purpose.
+    bool converted = false;
+    const int number = view->rootObject()->property("number").toInt(&converted);
+    const int total = view->rootObject()->property("total").toInt(&converted);
+
+    settings->setValue(QStringLiteral("PatientsWaitingCounter"), number);
+    settings->setValue(QStringLiteral("PatientsCounter"), total);
+
+    if (converted && number >= 1) {
+        qDebug() << "icon" << number;
+        icon = badgedIcon(icon, number);
+    } else {
+        qDebug() << "icon 0.";
+    }
+    trayIcon->setIcon(icon);
+}
+
+QIcon WidgetService::badgedIcon(const QIcon &icon, int count) const
+{
+    QString text = QString::number(qMin(count, largestBadgeNumber));
+    if (count > largestBadgeNumber) {
+        text += QLatin1Char('+');
+    }
+
+    QPixmap picture = icon.pixmap(icon.actualSize(QSize(iconSize, iconSize)));
+    QImage badge = QImage(QStringLiteral(":/images/counter-big.png"))
+                       .scaled(badgeSize, badgeSize, Qt::IgnoreAspectRatio, Qt::FastTransformation);
+
+    QPainter badgePainter(&badge);
+    badgePainter.setFont(QFont(QStringLiteral("Arial"), badgePointSize, badgeFontWeight, false));
+    badgePainter.setPen(Qt::white);
+    badgePainter.drawText(badge.rect(), Qt::AlignCenter, text);
+    badgePainter.end();
+
+    QPainter picturePainter(&picture);
+    picturePainter.drawImage(badgePosition, badgePosition, badge);
+    picturePainter.end();
+    return QIcon(picture);
+}
