@@ -23,11 +23,7 @@ Rectangle {
     width: Metrics.widgetWidth
 
     Behavior on height {
-        SmoothedAnimation {
-            duration: Metrics.unfoldDuration
-            easing.type: Easing.InOutQuad
-            velocity: -1
-        }
+        Unfolding {}
     }
 
     Image {

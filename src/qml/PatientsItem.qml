@@ -91,7 +91,11 @@ Item {
     Clickable {
         id: clickable
 
-        anchors.fill: background
+        anchors {
+            fill: background
+            // The pane is two pixels wider than what the frame shows of it.
+            rightMargin: 2
+        }
         name: root.number > 0 ? root.text + " (" + root.number + ")" : root.text
 
         onTriggered: root.clicked()

@@ -29,6 +29,10 @@ Item {
 
     onExclusiveGroupChanged: if (exclusiveGroup) exclusiveGroup.bindCheckable(root)
 
+    Behavior on height {
+        Unfolding {}
+    }
+
     ExclusiveGroup {
         id: answers
     }
@@ -72,6 +76,10 @@ Item {
             font.bold: true
             points: 11
             text: yesBox.checked ? qsTr("Oui") : noBox.checked ? qsTr("Non") : ""
+
+            Behavior on opacity {
+                Unfolding {}
+            }
         }
 
         Image {
@@ -83,6 +91,10 @@ Item {
                 verticalCenter: parent.verticalCenter
             }
             source: "../images/next.png"
+
+            Behavior on rotation {
+                Unfolding {}
+            }
         }
 
         Clickable {
@@ -163,13 +175,4 @@ Item {
             }
         }
     ]
-
-    transitions: Transition {
-        SmoothedAnimation {
-            duration: Metrics.unfoldDuration
-            easing.type: Easing.InOutQuad
-            properties: "height,rotation,opacity"
-            velocity: -1
-        }
-    }
 }

@@ -1,0 +1,8 @@
+import QtQuick 2.2
+
+// How the parts of the editor unfold and fold.
+SmoothedAnimation {
+    duration: Metrics.unfoldDuration
+    easing.type: Easing.InOutQuad
+    velocity: -1
+}
