@@ -212,6 +212,9 @@ void WidgetService::closeIntent()
     QMessageBox box;
     auto *checkBox = new QCheckBox(tr("Ne plus me demander"));
     box.setIconPixmap(QIcon(QStringLiteral(":/images/tray.png")).pixmap(64));
+    box.setWindowTitle(tr("Vesk Tandry"));
+    // Or the widget, which stays on top, would cover the question.
+    box.setWindowFlag(Qt::WindowStaysOnTopHint);
     box.setText(tr("Fermeture de Tandry"));
     box.setInformativeText(tr("Etes-vous sur de vouloir fermer le widget Tandry ?"));
     box.setCheckBox(checkBox);
