@@ -2,6 +2,7 @@
 # A host may carry a port ("localhost:8443").
 set(TANDRY_STATISTICS_HOST "statistics.olmeric.example" CACHE STRING "Host that receives the daily usage counters")
 set(TANDRY_UPDATE_HOST "updates.olmeric.example" CACHE STRING "Host of the software update feed")
+set(TANDRY_UPDATE_PUBLIC_KEY "" CACHE STRING "Public key (EdDSA, base 64) that updates are signed for; macOS")
 set(TANDRY_SMS_HOST "sms.olmeric.example" CACHE STRING "Host of the SMS service page")
 set(TANDRY_CONTACT_PHONE "01 99 00 00 00" CACHE STRING "Telephone number shown in the contact window")
 set(TANDRY_PHARMACOVIGILANCE_EMAIL "pharmacovigilance@olmeric.example" CACHE STRING "Pharmacovigilance e-mail address")
@@ -11,10 +12,13 @@ set(TANDRY_BRAND_SITE "www.vesk.example" CACHE STRING "Host name of the brand's 
 set(TANDRY_MAKER_LINE "Olmeric, 2026" CACHE STRING "Maker's name and year in the About box")
 
 set(TANDRY_BUILD_SETTINGS
-    STATISTICS_HOST UPDATE_HOST SMS_HOST CONTACT_PHONE PHARMACOVIGILANCE_EMAIL
+    STATISTICS_HOST UPDATE_HOST UPDATE_PUBLIC_KEY SMS_HOST CONTACT_PHONE PHARMACOVIGILANCE_EMAIL
     CUSTOMER_EMAIL INFORMATION_SITE BRAND_SITE MAKER_LINE)
 
 message(STATUS "Build-time settings:")
 foreach(setting IN LISTS TANDRY_BUILD_SETTINGS)
     message(STATUS "  TANDRY_${setting} = ${TANDRY_${setting}}")
 endforeach()
+
+# The transport exception of the macOS bundle names a domain, without a port.
+string(REGEX REPLACE ":[0-9]+$" "" TANDRY_UPDATE_DOMAIN "${TANDRY_UPDATE_HOST}")

@@ -1,0 +1,39 @@
+# What the package puts where, and what it needs. The program's libraries are found by the packaging tool; the modules
+# that only documents name are found by nobody and listed here.
+set(CMAKE_INSTALL_DOCDIR share/doc/vesk-tandry)
+include(GNUInstallDirs)
+
+set(application_id com.olmeric.vesktandry)
+set(linux_dir "${CMAKE_CURRENT_LIST_DIR}")
+
+install(TARGETS tandry RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
+install(FILES "${linux_dir}/${application_id}.desktop" DESTINATION "${CMAKE_INSTALL_DATADIR}/applications")
+install(FILES "${linux_dir}/${application_id}.metainfo.xml" DESTINATION "${CMAKE_INSTALL_DATADIR}/metainfo")
+install(FILES "${linux_dir}/tandry.1" DESTINATION "${CMAKE_INSTALL_MANDIR}/man1")
+install(FILES "${linux_dir}/copyright" "${PROJECT_SOURCE_DIR}/CHANGELOG.md" DESTINATION "${CMAKE_INSTALL_DOCDIR}")
+foreach(size IN ITEMS 16 22 24 32 48 64 128 256)
+    install(FILES "${linux_dir}/icons/${size}.png"
+        DESTINATION "${CMAKE_INSTALL_DATADIR}/icons/hicolor/${size}x${size}/apps" RENAME "${application_id}.png")
+endforeach()
+install(FILES "${PROJECT_SOURCE_DIR}/src/images/source/tray.svg"
+    DESTINATION "${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps" RENAME "${application_id}.svg")
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME vesk-tandry)
+set(CPACK_PACKAGE_VERSION "${PROJECT_VERSION}")
+set(CPACK_PACKAGE_VENDOR Olmeric)
+set(CPACK_PACKAGE_CONTACT "Olmeric <${TANDRY_CUSTOMER_EMAIL}>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Follow-up of patients in allergy desensitisation")
+set(CPACK_PACKAGE_DESCRIPTION
+    "A small always-available widget for a physician's practice: it follows patients through the five steps of the
+ desensitisation pathway and tells on which day each next needs attention.")
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_STRIP_FILES TRUE)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SECTION misc)
+set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_DEPENDS
+    "qml-module-qtquick2, qml-module-qtquick-controls, qml-module-qtquick-localstorage, libqt5sql5-sqlite, fonts-liberation | fonts-liberation2")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "xdg-utils, qtwayland5")
+include(CPack)

@@ -1,0 +1,21 @@
+# Makes the program a bundle that carries the update framework. packaging/macos/make-bundle does the rest: Qt's own
+# frameworks, signatures and the disk image.
+set(bundle_contents "$<TARGET_BUNDLE_CONTENT_DIR:tandry>")
+
+set_target_properties(tandry PROPERTIES
+    MACOSX_BUNDLE TRUE
+    MACOSX_BUNDLE_INFO_PLIST "${CMAKE_CURRENT_BINARY_DIR}/Info.plist"
+    BUILD_RPATH "@executable_path/../Frameworks"
+    INSTALL_RPATH "@executable_path/../Frameworks")
+
+find_library(TANDRY_SPARKLE_FRAMEWORK Sparkle REQUIRED)
+add_custom_command(TARGET tandry POST_BUILD
+    COMMAND ditto "${TANDRY_SPARKLE_FRAMEWORK}" "${bundle_contents}/Frameworks/Sparkle.framework"
+    COMMENT "Embedding the update framework")
+
+# The icon is made from the drawing of the tray picture by packaging/macos/make-icon and kept beside it.
+target_sources(tandry PRIVATE "${CMAKE_CURRENT_LIST_DIR}/tandry.icns")
+set_source_files_properties("${CMAKE_CURRENT_LIST_DIR}/tandry.icns"
+    TARGET_DIRECTORY tandry PROPERTIES MACOSX_PACKAGE_LOCATION Resources)
+
+install(TARGETS tandry BUNDLE DESTINATION .)
