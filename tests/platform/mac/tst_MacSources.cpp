@@ -1,0 +1,168 @@
+#include "buildsettings.h"
+#include "cocoainitializer.h"
+#include "draggablequickview.h"
+#include "focuser.h"
+#include "macautoupdater.h"
+#include "macrecorder.h"
+#include "macupdatechecker.h"
+#include "testhome.h"
+
+#include <QGuiApplication>
+#include <QtTest>
+
+// The linker leads the program's own calls of the two window functions here.
+extern "C" {
+void __real__ZN7QWindow15requestActivateEv(QWindow *window);
+void __wrap__ZN7QWindow15requestActivateEv(QWindow *window)
+{
+    MacRecorder::add("QWindow::requestActivate");
+    __real__ZN7QWindow15requestActivateEv(window);
+}
+void __real__ZN7QWindow5raiseEv(QWindow *window);
+void __wrap__ZN7QWindow5raiseEv(QWindow *window)
+{
+    MacRecorder::add("QWindow::raise");
+    __real__ZN7QWindow5raiseEv(window);
+}
+}
+
+/// The macOS sources, unchanged, run against another AppKit that listens.
+class tst_MacSources : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init() { MacRecorder::start(); }
+    void cleanup() { MacRecorder::take(); }
+
+    void cocoa_is_loaded_before_its_pool();
+    void the_pool_is_released_once_with_what_it_holds();
+    void the_updater_is_prepared_in_this_order();
+    void the_feed_address_is_handed_on_unchanged();
+    void a_malformed_address_hands_on_no_url();
+    void a_check_is_one_message();
+    void the_updater_is_released_as_often_as_retained();
+    void the_checker_checks_at_once_and_lets_go_at_its_end();
+    void showing_a_view_activates_the_program_first();
+    void the_focuser_raises_without_showing();
+};
+
+void tst_MacSources::cocoa_is_loaded_before_its_pool()
+{
+    const CocoaInitializer initializer;
+    QCOMPARE(MacRecorder::take(),
+             (QStringList{"NSApplicationLoad", "NSAutoreleasePool alloc", "NSAutoreleasePool init"}));
+}
+
+void tst_MacSources::the_pool_is_released_once_with_what_it_holds()
+{
+    {
+        const CocoaInitializer initializer;
+        MacRecorder::makePooledObject();
+        MacRecorder::start();
+    }
+    QCOMPARE(MacRecorder::take(), (QStringList{"NSAutoreleasePool release", "Pooled dealloc"}));
+}
+
+void tst_MacSources::the_updater_is_prepared_in_this_order()
+{
+    const MacAutoUpdater updater("http://localhost/feed.xml");
+    QCOMPARE(MacRecorder::take(), (QStringList{
+        "SUUpdater sharedUpdater",
+        "SUUpdater retain",
+        "NSString stringWithUTF8String: http://localhost/feed.xml",
+        "NSURL URLWithString: http://localhost/feed.xml",
+        "SUUpdater setFeedURL: http://localhost/feed.xml",
+        "SUUpdater setAutomaticallyDownloadsUpdates: YES",
+    }));
+}
+
+void tst_MacSources::the_feed_address_is_handed_on_unchanged()
+{
+    const QString address = QString::fromUtf8("http://h\xc3\xb4te/\xe2\x82\xac");
+    const MacAutoUpdater updater(address);
+    QVERIFY(MacRecorder::take().contains("NSString stringWithUTF8String: " + address));
+}
+
+void tst_MacSources::a_malformed_address_hands_on_no_url()
+{
+    const MacAutoUpdater updater("http://local host:port/");
+    QVERIFY(MacRecorder::take().contains("SUUpdater setFeedURL: nil"));
+}
+
+void tst_MacSources::a_check_is_one_message()
+{
+    MacAutoUpdater updater("http://localhost/feed.xml");
+    MacRecorder::start();
+    updater.checkForUpdates();
+    QCOMPARE(MacRecorder::take(), QStringList{"SUUpdater checkForUpdatesInBackground"});
+}
+
+void tst_MacSources::the_updater_is_released_as_often_as_retained()
+{
+    const unsigned before = MacRecorder::updaterOwners();
+    {
+        const MacAutoUpdater updater("http://localhost/feed.xml");
+        QCOMPARE(MacRecorder::updaterOwners(), before + 1);
+        MacRecorder::start();
+    }
+    QCOMPARE(MacRecorder::take(), QStringList{"SUUpdater release"});
+    QCOMPARE(MacRecorder::updaterOwners(), before);
+}
+
+void tst_MacSources::the_checker_checks_at_once_and_lets_go_at_its_end()
+{
+    const QString address = QString("http://%1/widget_vesk/tandry/mac/appcast.xml").arg(BuildSettings::updateHost);
+    {
+        MacUpdateChecker checker(nullptr);
+        checker.checkForUpdate();
+    }
+    QCOMPARE(MacRecorder::take(), (QStringList{
+        "SUUpdater sharedUpdater",
+        "SUUpdater retain",
+        "NSString stringWithUTF8String: " + address,
+        "NSURL URLWithString: " + address,
+        "SUUpdater setFeedURL: " + address,
+        "SUUpdater setAutomaticallyDownloadsUpdates: YES",
+        "SUUpdater checkForUpdatesInBackground",
+        "SUUpdater checkForUpdatesInBackground",
+        "SUUpdater release",
+    }));
+}
+
+void tst_MacSources::showing_a_view_activates_the_program_first()
+{
+    DraggableQuickView view(true);
+    view.show();
+    QCOMPARE(MacRecorder::take(), (QStringList{
+        "NSApplication sharedApplication",
+        "activateIgnoringOtherApps: YES to the shared application",
+        "QWindow::requestActivate",
+        "QWindow::raise",
+    }));
+    QVERIFY(view.isVisible());
+}
+
+void tst_MacSources::the_focuser_raises_without_showing()
+{
+    DraggableQuickView view(false);
+    Focuser(&view).raise();
+    QCOMPARE(MacRecorder::take(), (QStringList{
+        "NSApplication sharedApplication",
+        "activateIgnoringOtherApps: YES to the shared application",
+        "QWindow::requestActivate",
+        "QWindow::raise",
+    }));
+    QVERIFY(!view.isVisible());
+}
+
+int main(int argc, char **argv)
+{
+    const TestHome home;
+    QGuiApplication application(argc, argv);
+    MacRecorder::install();
+    tst_MacSources test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_MacSources.moc"

@@ -1,0 +1,164 @@
+#include "buildsettings.h"
+#include "macautoupdater.h"
+#include "macupdatechecker.h"
+#include "testhome.h"
+
+#include <QMetaMethod>
+#include <QPointer>
+#include <QTimer>
+#include <QtTest>
+
+namespace {
+
+QStringList traces;
+QList<QPointer<QTimer>> startedTimers;
+
+void keepTraces(QtMsgType type, const QMessageLogContext &, const QString &text)
+{
+    if (type == QtDebugMsg)
+        traces.append(text);
+}
+
+void tick(QTimer *timer)
+{
+    QTimerEvent event(timer->timerId());
+    QCoreApplication::sendEvent(timer, &event);
+}
+
+}
+
+// The linker leads the program's own calls of QTimer::start() here: the checker's timer is nobody's child, and so
+// cannot be found otherwise.
+extern "C" {
+void __real__ZN6QTimer5startEv(QTimer *timer);
+void __wrap__ZN6QTimer5startEv(QTimer *timer)
+{
+    startedTimers.append(timer);
+    __real__ZN6QTimer5startEv(timer);
+}
+}
+
+class tst_MacUpdateChecker : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void a_check_is_asked_for_at_construction();
+    void each_call_of_the_slot_asks_for_a_check();
+    void the_feed_is_plain_http_on_the_build_host();
+    void the_timer_repeats_every_24_hours();
+    void each_tick_asks_for_a_check();
+    void one_slot_is_all_it_shows();
+    void the_parent_is_the_one_given();
+    void the_timer_goes_with_the_checker();
+    void the_updater_alone_asks_for_nothing();
+
+private:
+    QtMessageHandler m_before = nullptr;
+};
+
+void tst_MacUpdateChecker::init()
+{
+    traces.clear();
+    startedTimers.clear();
+    m_before = qInstallMessageHandler(keepTraces);
+}
+
+void tst_MacUpdateChecker::cleanup()
+{
+    qInstallMessageHandler(m_before);
+}
+
+void tst_MacUpdateChecker::a_check_is_asked_for_at_construction()
+{
+    const MacUpdateChecker checker(nullptr);
+    QCOMPARE(traces.size(), 1);
+}
+
+void tst_MacUpdateChecker::each_call_of_the_slot_asks_for_a_check()
+{
+    MacUpdateChecker checker(nullptr);
+    QVERIFY(QMetaObject::invokeMethod(&checker, "checkForUpdate", Qt::DirectConnection));
+    QCOMPARE(traces.size(), 2);
+    checker.checkForUpdate();
+    QCOMPARE(traces.size(), 3);
+}
+
+void tst_MacUpdateChecker::the_feed_is_plain_http_on_the_build_host()
+{
+    const MacUpdateChecker checker(nullptr);
+    QCOMPARE(traces.size(), 1);
+    const QString address = QString("http://%1/widget_vesk/tandry/mac/appcast.xml").arg(BuildSettings::updateHost);
+    QVERIFY2(traces.first().contains(' ' + address + ';'), qPrintable(traces.first()));
+}
+
+void tst_MacUpdateChecker::the_timer_repeats_every_24_hours()
+{
+    const MacUpdateChecker checker(nullptr);
+    QCOMPARE(startedTimers.size(), 1);
+    const QTimer *timer = startedTimers.first();
+    QCOMPARE(timer->interval(), 86400000);
+    QVERIFY(!timer->isSingleShot());
+    QVERIFY(timer->isActive());
+    QVERIFY(!timer->parent());
+}
+
+void tst_MacUpdateChecker::each_tick_asks_for_a_check()
+{
+    const MacUpdateChecker checker(nullptr);
+    QCOMPARE(startedTimers.size(), 1);
+    tick(startedTimers.first());
+    QCOMPARE(traces.size(), 2);
+    tick(startedTimers.first());
+    QCOMPARE(traces.size(), 3);
+    QVERIFY(startedTimers.first()->isActive());
+}
+
+void tst_MacUpdateChecker::one_slot_is_all_it_shows()
+{
+    const QMetaObject &meta = MacUpdateChecker::staticMetaObject;
+    QCOMPARE(meta.methodCount() - meta.methodOffset(), 1);
+    QCOMPARE(meta.method(meta.methodOffset()).methodSignature(), QByteArray("checkForUpdate()"));
+    QCOMPARE(meta.method(meta.methodOffset()).methodType(), QMetaMethod::Slot);
+    QCOMPARE(meta.propertyCount(), meta.propertyOffset());
+}
+
+void tst_MacUpdateChecker::the_parent_is_the_one_given()
+{
+    QObject parent;
+    const auto *checker = new MacUpdateChecker(&parent);
+    QCOMPARE(checker->parent(), &parent);
+    QVERIFY(!MacUpdateChecker(nullptr).parent());
+}
+
+void tst_MacUpdateChecker::the_timer_goes_with_the_checker()
+{
+    {
+        const MacUpdateChecker checker(nullptr);
+        QCOMPARE(startedTimers.size(), 1);
+        QVERIFY(startedTimers.first());
+    }
+    QVERIFY(!startedTimers.first());
+}
+
+void tst_MacUpdateChecker::the_updater_alone_asks_for_nothing()
+{
+    MacAutoUpdater updater("http://localhost/feed.xml");
+    QVERIFY(traces.isEmpty());
+    updater.checkForUpdates();
+    QCOMPARE(traces.size(), 1);
+    QVERIFY2(traces.first().contains("http://localhost/feed.xml"), qPrintable(traces.first()));
+}
+
+int main(int argc, char **argv)
+{
+    const TestHome home;
+    QCoreApplication application(argc, argv);
+    tst_MacUpdateChecker test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_MacUpdateChecker.moc"
