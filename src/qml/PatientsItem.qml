@@ -35,7 +35,7 @@ Item {
 
             anchors {
                 horizontalCenter: parent.left
-                horizontalCenterOffset: 22
+                horizontalCenterOffset: 21
                 verticalCenter: parent.verticalCenter
             }
             source: root.image
@@ -46,9 +46,9 @@ Item {
 
             anchors {
                 left: parent.left
-                leftMargin: 42
+                leftMargin: 40
                 right: badge.visible ? badge.left : chevron.left
-                rightMargin: 8
+                rightMargin: 6
                 verticalCenter: parent.verticalCenter
             }
             elide: Text.ElideRight
@@ -62,7 +62,7 @@ Item {
 
             anchors {
                 right: chevron.left
-                rightMargin: 8
+                rightMargin: 6
                 verticalCenter: parent.verticalCenter
             }
             source: "../images/counter-tiny.png"
@@ -82,7 +82,7 @@ Item {
 
             anchors {
                 right: parent.right
-                rightMargin: 12
+                rightMargin: 10
                 verticalCenter: parent.verticalCenter
             }
         }
