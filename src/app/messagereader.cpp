@@ -31,7 +31,8 @@ bool MessageReader::receive()
 
 QString MessageReader::message() const
 {
-    return QString::fromUtf8(received);
+    // With its size: without it the text would end at the first zero byte.
+    return QString::fromUtf8(received.constData(), received.size());
 }
 
 bool MessageReader::receiveLength()

@@ -114,14 +114,26 @@ void QtLocalPeer::receiveConnection()
     }
 
     const QString message = reader.message();
-    socket->write(ack.data(), ack.size());
-    socket->waitForBytesWritten(acknowledgeWaitMs);
-    // The sender leaves once it has read the acknowledgement; one that has left already has nothing to wait for.
-    if (socket->state() != QLocalSocket::UnconnectedState)
-        socket->waitForDisconnected(disconnectWaitMs);
+    acknowledge(*socket);
     // Gone before the signal, so that whatever it starts runs with no connection open.
     socket.reset();
     emit messageReceived(message);
+}
+
+void QtLocalPeer::acknowledge(QLocalSocket &socket)
+{
+    // Each step is left out once the sender is gone: Qt would only complain of it in the log.
+    const auto isConnected = [&socket] { return socket.state() == QLocalSocket::ConnectedState; };
+    if (isConnected()) {
+        socket.write(ack.data(), ack.size());
+        // At once: the wait looks at what comes in first, and takes a sender that only listens by now for gone.
+        socket.flush();
+    }
+    if (isConnected())
+        socket.waitForBytesWritten(acknowledgeWaitMs);
+    // The sender leaves once it has read the acknowledgement.
+    if (isConnected())
+        socket.waitForDisconnected(disconnectWaitMs);
 }
 
 bool QtLocalPeer::connectToFirst(QLocalSocket &socket, int timeoutMs) const

@@ -41,6 +41,7 @@ private slots:
 private:
     static constexpr QLatin1String ack{"ack", 3};
 
+    static void acknowledge(QLocalSocket &socket);
     bool connectToFirst(QLocalSocket &socket, int timeoutMs) const;
     bool listen();
 

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QDir>
+#include <QString>
+
+#include <unistd.h>
+
+/// The 16-bit checksum of ISO 3309 bit by bit, as its text describes it, for paths that are only known at run time.
+inline quint16 checksumBitByBit(const QByteArray &bytes)
+{
+    unsigned crc = 0xffff;
+    for (const char byte : bytes) {
+        crc ^= static_cast<unsigned char>(byte);
+        for (int bit = 0; bit < 8; ++bit)
+            crc = (crc & 1) ? (crc >> 1) ^ 0x8408 : crc >> 1;
+    }
+    return quint16(~crc);
+}
+
+/// Where an instance listens, from the two middle pieces of the name.
+inline QString socketPath(const QString &prefixAndChecksum, uint user = ::getuid())
+{
+    return QDir::tempPath() + "/qtsingleapp-" + prefixAndChecksum + '-' + QString::number(user, 16);
+}
+
+/// Where a program at `path` listens, given the letters that its file name begins with.
+inline QString socketPathFor(const QString &path, const QString &prefix, uint user = ::getuid())
+{
+    return socketPath(prefix + '-' + QString::number(checksumBitByBit(path.toUtf8()), 16), user);
+}

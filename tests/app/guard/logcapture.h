@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QStringList>
+
+/// Collects what goes to the Qt message log while it lives.
+class LogCapture
+{
+    Q_DISABLE_COPY(LogCapture)
+
+public:
+    LogCapture()
+    {
+        lines().clear();
+        previous = qInstallMessageHandler([](QtMsgType type, const QMessageLogContext &, const QString &text) {
+            lines() << (type == QtWarningMsg ? "warning: " : "other: ") + text;
+        });
+    }
+    ~LogCapture() { qInstallMessageHandler(previous); }
+
+    static QStringList &lines()
+    {
+        static QStringList collected;
+        return collected;
+    }
+
+private:
+    QtMessageHandler previous;
+};

@@ -1,0 +1,122 @@
+// Moments that no test could hit by waiting. Two calls of the system are replaced here, so that things happen exactly
+// within them: the pause between two attempts to connect, and the removal of a file.
+
+#include "qtlocalpeer.h"
+
+#include "guard/guardnames.h"
+#include "guard/probe.h"
+#include "guard/rawpeer.h"
+#include "testhome.h"
+
+#include <QtTest>
+
+#include <functional>
+
+#include <fcntl.h>
+#include <time.h>
+#include <unistd.h>
+
+static QList<qint64> pausesMs;
+static std::function<void()> duringPause;
+static std::function<void(const QByteArray &)> beforeRemoval;
+
+extern "C" int nanosleep(const timespec *length, timespec *)
+{
+    pausesMs << qint64(length->tv_sec) * 1000 + length->tv_nsec / 1000000;
+    if (duringPause)
+        duringPause();
+    return 0;
+}
+
+extern "C" int unlink(const char *path) noexcept
+{
+    if (beforeRemoval)
+        beforeRemoval(path);
+    return ::unlinkat(AT_FDCWD, path, 0);
+}
+
+class tst_GuardMoments : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init()
+    {
+        pausesMs.clear();
+        duringPause = nullptr;
+        beforeRemoval = nullptr;
+        QFile::remove(socket());
+    }
+
+    void second_attempt_finds_who_began_to_listen_meanwhile();
+    void there_is_no_third_attempt();
+    void there_is_no_pause_when_the_first_attempt_connects();
+    void ending_instance_removes_its_socket_while_it_holds_the_lock();
+
+private:
+    static QString id() { return QString("com.olmeric.vesktandry"); }
+    static QString socket() { return socketPath("comolm-ba14"); }
+    static QStringList holdingTheLock() { return {"--lock", socket() + "-lockfile", "write", "try"}; }
+};
+
+void tst_GuardMoments::second_attempt_finds_who_began_to_listen_meanwhile()
+{
+    Probe holder(holdingTheLock());
+    QVERIFY(holder.says("locked"));
+    RawListener listener;
+    duringPause = [&] { listener.listen(socket()); };
+    QtLocalPeer second(nullptr, id());
+    QVERIFY(!second.sendMessage("activate", 100));
+    QCOMPARE(pausesMs, QList<qint64>{250});
+    RawPeer connection = listener.accept(0);
+    QCOMPARE(connection.receive(100), QByteArray::fromHex("000000086163746976617465"));
+}
+
+void tst_GuardMoments::there_is_no_third_attempt()
+{
+    Probe holder(holdingTheLock());
+    QVERIFY(holder.says("locked"));
+    QtLocalPeer second(nullptr, id());
+    QVERIFY(!second.sendMessage("activate", 100));
+    QCOMPARE(pausesMs, QList<qint64>{250});
+}
+
+void tst_GuardMoments::there_is_no_pause_when_the_first_attempt_connects()
+{
+    Probe first({"--core", "--id", id()});
+    QVERIFY(first.says("first"));
+    QtLocalPeer second(nullptr, id());
+    QVERIFY(second.sendMessage("activate", 5000));
+    QCOMPARE(pausesMs, QList<qint64>());
+}
+
+// Or it would remove the socket of the next instance, which may have come between.
+void tst_GuardMoments::ending_instance_removes_its_socket_while_it_holds_the_lock()
+{
+    bool removed = false;
+    bool held = false;
+    {
+        QtLocalPeer first(nullptr, id());
+        QVERIFY(!first.isClient());
+        beforeRemoval = [&](const QByteArray &path) {
+            if (path != QFile::encodeName(socket()))
+                return;
+            removed = true;
+            Probe other(holdingTheLock());
+            held = other.says("refused");
+        };
+    }
+    beforeRemoval = nullptr;
+    QVERIFY(removed);
+    QVERIFY(held);
+}
+
+int main(int argc, char **argv)
+{
+    const TestHome home;
+    QCoreApplication application(argc, argv);
+    tst_GuardMoments test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_GuardMoments.moc"
