@@ -1,7 +1,8 @@
 import QtQuick 2.2
 import "base"
+import "../js/BuildSettings.js" as BuildSettings
 
-// The contact popup.
+// The contact popup: the brand's telephone, addresses and web sites.
 Rectangle {
     id: root
 
@@ -18,5 +19,76 @@ Rectangle {
 
         onClose: root.closeContact()
         onEnableDragging: root.enableDragging()
+
+        WidgetText {
+            id: pageTitle
+
+            anchors {
+                horizontalCenter: parent.horizontalCenter
+                top: parent.top
+                topMargin: 20
+            }
+            color: Palette.contactHeading
+            font.bold: true
+            points: 25
+            text: qsTr("Contacts VESK")
+
+            Accessible.name: text
+            Accessible.role: Accessible.StaticText
+        }
+
+        Column {
+            anchors {
+                left: parent.left
+                leftMargin: 20
+                right: parent.right
+                rightMargin: 20
+                top: pageTitle.bottom
+                topMargin: 45
+            }
+            spacing: 20
+
+            ContactSection {
+                heading: qsTr("Pharmacovigilance")
+                height: 70
+                width: parent.width
+
+                ContactText {
+                    text: BuildSettings.contactPhone
+                }
+                ContactText {
+                    text: BuildSettings.pharmacovigilanceEmail
+                }
+            }
+            ContactSection {
+                heading: qsTr("Service client")
+                height: 80
+                width: parent.width
+
+                ContactText {
+                    font.bold: false
+                    points: 9
+                    text: qsTr("Du lundi au vendredi de 8h30 à 18h00 et le samedi de 9h00 à 12h00")
+                }
+                ContactText {
+                    text: BuildSettings.contactPhone
+                }
+                ContactText {
+                    text: BuildSettings.customerEmail
+                }
+            }
+            ContactSection {
+                heading: qsTr("Sites internet")
+                height: 70
+                width: parent.width
+
+                SiteLink {
+                    site: BuildSettings.informationSite
+                }
+                SiteLink {
+                    site: BuildSettings.brandSite
+                }
+            }
+        }
     }
 }

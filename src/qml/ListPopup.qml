@@ -1,12 +1,16 @@
 import QtQuick 2.2
+import QtQuick.Controls 1.1
 import "base"
+import "../js/Bdd.js" as Bdd
+import "../js/ListLogic.js" as ListLogic
 
-// The patient list popup.
+// The patient list popup: the waiting patients or all of them, to be opened, ticked, deleted and printed.
 Rectangle {
     id: root
 
     property int number: 0
     property var printModel: ({})
+    readonly property bool waitingShown: waitingTab.checked
 
     signal closeList
     signal openPatient(string id)
@@ -15,12 +19,46 @@ Rectangle {
     signal removedPatients(variant list)
     signal requestPrint(string title, variant list)
 
+    /// Reads the waiting number and the patients of the current tab again.
     function refresh() {
+        ListLogic.init();
+        patientTable.reload(showTab);
+    }
+
+    function showTab() {
+        if (waitingShown) {
+            ListLogic.showWaiting();
+        } else {
+            ListLogic.showAll();
+        }
+    }
+
+    function openTab(show) {
+        show();
+        patientTable.showTop();
+    }
+
+    /// Prints every patient of the current tab, ticked or not.
+    function printTab() {
+        requestPrint(waitingShown ? qsTr("Liste des patients en attente") : qsTr("Liste de tous les patients"), printModel);
     }
 
     color: Palette.transparent
     height: 650
     width: 800
+
+    Component.onCompleted: {
+        Bdd.init(ListLogic.init);
+        ListLogic.showWaiting();
+    }
+
+    PatientTableModel {
+        id: model
+    }
+
+    ExclusiveGroup {
+        id: tabs
+    }
 
     PopupContainer {
         anchors.fill: parent
@@ -29,5 +67,91 @@ Rectangle {
 
         onClose: root.closeList()
         onEnableDragging: root.enableDragging()
+
+        Item {
+            id: tabBar
+
+            height: Metrics.tabHeight
+            width: parent.width
+
+            TabPopup {
+                id: waitingTab
+
+                checked: true
+                checkedColor: Palette.waitingTabChecked
+                exclusiveGroup: tabs
+                height: parent.height
+                hoveredColor: Palette.waitingTabHovered
+                normalColor: Palette.waitingTab
+                title: qsTr("Patients en attente")
+                width: parent.width / 2
+
+                onCheckedChanged: if (checked) root.openTab(ListLogic.showWaiting)
+
+                WaitingBadge {
+                    number: root.number
+                }
+            }
+            TabPopup {
+                id: allTab
+
+                anchors {
+                    left: waitingTab.right
+                    right: parent.right
+                }
+                exclusiveGroup: tabs
+                height: parent.height
+                title: qsTr("Liste de tous les patients")
+
+                onCheckedChanged: if (checked) root.openTab(ListLogic.showAll)
+            }
+        }
+
+        TableHeader {
+            id: tableHeader
+
+            anchors.top: tabBar.bottom
+            color: root.waitingShown ? Palette.waitingTableHeader : Palette.tableHeader
+            width: parent.width
+
+            TableTick {
+                id: checkboxAll
+
+                focusColor: Palette.focusOnDark
+                name: qsTr("Tout sélectionner")
+                tickColor: Palette.tickAll
+
+                onCheckedChanged: ListLogic.checkAll(checked)
+            }
+        }
+
+        PatientTable {
+            id: patientTable
+
+            anchors {
+                bottom: tableFooter.top
+                top: tableHeader.bottom
+            }
+            name: root.waitingShown ? waitingTab.title : allTab.title
+            patients: model
+            waiting: root.waitingShown
+            width: parent.width
+
+            onOpenPatient: root.openPatient(iid)
+            onTicked: ListLogic.checkIt(index, state)
+        }
+
+        TableFooter {
+            id: tableFooter
+
+            anchors {
+                bottom: parent.bottom
+                bottomMargin: 1
+            }
+            width: parent.width
+
+            onPrintClicked: root.printTab()
+            onRemoveClicked: ListLogic.deleteChecked()
+        }
     }
 }

@@ -9,19 +9,26 @@ MouseArea {
 
     signal triggered
 
-    activeFocusOnTab: true
+    // A mouse area that is not enabled is deaf to the mouse alone.
+    function trigger() {
+        if (enabled) {
+            triggered();
+        }
+    }
+
+    activeFocusOnTab: enabled
     cursorShape: Qt.PointingHandCursor
     hoverEnabled: true
 
-    onClicked: if (mouse.button === Qt.LeftButton) root.triggered()
-    Keys.onEnterPressed: root.triggered()
-    Keys.onReturnPressed: root.triggered()
-    Keys.onSpacePressed: root.triggered()
+    onClicked: if (mouse.button === Qt.LeftButton) root.trigger()
+    Keys.onEnterPressed: root.trigger()
+    Keys.onReturnPressed: root.trigger()
+    Keys.onSpacePressed: root.trigger()
 
     Accessible.focusable: true
     Accessible.name: root.name
     Accessible.role: Accessible.Button
-    Accessible.onPressAction: root.triggered()
+    Accessible.onPressAction: root.trigger()
 
     FocusRing {
         border.color: root.focusColor

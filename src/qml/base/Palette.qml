@@ -63,4 +63,39 @@ QtObject {
     // SMS bar
     readonly property color sms: "#6989ba"
     readonly property color smsHovered: "#4f79b8"
+
+    // tabs of the patient list
+    readonly property color tab: "#c8dcfc"
+    readonly property color tabHovered: "#b0ccfd"
+    readonly property color tabChecked: "#f9f9f9"
+    readonly property color tabText: "#002357"
+    readonly property color waitingTab: "#fcbbc3"
+    readonly property color waitingTabHovered: "#ffb4bd"
+    readonly property color waitingTabChecked: "#f8f8f8"
+
+    // patient table
+    readonly property color tableHeader: "#6888ba"
+    readonly property color tableBackground: "#c0cded"
+    readonly property color tableRow: "#e5e8ed"
+    readonly property color tablePairRow: "#f9f9f9"
+    readonly property color tableRowHovered: "#d8e0ed"
+    readonly property color waitingTableHeader: "#e44d5f"
+    readonly property color waitingTableBackground: "#f9f9f9"
+    readonly property color waitingTableRow: "#fcdfdf"
+    readonly property color waitingTablePairRow: "#ffeff1"
+    readonly property color waitingTableRowHovered: "#ffcccc"
+    readonly property color tableText: "#002357"
+    readonly property color tableEmphasis: "#e50000"
+    readonly property color tickRow: "#6888b9"
+    readonly property color tickAll: "#95a3b8"
+    readonly property color tableFooter: "#009cff"
+    readonly property color printBar: "#002457"
+
+    // SMS button of a row
+    readonly property color smsButton: "#ffffff"
+    readonly property color smsButtonText: "#002357"
+
+    // contact popup
+    readonly property color contactHeading: "#002257"
+    readonly property color contactText: "#405b82"
 }

@@ -21,6 +21,12 @@ ScrollView {
         handleOverlap: 1
         incrementControl: null
         minimumHandleLength: 0
+        padding {
+            bottom: 0
+            left: 0
+            right: 0
+            top: 0
+        }
         scrollBarBackground: Rectangle {
             color: Palette.scrollGroove
             implicitHeight: 4

@@ -1,0 +1,57 @@
+import QtQuick 2.2
+import "base"
+import "../js/BuildSettings.js" as BuildSettings
+
+// The button of a row that opens the SMS service's page: the same for every patient, nothing of him goes with it.
+Rectangle {
+    id: root
+
+    property bool reachable: true
+
+    signal clicked
+
+    /// Gives the keyboard to the button.
+    function focusButton() {
+        clickable.forceActiveFocus();
+    }
+
+    function openServicePage() {
+        clicked();
+        Qt.openUrlExternally(BuildSettings.smsServicePage);
+    }
+
+    color: Palette.smsButton
+    height: width / 3
+    radius: 3
+    width: 80
+
+    BorderImage {
+        anchors.fill: parent
+        border {
+            bottom: 3
+            left: 3
+            right: 3
+            top: 3
+        }
+        source: "../images/sms-border.png"
+    }
+
+    WidgetText {
+        anchors.centerIn: parent
+        color: Palette.smsButtonText
+        points: root.width / 8.5
+        text: qsTr("Envoi SMS")
+    }
+
+    Clickable {
+        id: clickable
+
+        activeFocusOnTab: root.reachable || activeFocus
+        anchors.fill: parent
+        name: qsTr("Envoi SMS")
+
+        // Where the keyboard goes on from here is the row's business.
+        Keys.forwardTo: root
+        onTriggered: root.openServicePage()
+    }
+}

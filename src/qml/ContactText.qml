@@ -1,0 +1,12 @@
+import QtQuick 2.2
+import "base"
+
+// One line of the contact popup.
+WidgetText {
+    color: Palette.contactText
+    font.bold: true
+    points: 10
+
+    Accessible.name: text
+    Accessible.role: Accessible.StaticText
+}

@@ -1,0 +1,93 @@
+import QtQuick 2.2
+import "base"
+
+// The scrolling rows of the patient list, in the colours of the waiting patients or of all.
+Rectangle {
+    id: root
+
+    property alias patients: list.model
+    property string name
+    property bool waiting: false
+
+    signal openPatient(string iid)
+    signal ticked(int index, bool state)
+
+    /// Goes to the first row.
+    function showTop() {
+        list.currentIndex = 0;
+        list.positionViewAtBeginning();
+    }
+
+    /// Calls load(), which fills the rows anew, and leaves the list and the keyboard where they were in it.
+    function reload(load) {
+        var top = list.indexAt(0, list.contentY);
+        var current = list.currentIndex;
+        var part = list.activeFocus && list.currentItem ? list.currentItem.focusedPart() : -1;
+
+        load();
+        list.forceLayout();
+        list.currentIndex = Math.min(Math.max(0, current), list.count - 1);
+        if (top >= 0) {
+            list.positionViewAtIndex(Math.min(top, list.count - 1), ListView.Beginning);
+        }
+        if (part >= 0 && list.currentItem) {
+            list.currentItem.focusPart(part);
+        }
+    }
+
+    color: waiting ? Palette.waitingTableBackground : Palette.tableBackground
+
+    ThinScrollView {
+        anchors.fill: parent
+        horizontalScrollBarPolicy: Qt.ScrollBarAlwaysOff
+        verticalScrollBarPolicy: Qt.ScrollBarAlwaysOn
+
+        ListView {
+            id: list
+
+            /// Gives the keyboard to a part of the row at that index, or of the nearest one.
+            function goTo(index, part) {
+                currentIndex = Math.max(0, Math.min(count - 1, index));
+                positionViewAtIndex(currentIndex, ListView.Contain);
+                currentItem.focusPart(part);
+            }
+
+            delegate: PatientTableRow {
+                hasNext: index < list.count - 1
+                hasPrevious: index > 0
+                ichecked: model.checked
+                iconfirmation: model.confirmation
+                iconfirmation_date: model.confirmation_date
+                icreated: model.created_format
+                idate1: model.date1
+                idate2: model.date2
+                idate3: model.date3
+                iid: model.id
+                iname: model.name
+                iphone: model.phone
+                irdv1: model.rdv1
+                irdv2: model.rdv2
+                irdv3: model.rdv3
+                itest: model.test
+                itest_date: model.test_date
+                pair: Math.round(index / 2) === index / 2
+                pairRowColor: root.waiting ? Palette.waitingTablePairRow : Palette.tablePairRow
+                pairRowColorHovered: root.waiting ? Palette.waitingTableRowHovered : Palette.tableRowHovered
+                reachable: ListView.isCurrentItem
+                red: root.waiting
+                rowColor: root.waiting ? Palette.waitingTableRow : Palette.tableRow
+                rowColorHovered: root.waiting ? Palette.waitingTableRowHovered : Palette.tableRowHovered
+                // As wide as the header: the scroll bar lies over the margin right of the last column.
+                width: root.width
+
+                onExcheckedChanged: root.ticked(index, exchecked)
+                onOpenPatient: root.openPatient(iid)
+                onRowWanted: list.goTo(index + offset, part)
+            }
+            highlightFollowsCurrentItem: false
+        }
+
+        Accessible.name: root.name
+        Accessible.role: Accessible.List
+    }
+}

@@ -1,0 +1,29 @@
+import QtQuick 2.2
+import "base"
+
+// The number of waiting patients on its round badge. It keeps its place when there is none.
+Image {
+    id: root
+
+    property int number: 0
+
+    height: 24
+    opacity: number === 0 ? 0 : 1
+    source: "../images/counter-big.png"
+    width: 24
+
+    WidgetText {
+        anchors.centerIn: parent
+        color: Palette.white
+        font.bold: true
+        fontSizeMode: Text.HorizontalFit
+        horizontalAlignment: Text.AlignHCenter
+        minimumPointSize: 5
+        text: root.number
+        width: 20
+
+        Accessible.ignored: root.number === 0
+        Accessible.name: text
+        Accessible.role: Accessible.StaticText
+    }
+}
