@@ -10,6 +10,7 @@ function init(callback) {
     if (!opened) {
         opened = true;
         database = Storage.LocalStorage.openDatabaseSync("Tandry", "", "Tandry widget storage", 500000);
+        limitWaiting();
         migrate();
         createTable();
     }
@@ -18,25 +19,39 @@ function init(callback) {
     }
 }
 
+/// A file held by another process makes every statement wait; a second each keeps the window alive.
+function limitWaiting() {
+    database.transaction(function (tx) {
+        tx.executeSql("PRAGMA busy_timeout = 1000");
+    });
+}
+
 function migrate() {
     var version = database.version;
 
     if (version === "1.0" || version === "1.1" || version === "1.2") {
         // Intended: patients of an older schema are thrown away, none of them can be converted.
-        database.changeVersion(version, "1.3", function (tx) {
-            tx.executeSql("DROP TABLE `Patients`");
-        });
+        startOver(version, "DROP TABLE `Patients`");
     } else if (version === "") {
-        database.changeVersion("", "1.3", function (tx) {
-            tx.executeSql("DROP TABLE IF EXISTS `Patients`");
-        });
+        startOver("", "DROP TABLE IF EXISTS `Patients`");
     }
+}
+
+/// Changes the version to the current one. When the statement fails the transaction is ended here: the module, which
+/// would record the new version all the same, then fails to commit and leaves the old one to the next start.
+function startOver(version, statement) {
+    database.changeVersion(version, "1.3", function (tx) {
+        try {
+            tx.executeSql(statement);
+        } catch (error) {
+            rollBack(tx);
+            throw error;
+        }
+    });
 }
 
 function createTable() {
     database.transaction(function (tx) {
-        // A file held by another process makes every statement wait; a second each keeps the window alive.
-        tx.executeSql("PRAGMA busy_timeout = 1000");
         tx.executeSql("CREATE TABLE IF NOT EXISTS `Patients`(`id` INTEGER PRIMARY KEY AUTOINCREMENT,"
                       + "`genderMale` tinyint(1) NOT NULL DEFAULT \"0\",`name` TEXT COLLATE NOCASE NOT NULL,"
                       + "`phone` TEXT DEFAULT \"\",`created` date,"
@@ -65,7 +80,7 @@ function write(statement, values, done) {
         var result;
 
         try {
-            result = tx.executeSql(statement, values);
+            result = tx.executeSql(statement, values.map(bindable));
             tx.executeSql("COMMIT");
         } catch (error) {
             rollBack(tx);
@@ -75,6 +90,11 @@ function write(statement, values, done) {
             done(result);
         }
     });
+}
+
+/// The module binds an empty text as NULL, which the name must not be; only one that was cut from another stays a text.
+function bindable(value) {
+    return value === "" ? " ".slice(1) : value;
 }
 
 function rollBack(tx) {

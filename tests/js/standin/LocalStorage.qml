@@ -1,0 +1,58 @@
+pragma Singleton
+import QtQml 2.12
+
+// Stands in for the storage module: writes down what the store asks of it, and answers every query with `rows`.
+QtObject {
+    id: root
+
+    property var journal: []
+    property string version: "1.3"
+    property var rows: []
+    /// A statement that begins with this text fails, when there is a text.
+    property string failing
+
+    function write(line) {
+        journal.push(line);
+    }
+
+    function openDatabaseSync() {
+        write("open " + JSON.stringify(Array.prototype.slice.call(arguments)));
+        return {
+            version: root.version,
+            transaction: function (work) {
+                root.perform("transaction", work);
+            },
+            changeVersion: function (from, to, work) {
+                root.perform("change from " + from + " to " + to, work);
+            }
+        };
+    }
+
+    function perform(what, work) {
+        write(what);
+        try {
+            work({ executeSql: execute });
+        } finally {
+            write("end");
+        }
+    }
+
+    function execute(statement, values) {
+        var found = rows;
+
+        write(statement + (values && values.length > 0 ? " " + JSON.stringify(values) : ""));
+        if (failing !== "" && statement.indexOf(failing) === 0) {
+            throw new Error("refused");
+        }
+        return {
+            insertId: "7",
+            rowsAffected: 1,
+            rows: {
+                length: found.length,
+                item: function (index) {
+                    return found[index];
+                }
+            }
+        };
+    }
+}

@@ -1,0 +1,121 @@
+#include "listdocument.h"
+#include "practice.h"
+#include "testhome.h"
+
+#include <QtTest>
+
+namespace {
+
+/// A practice with these patients and the search bar's document.
+struct Search : Practice
+{
+    explicit Search(const QStringList &names = {"Adu", "DURAND", "Dupont", "Martin"})
+    {
+        for (const QString &name : names)
+            store.insertNamed(name);
+        document.call("open");
+    }
+
+    QStringList filter(const QString &input)
+    {
+        document.call("filter", input);
+        return document.call("names").toStringList();
+    }
+
+    ListDocument document{&engine, "AutocompleteDocument.qml"};
+};
+
+} // namespace
+
+class tst_AutocompleteLogic : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void names_that_start_come_before_names_that_contain();
+    void each_group_is_in_name_order_and_no_name_comes_twice();
+    void every_search_replaces_the_results();
+    void empty_input_empties_the_results_without_a_query();
+    void search_before_the_store_is_open_only_empties_the_results();
+    void rows_are_whole_records();
+    void names_are_rows_as_typed();
+};
+
+void tst_AutocompleteLogic::names_that_start_come_before_names_that_contain()
+{
+    QCOMPARE(Search().filter("du"), (QStringList{"Dupont", "DURAND", "Adu"}));
+}
+
+void tst_AutocompleteLogic::each_group_is_in_name_order_and_no_name_comes_twice()
+{
+    Search search(QStringList{"xab", "ABBA", "aba", "Zab", "ab", "abab"});
+    QCOMPARE(search.filter("ab"), (QStringList{"ab", "aba", "abab", "ABBA", "xab", "Zab"}));
+}
+
+void tst_AutocompleteLogic::every_search_replaces_the_results()
+{
+    Search search;
+    QCOMPARE(search.filter("m"), QStringList{"Martin"});
+    QCOMPARE(search.filter("a"), (QStringList{"Adu", "DURAND", "Martin"}));
+    QCOMPARE(search.filter("nobody"), QStringList());
+}
+
+void tst_AutocompleteLogic::empty_input_empties_the_results_without_a_query()
+{
+    Search search;
+    search.filter("du");
+    // A query would now fail, and its error be a warning.
+    search.file.run({"ALTER TABLE Patients RENAME TO Elsewhere"});
+    QStringList warnings;
+    QObject::connect(&search.engine, &QQmlEngine::warnings, [&warnings](const QList<QQmlError> &errors) {
+        warnings << errors.first().toString();
+    });
+    QCOMPARE(search.filter(""), QStringList());
+    QCOMPARE(warnings, QStringList());
+    search.filter("du");
+    QCOMPARE(warnings.count(), 1);
+}
+
+void tst_AutocompleteLogic::search_before_the_store_is_open_only_empties_the_results()
+{
+    Practice practice;
+    practice.store.insertNamed("Dupont");
+    const ListDocument document(&practice.engine, "AutocompleteDocument.qml");
+    document.call("filter", "du");
+    QCOMPARE(document.call("names").toStringList(), QStringList());
+}
+
+void tst_AutocompleteLogic::rows_are_whole_records()
+{
+    Search search(QStringList{});
+    search.file.run({"INSERT INTO Patients VALUES (7, 1, 'Dupont', NULL, '2014-04-10', 1, '2014-04-11', 0, '', 1, "
+                     "'2014-04-13', 0, '', 0, '', '2050-05-12')"});
+    search.filter("du");
+    QJsonObject row = search.document.row(0);
+    row.remove("objectName");
+    QCOMPARE(row, (QJsonObject{{"id", 7}, {"genderMale", 1}, {"name", "Dupont"}, {"phone", ""},
+                               {"created", "2014-04-10"}, {"created_format", "10/04/2014"}, {"test", 1},
+                               {"test_date", "2014-04-11"}, {"rdv1", 0}, {"date1", ""}, {"confirmation", 1},
+                               {"confirmation_date", "2014-04-13"}, {"rdv2", 0}, {"date2", ""}, {"rdv3", 0},
+                               {"date3", ""}, {"notification_date", "2050-05-12"}, {"waiting", 0}}));
+}
+
+void tst_AutocompleteLogic::names_are_rows_as_typed()
+{
+    const QStringList names{"O'Neil \"d'Arc\"", "<b>O</b>", QString::fromUtf8("O\U0001F600"),
+                            QString::fromUtf8("O\u05d3\u05d5"), QString("Ô").repeated(9999) + "O"};
+    for (const QString &name : names) {
+        Search search(QStringList{name});
+        QCOMPARE(search.filter("o"), QStringList{name});
+    }
+}
+
+int main(int argc, char **argv)
+{
+    const TestHome home;
+    QCoreApplication application(argc, argv);
+    tst_AutocompleteLogic test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_AutocompleteLogic.moc"

@@ -1,0 +1,321 @@
+#include "practice.h"
+#include "testhome.h"
+
+#include <QtTest>
+
+namespace {
+
+const char *const createStatement =
+    "CREATE TABLE `Patients`(`id` INTEGER PRIMARY KEY AUTOINCREMENT,`genderMale` tinyint(1) NOT NULL DEFAULT \"0\","
+    "`name` TEXT COLLATE NOCASE NOT NULL,`phone` TEXT DEFAULT \"\",`created` date,`test` tinyint(1) DEFAULT 0,"
+    "`test_date` date DEFAULT \"\",`rdv1` tinyint(1) DEFAULT 0,`date1` date DEFAULT \"\","
+    "`confirmation` tinyint(1) DEFAULT 0,`confirmation_date` date DEFAULT \"\",`rdv2` tinyint(1) DEFAULT 0,"
+    "`date2` date DEFAULT \"\",`rdv3` tinyint(1) DEFAULT 0,`date3` date DEFAULT \"\","
+    "`notification_date` date DEFAULT \"\")";
+
+/// The file of an installation whose schema had \a version and one patient; with no record of it when that is "none".
+void leaveInstallation(const PatientFile &file, const QString &version, const QString &table = createStatement)
+{
+    file.run({table, "INSERT INTO `Patients` (`genderMale`, `name`) VALUES (1, 'Dupont')"});
+    if (version != "none")
+        file.record(version);
+}
+
+} // namespace
+
+class tst_StoreOpening : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void first_start_makes_an_empty_database_at_the_current_version();
+    void database_is_recorded_under_its_name_version_and_size();
+    void table_is_created_by_exactly_this_statement();
+    void columns_have_their_types_constraints_and_defaults_data();
+    void columns_have_their_types_constraints_and_defaults();
+    void columns_left_out_take_their_defaults();
+    void ids_are_never_used_again();
+
+    void older_patients_go_and_current_or_unknown_ones_stay_data();
+    void older_patients_go_and_current_or_unknown_ones_stay();
+    void table_of_an_older_schema_is_replaced();
+    void second_document_keeps_what_the_first_one_migrated();
+    void second_start_keeps_the_patients();
+
+    void callback_of_init_comes_each_time_after_the_table_exists();
+    void init_does_without_a_callback();
+    void second_init_does_not_open_again();
+
+    void nothing_happens_before_init_data();
+    void nothing_happens_before_init();
+    void insert_before_init_still_logs();
+    void each_document_opens_for_itself();
+    void documents_see_each_others_patients();
+    void engines_see_each_others_patients();
+};
+
+void tst_StoreOpening::first_start_makes_an_empty_database_at_the_current_version()
+{
+    Practice practice;
+    QCOMPARE(practice.file.recorded("Version"), QString("1.3"));
+    QCOMPARE(practice.file.rows("SELECT * FROM Patients"), QJsonArray());
+    QCOMPARE(practice.store.perform("getNumber").answer(), QJsonValue(QJsonObject{{"count", 0}}));
+    QCOMPARE(practice.store.perform("getWaitingNumber").answer(), QJsonValue(QJsonObject{{"count", 0}}));
+}
+
+void tst_StoreOpening::database_is_recorded_under_its_name_version_and_size()
+{
+    const Practice practice;
+    QCOMPARE(practice.file.recorded("Name"), QString("Tandry"));
+    QCOMPARE(practice.file.recorded("Version"), QString("1.3"));
+    QCOMPARE(practice.file.recorded("Description"), QString("Tandry widget storage"));
+    QCOMPARE(practice.file.recorded("EstimatedSize"), QString("500000"));
+}
+
+void tst_StoreOpening::table_is_created_by_exactly_this_statement()
+{
+    const Practice practice;
+    // SQLite keeps the statement as it was given, only without IF NOT EXISTS.
+    QCOMPARE(practice.file.rows("SELECT sql FROM sqlite_master WHERE type = 'table' AND name = 'Patients'"),
+             only(QJsonArray{createStatement}));
+}
+
+void tst_StoreOpening::columns_have_their_types_constraints_and_defaults_data()
+{
+    QTest::addColumn<int>("place");
+    QTest::addColumn<QJsonArray>("column");
+
+    // name, type, not null, default, part of the primary key
+    const QJsonValue none(QJsonValue::Null);
+    QTest::newRow("id") << 0 << QJsonArray{"id", "INTEGER", 0, none, 1};
+    QTest::newRow("genderMale") << 1 << QJsonArray{"genderMale", "tinyint(1)", 1, "\"0\"", 0};
+    QTest::newRow("name") << 2 << QJsonArray{"name", "TEXT", 1, none, 0};
+    QTest::newRow("phone") << 3 << QJsonArray{"phone", "TEXT", 0, "\"\"", 0};
+    QTest::newRow("created") << 4 << QJsonArray{"created", "date", 0, none, 0};
+    QTest::newRow("test") << 5 << QJsonArray{"test", "tinyint(1)", 0, "0", 0};
+    QTest::newRow("test_date") << 6 << QJsonArray{"test_date", "date", 0, "\"\"", 0};
+    QTest::newRow("rdv1") << 7 << QJsonArray{"rdv1", "tinyint(1)", 0, "0", 0};
+    QTest::newRow("date1") << 8 << QJsonArray{"date1", "date", 0, "\"\"", 0};
+    QTest::newRow("confirmation") << 9 << QJsonArray{"confirmation", "tinyint(1)", 0, "0", 0};
+    QTest::newRow("confirmation_date") << 10 << QJsonArray{"confirmation_date", "date", 0, "\"\"", 0};
+    QTest::newRow("rdv2") << 11 << QJsonArray{"rdv2", "tinyint(1)", 0, "0", 0};
+    QTest::newRow("date2") << 12 << QJsonArray{"date2", "date", 0, "\"\"", 0};
+    QTest::newRow("rdv3") << 13 << QJsonArray{"rdv3", "tinyint(1)", 0, "0", 0};
+    QTest::newRow("date3") << 14 << QJsonArray{"date3", "date", 0, "\"\"", 0};
+    QTest::newRow("notification_date") << 15 << QJsonArray{"notification_date", "date", 0, "\"\"", 0};
+}
+
+void tst_StoreOpening::columns_have_their_types_constraints_and_defaults()
+{
+    QFETCH(int, place);
+    QFETCH(QJsonArray, column);
+    const Practice practice;
+    const QJsonArray columns = practice.file.rows(
+        "SELECT name, type, \"notnull\", dflt_value, pk FROM pragma_table_info('Patients') ORDER BY cid");
+    QCOMPARE(columns.count(), 16);
+    QCOMPARE(columns.at(place).toArray(), column);
+}
+
+void tst_StoreOpening::columns_left_out_take_their_defaults()
+{
+    const Practice practice;
+    practice.file.run({"INSERT INTO `Patients` (`name`) VALUES ('Dupont')"});
+    QCOMPARE(practice.file.rows("SELECT * FROM Patients"),
+             only(QJsonArray{1, 0, "Dupont", "", QJsonValue::Null, 0, "", 0, "", 0, "", 0, "", 0, "", ""}));
+}
+
+void tst_StoreOpening::ids_are_never_used_again()
+{
+    Practice practice;
+    QCOMPARE(practice.store.insertNamed("Adu"), 1);
+    QCOMPARE(practice.store.insertNamed("Dupont"), 2);
+    practice.store.performWithoutCallback("remove", {2});
+    QCOMPARE(practice.store.insertNamed("Durand"), 3);
+}
+
+void tst_StoreOpening::older_patients_go_and_current_or_unknown_ones_stay_data()
+{
+    QTest::addColumn<QString>("versionBefore");
+    QTest::addColumn<QString>("versionAfter");
+    QTest::addColumn<int>("patientsAfter");
+
+    QTest::newRow("1.0") << "1.0" << "1.3" << 0;
+    QTest::newRow("1.1") << "1.1" << "1.3" << 0;
+    QTest::newRow("1.2") << "1.2" << "1.3" << 0;
+    QTest::newRow("current") << "1.3" << "1.3" << 1;
+    QTest::newRow("unknown, newer") << "9.9" << "9.9" << 1;
+    QTest::newRow("unknown, older") << "0.9" << "0.9" << 1;
+    QTest::newRow("empty") << "" << "1.3" << 0;
+    QTest::newRow("not recorded") << "none" << "1.3" << 0;
+}
+
+void tst_StoreOpening::older_patients_go_and_current_or_unknown_ones_stay()
+{
+    QFETCH(QString, versionBefore);
+    QFETCH(QString, versionAfter);
+    QFETCH(int, patientsAfter);
+    const PatientFile file;
+    leaveInstallation(file, versionBefore);
+    PatientEngine engine(file);
+    StoreDocument store(&engine);
+
+    const StoreCall call = store.perform("init");
+    QCOMPARE(call.thrown, QString());
+    QCOMPARE(file.recorded("Version"), versionAfter);
+    QCOMPARE(file.value("SELECT COUNT(*) FROM Patients").toInt(), patientsAfter);
+    QCOMPARE(store.perform("getNumber").answer(), QJsonValue(QJsonObject{{"count", patientsAfter}}));
+}
+
+void tst_StoreOpening::table_of_an_older_schema_is_replaced()
+{
+    const PatientFile file;
+    leaveInstallation(file, "1.2", "CREATE TABLE `Patients`(`id` INTEGER PRIMARY KEY, `genderMale`, `name`)");
+    PatientEngine engine(file);
+    StoreDocument(&engine).perform("init");
+    QCOMPARE(file.value("SELECT sql FROM sqlite_master WHERE name = 'Patients'").toString(), QString(createStatement));
+}
+
+void tst_StoreOpening::second_document_keeps_what_the_first_one_migrated()
+{
+    const PatientFile file;
+    leaveInstallation(file, "1.2");
+    PatientEngine engine(file);
+    StoreDocument first(&engine);
+    first.perform("init");
+    first.insertNamed("Durand");
+    StoreDocument second(&engine);
+    second.perform("init");
+    QCOMPARE(listed(second.perform("select", {""}).answer()), QString("Durand"));
+}
+
+void tst_StoreOpening::second_start_keeps_the_patients()
+{
+    const PatientFile file;
+    {
+        PatientEngine engine(file);
+        StoreDocument store(&engine);
+        store.perform("init");
+        store.insertNamed("Dupont");
+    }
+    file.closeStores();
+    PatientEngine engine(file);
+    StoreDocument store(&engine);
+    store.perform("init");
+    QCOMPARE(listed(store.perform("select", {""}).answer()), QString("Dupont"));
+}
+
+void tst_StoreOpening::callback_of_init_comes_each_time_after_the_table_exists()
+{
+    const PatientFile file;
+    PatientEngine engine(file);
+    StoreDocument store(&engine);
+    const QString opening = "var order = [];"
+                            "Bdd.init(function () {"
+                            "    order.push('called with ' + arguments.length);"
+                            "    Bdd.getNumber(function (row) { order.push('counted ' + row.count); });"
+                            "});"
+                            "order.push('returned');"
+                            "order";
+    const QJsonArray expected{"called with 0", "counted 0", "returned"};
+    QCOMPARE(store.evaluate(opening), QJsonValue(expected));
+    QCOMPARE(store.evaluate(opening), QJsonValue(expected));
+}
+
+void tst_StoreOpening::init_does_without_a_callback()
+{
+    const PatientFile file;
+    PatientEngine engine(file);
+    StoreDocument store(&engine);
+    QVERIFY(store.performWithoutCallback("init").isSilent());
+    QVERIFY(store.performWithoutCallback("init").isSilent());
+    QCOMPARE(store.perform("getNumber").answer(), QJsonValue(QJsonObject{{"count", 0}}));
+}
+
+void tst_StoreOpening::second_init_does_not_open_again()
+{
+    Practice practice;
+    practice.store.insertNamed("Dupont");
+    practice.file.run({"DROP TABLE Patients"});
+    QCOMPARE(practice.store.perform("init").answers.count(), 1);
+    QCOMPARE(practice.file.rows("SELECT name FROM sqlite_master WHERE name = 'Patients'"), QJsonArray());
+}
+
+void tst_StoreOpening::nothing_happens_before_init_data()
+{
+    QTest::addColumn<QString>("operation");
+    QTest::addColumn<QJsonArray>("values");
+
+    const QJsonObject patient{{"id", 1}, {"name", "Durand"}, {"last", "test"}};
+    QTest::newRow("select all") << "select" << QJsonArray{""};
+    QTest::newRow("select by filter") << "select" << QJsonArray{"du"};
+    QTest::newRow("get") << "get" << QJsonArray{1};
+    QTest::newRow("insert") << "insert" << QJsonArray{patient};
+    QTest::newRow("update") << "update" << QJsonArray{patient};
+    QTest::newRow("remove") << "remove" << QJsonArray{1};
+    QTest::newRow("removeList") << "removeList" << only(QJsonArray{1});
+    QTest::newRow("removeList of nothing") << "removeList" << only(QJsonArray());
+    QTest::newRow("getWaitingNumber") << "getWaitingNumber" << QJsonArray();
+    QTest::newRow("getNumber") << "getNumber" << QJsonArray();
+    QTest::newRow("selectWaiting") << "selectWaiting" << QJsonArray();
+}
+
+void tst_StoreOpening::nothing_happens_before_init()
+{
+    QFETCH(QString, operation);
+    QFETCH(QJsonArray, values);
+    const PatientFile file;
+    leaveInstallation(file, "1.3");
+    PatientEngine engine(file);
+    StoreDocument store(&engine);
+    QVERIFY(store.perform(operation, values).isSilent());
+    QCOMPARE(file.rows("SELECT id, name FROM Patients"), only(QJsonArray{1, "Dupont"}));
+}
+
+void tst_StoreOpening::insert_before_init_still_logs()
+{
+    const PatientFile file;
+    PatientEngine engine(file);
+    StoreDocument store(&engine);
+    QTest::ignoreMessage(QtDebugMsg, "Insert called");
+    QVERIFY(store.perform("insert", {QJsonObject{{"name", "Durand"}}}).isSilent());
+}
+
+void tst_StoreOpening::each_document_opens_for_itself()
+{
+    Practice practice;
+    StoreDocument other(&practice.engine);
+    QVERIFY(other.perform("getNumber").isSilent());
+    other.perform("init");
+    QCOMPARE(other.perform("getNumber").answers.count(), 1);
+}
+
+void tst_StoreOpening::documents_see_each_others_patients()
+{
+    Practice practice;
+    StoreDocument other(&practice.engine);
+    other.perform("init");
+    const int id = practice.store.insertNamed("Dupont");
+    QCOMPARE(other.get(id)["name"].toString(), QString("Dupont"));
+    other.performWithoutCallback("remove", {id});
+    QVERIFY(practice.store.perform("get", {id}).isSilent());
+}
+
+void tst_StoreOpening::engines_see_each_others_patients()
+{
+    Practice practice;
+    PatientEngine secondWindow(practice.file);
+    StoreDocument other(&secondWindow);
+    other.perform("init");
+    other.insertNamed("Dupont");
+    QCOMPARE(listed(practice.store.perform("select", {"du"}).answer().toObject()["startsWith"]), QString("Dupont"));
+}
+
+int main(int argc, char **argv)
+{
+    const TestHome home;
+    QCoreApplication application(argc, argv);
+    tst_StoreOpening test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_StoreOpening.moc"

@@ -1,0 +1,361 @@
+#include "practice.h"
+#include "testhome.h"
+
+#include <QtTest>
+
+namespace {
+
+const char *const noonOfTwelfthMay = "2014-05-12 12:00:00";
+
+void addNamed(const Practice &practice, const QStringList &names)
+{
+    QStringList statements;
+    for (QString name : names)
+        statements << "INSERT INTO Patients (name) VALUES ('" + name.replace('\'', "''") + "')";
+    practice.file.run(statements);
+}
+
+QStringList nameList(const QJsonValue &records)
+{
+    QStringList names;
+    for (const QJsonValue &record : records.toArray())
+        names << record.toObject()["name"].toString();
+    return names;
+}
+
+QJsonValue startsWith(Practice &practice, const QString &filter)
+{
+    return practice.store.perform("select", {filter}).answer().toObject()["startsWith"];
+}
+
+QJsonValue contains(Practice &practice, const QString &filter)
+{
+    return practice.store.perform("select", {filter}).answer().toObject()["contains"];
+}
+
+/// Patient 1 with every column filled, waiting on 12 May 2014.
+void addComplete(const Practice &practice)
+{
+    practice.file.run({"INSERT INTO Patients VALUES (1, 1, 'DUPONT Marie', '01 02 03 04 05', '2014-04-10', 1, "
+                       "'2014-04-11', 0, '2014-04-12', 1, '2014-04-13', 0, '2014-04-14', 1, '2014-04-15', "
+                       "'2014-05-12')"});
+}
+
+const QJsonObject completeRow{
+    {"id", 1}, {"genderMale", 1}, {"name", "DUPONT Marie"}, {"phone", "01 02 03 04 05"}, {"created", "2014-04-10"},
+    {"test", 1}, {"test_date", "2014-04-11"}, {"rdv1", 0}, {"date1", "2014-04-12"},
+    {"confirmation", 1}, {"confirmation_date", "2014-04-13"}, {"rdv2", 0}, {"date2", "2014-04-14"},
+    {"rdv3", 1}, {"date3", "2014-04-15"}, {"notification_date", "2014-05-12"}, {"created_format", "10/04/2014"}};
+
+/// Patient 1 with a name, a reminder and nothing else but NULL.
+void addBare(const Practice &practice)
+{
+    practice.file.run({"INSERT INTO Patients VALUES (1, 0, 'DUPONT Marie', NULL, NULL, NULL, NULL, NULL, NULL, NULL, "
+                       "NULL, NULL, NULL, NULL, NULL, '2014-05-12')"});
+}
+
+QJsonObject bareRow(const QJsonValue &nothing)
+{
+    return {{"id", 1}, {"genderMale", 0}, {"name", "DUPONT Marie"}, {"phone", nothing}, {"created", nothing},
+            {"test", nothing}, {"test_date", nothing}, {"rdv1", nothing}, {"date1", nothing},
+            {"confirmation", nothing}, {"confirmation_date", nothing}, {"rdv2", nothing}, {"date2", nothing},
+            {"rdv3", nothing}, {"date3", nothing}, {"notification_date", "2014-05-12"}, {"created_format", nothing}};
+}
+
+QJsonObject with(QJsonObject record, const QString &key, const QJsonValue &value)
+{
+    record[key] = value;
+    return record;
+}
+
+} // namespace
+
+class tst_StoreReading : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void search_gives_names_that_start_first_then_names_that_contain();
+    void search_sorts_both_lists_without_regard_to_case();
+    void search_is_of_ascii_case_and_of_wildcards_data();
+    void search_is_of_ascii_case_and_of_wildcards();
+    void search_that_finds_nobody_still_calls_back();
+    void no_filter_gives_everybody_data();
+    void no_filter_gives_everybody();
+    void everybody_is_in_name_order_with_accents_last();
+
+    void record_has_every_column_and_the_two_computed_ones();
+    void record_has_empty_texts_for_nulls();
+    void record_of_every_read_is_the_same();
+    void removeNullValues_copies_and_replaces_nulls_alone();
+    void get_takes_the_id_as_text_too();
+    void get_of_an_unknown_id_does_not_call_back_data();
+    void get_of_an_unknown_id_does_not_call_back();
+    void created_is_shown_the_french_way_data();
+    void created_is_shown_the_french_way();
+
+    void patient_waits_from_the_reminder_on_data();
+    void patient_waits_from_the_reminder_on();
+    void reminder_of_2050_waits_only_from_that_day_on();
+    void counts_come_as_a_row_with_count();
+    void waiting_rows_are_raw_and_in_name_order();
+    void waiting_rows_keep_their_nulls();
+    void nobody_waiting_is_an_empty_list();
+};
+
+void tst_StoreReading::search_gives_names_that_start_first_then_names_that_contain()
+{
+    Practice practice;
+    addNamed(practice, {"Dupont", "Adu", "DURAND"});
+    QCOMPARE(nameList(startsWith(practice, "du")), (QStringList{"Dupont", "DURAND"}));
+    QCOMPARE(nameList(contains(practice, "du")), QStringList{"Adu"});
+    QCOMPARE(practice.store.perform("select", {"du"}).answer().toObject().keys(),
+             (QStringList{"contains", "startsWith"}));
+}
+
+void tst_StoreReading::search_sorts_both_lists_without_regard_to_case()
+{
+    Practice practice;
+    addNamed(practice, {"mb", "MA", "xmb", "XMA", "Mc", "AM"});
+    QCOMPARE(nameList(startsWith(practice, "m")), (QStringList{"MA", "mb", "Mc"}));
+    QCOMPARE(nameList(contains(practice, "m")), (QStringList{"AM", "XMA", "xmb"}));
+}
+
+void tst_StoreReading::search_is_of_ascii_case_and_of_wildcards_data()
+{
+    QTest::addColumn<QStringList>("names");
+    QTest::addColumn<QString>("filter");
+    QTest::addColumn<QStringList>("starting");
+    QTest::addColumn<QStringList>("containing");
+
+    const QStringList nobody;
+    QTest::newRow("a lone % is everybody")
+        << QStringList{"Adu", "", "Dupont"} << "%" << QStringList{"", "Adu", "Dupont"} << nobody;
+    QTest::newRow("% within")
+        << QStringList{"Dupont", "Adupont", "Dult"} << "d%t" << QStringList{"Dult", "Dupont"} << QStringList{"Adupont"};
+    QTest::newRow("% before hides what contains")
+        << QStringList{"Adu", "Dupont"} << "%u" << QStringList{"Adu", "Dupont"} << nobody;
+    QTest::newRow("_ is one character")
+        << QStringList{"Dupont", "Dpont", "Adupont"} << "d_p" << QStringList{"Dupont"} << QStringList{"Adupont"};
+    QTest::newRow("a lone _ is everybody with a name")
+        << QStringList{"", "A", "B"} << "_" << QStringList{"A", "B"} << nobody;
+    QTest::newRow("accents match themselves")
+        << QStringList{"École", "Ecole", "école", "Bérénice"} << "é" << QStringList{"école"} << QStringList{"Bérénice"};
+    QTest::newRow("capital accents match themselves")
+        << QStringList{"École", "école"} << "É" << QStringList{"École"} << nobody;
+    QTest::newRow("plain letters match no accents")
+        << QStringList{"Éric", "Eric"} << "e" << QStringList{"Eric"} << nobody;
+    QTest::newRow("a quote is a quote")
+        << QStringList{"d'Artagnan", "l'or d'or"} << "d'" << QStringList{"d'Artagnan"} << QStringList{"l'or d'or"};
+    QTest::newRow("a space is text")
+        << QStringList{"DU PONT", "DUPONT", "Le DU PONT"} << "du " << QStringList{"DU PONT"} << QStringList{"Le DU PONT"};
+    QTest::newRow("no escaping") << QStringList{"100%", "100x"} << "0\\%" << nobody << nobody;
+    QTest::newRow("whole name") << QStringList{"Dupont"} << "DUPONT" << QStringList{"Dupont"} << nobody;
+}
+
+void tst_StoreReading::search_is_of_ascii_case_and_of_wildcards()
+{
+    QFETCH(QStringList, names);
+    QFETCH(QString, filter);
+    Practice practice;
+    addNamed(practice, names);
+    QTEST(nameList(startsWith(practice, filter)), "starting");
+    QTEST(nameList(contains(practice, filter)), "containing");
+}
+
+void tst_StoreReading::search_that_finds_nobody_still_calls_back()
+{
+    Practice practice;
+    addNamed(practice, {"Dupont"});
+    QCOMPARE(practice.store.perform("select", {"x"}).answer(),
+             QJsonValue(QJsonObject{{"startsWith", QJsonArray()}, {"contains", QJsonArray()}}));
+}
+
+void tst_StoreReading::no_filter_gives_everybody_data()
+{
+    QTest::addColumn<QJsonValue>("filter");
+    QTest::newRow("null") << QJsonValue(QJsonValue::Null);
+    QTest::newRow("empty") << QJsonValue("");
+}
+
+void tst_StoreReading::no_filter_gives_everybody()
+{
+    QFETCH(QJsonValue, filter);
+    Practice practice;
+    QCOMPARE(practice.store.perform("select", {filter}).answer(), QJsonValue(QJsonArray()));
+    addNamed(practice, {"Dupont", "Adu"});
+    QCOMPARE(nameList(practice.store.perform("select", {filter}).answer()), (QStringList{"Adu", "Dupont"}));
+}
+
+void tst_StoreReading::everybody_is_in_name_order_with_accents_last()
+{
+    Practice practice;
+    addNamed(practice, {"Zoé", "adu", "Éric", "DURAND", "Dupont", "_x", "élan", "Béa"});
+    QCOMPARE(nameList(practice.store.perform("select", {""}).answer()),
+             (QStringList{"_x", "adu", "Béa", "Dupont", "DURAND", "Zoé", "Éric", "élan"}));
+}
+
+void tst_StoreReading::record_has_every_column_and_the_two_computed_ones()
+{
+    PracticeAt practice(noonOfTwelfthMay);
+    addComplete(practice);
+    QCOMPARE(practice.store.get(1), with(completeRow, "waiting", 1));
+}
+
+void tst_StoreReading::record_has_empty_texts_for_nulls()
+{
+    PracticeAt practice(noonOfTwelfthMay);
+    addBare(practice);
+    QCOMPARE(practice.store.get(1), with(bareRow(""), "waiting", 1));
+}
+
+void tst_StoreReading::record_of_every_read_is_the_same()
+{
+    PracticeAt practice(noonOfTwelfthMay);
+    addBare(practice);
+    const QJsonArray expected{with(bareRow(""), "waiting", 1)};
+    QCOMPARE(practice.store.perform("select", {""}).answer(), QJsonValue(expected));
+    QCOMPARE(startsWith(practice, "dupont"), QJsonValue(expected));
+    QCOMPARE(contains(practice, "marie"), QJsonValue(expected));
+}
+
+void tst_StoreReading::removeNullValues_copies_and_replaces_nulls_alone()
+{
+    Practice practice;
+    QCOMPARE(practice.store.evaluate("Bdd.removeNullValues({a: null, b: 0, c: '', d: false, e: 'x', f: 7})"),
+             QJsonValue(QJsonObject{{"a", ""}, {"b", 0}, {"c", ""}, {"d", false}, {"e", "x"}, {"f", 7}}));
+    QCOMPARE(practice.store.evaluate("var row = {a: null}; Bdd.removeNullValues(row); row"),
+             QJsonValue(QJsonObject{{"a", QJsonValue::Null}}));
+}
+
+void tst_StoreReading::get_takes_the_id_as_text_too()
+{
+    Practice practice;
+    addNamed(practice, {"Dupont"});
+    QCOMPARE(practice.store.perform("get", {"1"}).answer().toObject()["name"].toString(), QString("Dupont"));
+}
+
+void tst_StoreReading::get_of_an_unknown_id_does_not_call_back_data()
+{
+    QTest::addColumn<QJsonValue>("id");
+    QTest::newRow("not yet given") << QJsonValue(2);
+    QTest::newRow("zero") << QJsonValue(0);
+    QTest::newRow("negative") << QJsonValue(-1);
+    QTest::newRow("empty text") << QJsonValue("");
+    QTest::newRow("a text that would be a condition") << QJsonValue("1 OR 1 = 1");
+    QTest::newRow("null") << QJsonValue(QJsonValue::Null);
+}
+
+void tst_StoreReading::get_of_an_unknown_id_does_not_call_back()
+{
+    QFETCH(QJsonValue, id);
+    Practice practice;
+    addNamed(practice, {"Dupont"});
+    QVERIFY(practice.store.perform("get", {id}).isSilent());
+}
+
+void tst_StoreReading::created_is_shown_the_french_way_data()
+{
+    QTest::addColumn<QString>("created");
+    QTest::addColumn<QString>("shown");
+    QTest::newRow("a day") << "'2014-04-10'" << "10/04/2014";
+    QTest::newRow("leap day") << "'2016-02-29'" << "29/02/2016";
+    QTest::newRow("empty") << "''" << "";
+    QTest::newRow("null") << "NULL" << "";
+    QTest::newRow("not padded") << "'2014-4-10'" << "";
+    QTest::newRow("already French") << "'10/04/2014'" << "";
+    QTest::newRow("a word") << "'hier'" << "";
+}
+
+void tst_StoreReading::created_is_shown_the_french_way()
+{
+    QFETCH(QString, created);
+    QFETCH(QString, shown);
+    Practice practice;
+    practice.file.run({"INSERT INTO Patients (name, created) VALUES ('Dupont', " + created + ")"});
+    QCOMPARE(practice.store.get(1)["created_format"], QJsonValue(shown));
+}
+
+void tst_StoreReading::patient_waits_from_the_reminder_on_data()
+{
+    QTest::addColumn<QString>("reminder");
+    QTest::addColumn<QJsonValue>("waiting");
+    QTest::addColumn<int>("count");
+    QTest::newRow("years ago") << "'2010-12-31'" << QJsonValue(1) << 1;
+    QTest::newRow("yesterday") << "'2014-05-11'" << QJsonValue(1) << 1;
+    QTest::newRow("today") << "'2014-05-12'" << QJsonValue(1) << 1;
+    QTest::newRow("tomorrow") << "'2014-05-13'" << QJsonValue(0) << 0;
+    QTest::newRow("in effect never") << "'2050-05-12'" << QJsonValue(0) << 0;
+    QTest::newRow("none") << "''" << QJsonValue(0) << 0;
+    QTest::newRow("null") << "NULL" << QJsonValue("") << 0;
+}
+
+void tst_StoreReading::patient_waits_from_the_reminder_on()
+{
+    QFETCH(QString, reminder);
+    QFETCH(QJsonValue, waiting);
+    QFETCH(int, count);
+    PracticeAt practice(noonOfTwelfthMay);
+    practice.file.run({"INSERT INTO Patients (name, notification_date) VALUES ('Dupont', " + reminder + ")"});
+    QCOMPARE(practice.store.get(1)["waiting"], waiting);
+    QCOMPARE(practice.store.perform("getWaitingNumber").answer(), QJsonValue(QJsonObject{{"count", count}}));
+    QCOMPARE(practice.store.perform("selectWaiting").answer().toArray().count(), count);
+}
+
+void tst_StoreReading::reminder_of_2050_waits_only_from_that_day_on()
+{
+    PracticeAt practice(noonOfTwelfthMay);
+    practice.file.run({"INSERT INTO Patients (name, notification_date) VALUES ('Dupont', '2050-05-12')",
+                       "INSERT INTO Patients (name, notification_date) VALUES ('Durand', '')"});
+    practice.moveTo("2050-05-11 12:00:00");
+    QCOMPARE(practice.store.perform("getWaitingNumber").answer(), QJsonValue(QJsonObject{{"count", 0}}));
+    practice.moveTo("2050-05-12 12:00:00");
+    QCOMPARE(listed(practice.store.perform("selectWaiting").answer()), QString("Dupont"));
+}
+
+void tst_StoreReading::counts_come_as_a_row_with_count()
+{
+    PracticeAt practice(noonOfTwelfthMay);
+    addComplete(practice);
+    addNamed(practice, {"Adu", "Durand"});
+    QCOMPARE(practice.store.perform("getNumber").answer(), QJsonValue(QJsonObject{{"count", 3}}));
+    QCOMPARE(practice.store.perform("getWaitingNumber").answer(), QJsonValue(QJsonObject{{"count", 1}}));
+}
+
+void tst_StoreReading::waiting_rows_are_raw_and_in_name_order()
+{
+    PracticeAt practice(noonOfTwelfthMay);
+    addComplete(practice);
+    practice.file.run({"INSERT INTO Patients (name, notification_date) VALUES ('Zoé', '2014-05-01')",
+                       "INSERT INTO Patients (name, notification_date) VALUES ('adu', '2014-05-02')",
+                       "INSERT INTO Patients (name, notification_date) VALUES ('Béa', '2014-05-13')",
+                       "INSERT INTO Patients (name, notification_date) VALUES ('Cléo', '')"});
+    const QJsonArray rows = practice.store.perform("selectWaiting").answer().toArray();
+    QCOMPARE(listed(rows), QString("adu, DUPONT Marie, Zoé"));
+    QCOMPARE(rows.at(1).toObject(), completeRow);
+}
+
+void tst_StoreReading::waiting_rows_keep_their_nulls()
+{
+    PracticeAt practice(noonOfTwelfthMay);
+    addBare(practice);
+    QCOMPARE(practice.store.perform("selectWaiting").answer(),
+             QJsonValue(QJsonArray{bareRow(QJsonValue::Null)}));
+}
+
+void tst_StoreReading::nobody_waiting_is_an_empty_list()
+{
+    Practice practice;
+    addNamed(practice, {"Dupont"});
+    QCOMPARE(practice.store.perform("selectWaiting").answer(), QJsonValue(QJsonArray()));
+}
+
+int main(int argc, char **argv)
+{
+    const TestHome home;
+    QCoreApplication application(argc, argv);
+    tst_StoreReading test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_StoreReading.moc"

@@ -1,0 +1,254 @@
+#include "storedocument.h"
+#include "testclock.h"
+#include "testhome.h"
+
+#include <QQmlComponent>
+#include <QQmlEngine>
+#include <QtTest>
+
+namespace {
+
+/// A store over a storage that only writes down what is asked of it.
+class Recorded
+{
+public:
+    Recorded()
+    {
+        m_engine.addImportPath("qrc:/tests/standin");
+        QQmlComponent component(&m_engine, QUrl("qrc:/tests/StandInDocument.qml"));
+        m_standIn.reset(component.create());
+        if (!m_standIn)
+            qFatal("%s", qPrintable(component.errorString()));
+        store.reset(new StoreDocument(&m_engine));
+    }
+
+    void set(const char *property, const QVariant &value) { m_standIn->setProperty(property, value); }
+
+    QStringList takeJournal()
+    {
+        QVariant journal;
+        QMetaObject::invokeMethod(m_standIn.data(), "takeJournal", Q_RETURN_ARG(QVariant, journal));
+        return journal.toStringList();
+    }
+
+    /// What an operation of an opened store asks for.
+    QStringList journalOf(const QString &operation, const QJsonArray &values)
+    {
+        store->perform("init");
+        takeJournal();
+        store->perform(operation, values);
+        return takeJournal();
+    }
+
+private:
+    QQmlEngine m_engine;
+    QScopedPointer<QObject> m_standIn;
+
+public:
+    QScopedPointer<StoreDocument> store;
+};
+
+const QString head = "SELECT *, strftime(\"%d/%m/%Y\", created) AS created_format, "
+                     "(notification_date <= date(\"now\") AND notification_date != \"\") AS waiting FROM `Patients`";
+
+const QString waitingCondition = " WHERE notification_date <= date(\"now\") AND notification_date != \"\"";
+
+const QJsonObject marie{
+    {"id", 4}, {"genderMale", false}, {"name", "DUPONT Marie"}, {"phone", "01"}, {"created", "2014-04-10"},
+    {"test", 1}, {"test_date", "2014-04-11"}, {"rdv1", 2}, {"date1", "2014-04-12"},
+    {"confirmation", 3}, {"confirmation_date", "2014-04-13"}, {"rdv2", 4}, {"date2", "2014-04-14"},
+    {"rdv3", 5}, {"date3", "2014-04-15"}, {"notification_date", "2014-09-15"}};
+
+} // namespace
+
+class tst_StoreStatements : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void database_is_opened_with_these_values();
+    void table_is_created_if_it_is_not_there();
+    void version_is_changed_with_this_statement_data();
+    void version_is_changed_with_this_statement();
+
+    void reads_are_these_statements_in_one_transaction_data();
+    void reads_are_these_statements_in_one_transaction();
+    void writes_are_these_statements_in_one_transaction_data();
+    void writes_are_these_statements_in_one_transaction();
+    void empty_list_asks_for_nothing();
+
+    void write_is_committed_before_its_callback_and_inside_its_transaction();
+    void failing_write_is_rolled_back_and_thrown_on();
+    void count_is_told_only_when_there_is_exactly_one_row_data();
+    void count_is_told_only_when_there_is_exactly_one_row();
+};
+
+void tst_StoreStatements::database_is_opened_with_these_values()
+{
+    Recorded recorded;
+    recorded.store->perform("init");
+    recorded.store->perform("init");
+    QCOMPARE(recorded.takeJournal().filter("open "),
+             QStringList{"open [\"Tandry\",\"\",\"Tandry widget storage\",500000]"});
+}
+
+void tst_StoreStatements::table_is_created_if_it_is_not_there()
+{
+    Recorded recorded;
+    recorded.store->perform("init");
+    QCOMPARE(recorded.takeJournal().filter("CREATE"),
+             QStringList{"CREATE TABLE IF NOT EXISTS `Patients`(`id` INTEGER PRIMARY KEY AUTOINCREMENT,"
+                         "`genderMale` tinyint(1) NOT NULL DEFAULT \"0\",`name` TEXT COLLATE NOCASE NOT NULL,"
+                         "`phone` TEXT DEFAULT \"\",`created` date,"
+                         "`test` tinyint(1) DEFAULT 0,`test_date` date DEFAULT \"\","
+                         "`rdv1` tinyint(1) DEFAULT 0,`date1` date DEFAULT \"\","
+                         "`confirmation` tinyint(1) DEFAULT 0,`confirmation_date` date DEFAULT \"\","
+                         "`rdv2` tinyint(1) DEFAULT 0,`date2` date DEFAULT \"\","
+                         "`rdv3` tinyint(1) DEFAULT 0,`date3` date DEFAULT \"\","
+                         "`notification_date` date DEFAULT \"\")"});
+}
+
+void tst_StoreStatements::version_is_changed_with_this_statement_data()
+{
+    QTest::addColumn<QString>("version");
+    QTest::addColumn<QStringList>("change");
+    const QString drop = "DROP TABLE `Patients`";
+    QTest::newRow("1.0") << "1.0" << QStringList{"change from 1.0 to 1.3", drop};
+    QTest::newRow("1.1") << "1.1" << QStringList{"change from 1.1 to 1.3", drop};
+    QTest::newRow("1.2") << "1.2" << QStringList{"change from 1.2 to 1.3", drop};
+    QTest::newRow("new") << "" << QStringList{"change from  to 1.3", "DROP TABLE IF EXISTS `Patients`"};
+    QTest::newRow("current") << "1.3" << QStringList();
+    QTest::newRow("unknown") << "9.9" << QStringList();
+}
+
+void tst_StoreStatements::version_is_changed_with_this_statement()
+{
+    QFETCH(QString, version);
+    Recorded recorded;
+    recorded.set("version", version);
+    recorded.store->perform("init");
+    QTEST(recorded.takeJournal().filter(QRegularExpression("^(change|DROP)")), "change");
+}
+
+void tst_StoreStatements::reads_are_these_statements_in_one_transaction_data()
+{
+    QTest::addColumn<QString>("operation");
+    QTest::addColumn<QJsonArray>("values");
+    QTest::addColumn<QStringList>("statements");
+    QTest::newRow("select by filter") << "select" << QJsonArray{"du"}
+        << QStringList{head + " WHERE `name` LIKE ? ORDER BY name [\"du%\"]",
+                       head + " WHERE `name` LIKE ? AND `name` NOT LIKE ? ORDER BY name [\"%du%\",\"du%\"]"};
+    QTest::newRow("select all") << "select" << QJsonArray{""} << QStringList{head + " ORDER BY name"};
+    QTest::newRow("get") << "get" << QJsonArray{3} << QStringList{head + " WHERE `id` = ? [3]"};
+    QTest::newRow("getWaitingNumber") << "getWaitingNumber" << QJsonArray()
+        << QStringList{"SELECT COUNT(*) AS count FROM `Patients`" + waitingCondition};
+    QTest::newRow("getNumber") << "getNumber" << QJsonArray()
+        << QStringList{"SELECT COUNT(*) AS count FROM `Patients`"};
+    QTest::newRow("selectWaiting") << "selectWaiting" << QJsonArray()
+        << QStringList{"SELECT *, strftime(\"%d/%m/%Y\", created) AS created_format FROM `Patients`"
+                       + waitingCondition + " ORDER BY name"};
+}
+
+void tst_StoreStatements::reads_are_these_statements_in_one_transaction()
+{
+    QFETCH(QString, operation);
+    QFETCH(QJsonArray, values);
+    QFETCH(QStringList, statements);
+    QCOMPARE(Recorded().journalOf(operation, values),
+             QStringList{"transaction"} + statements + QStringList{"end"});
+}
+
+void tst_StoreStatements::writes_are_these_statements_in_one_transaction_data()
+{
+    QTest::addColumn<QString>("operation");
+    QTest::addColumn<QJsonArray>("values");
+    QTest::addColumn<QString>("statement");
+    QTest::newRow("update") << "update" << QJsonArray{marie}
+        << "UPDATE `Patients` SET `genderMale` = ?, `name` = ?, `phone` = ?, `test` = ?, `test_date` = ?, `rdv1` = ?, "
+           "`date1` = ?, `confirmation` = ?, `confirmation_date` = ?, `rdv2` = ?, `date2` = ?, `rdv3` = ?, "
+           "`date3` = ?, `notification_date` = ? WHERE id = ? "
+           "[false,\"DUPONT Marie\",\"01\",1,\"2014-04-11\",2,\"2014-04-12\",3,\"2014-04-13\",4,\"2014-04-14\",5,"
+           "\"2014-04-15\",\"2014-09-15\",4]";
+    QTest::newRow("insert") << "insert" << QJsonArray{marie}
+        << "INSERT INTO `Patients` (`genderMale`, `name`, `phone`, `created`, `test`, `test_date`, `rdv1`, `date1`, "
+           "`confirmation`, `confirmation_date`, `rdv2`, `date2`, `rdv3`, `date3`, `notification_date`) "
+           "VALUES(?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?) "
+           "[false,\"DUPONT Marie\",\"01\",\"2014-04-10\",1,\"2014-04-11\",2,\"2014-04-12\",3,\"2014-04-13\",4,"
+           "\"2014-04-14\",5,\"2014-04-15\",\"2014-05-12\"]";
+    QTest::newRow("remove") << "remove" << QJsonArray{3} << "DELETE FROM `Patients` WHERE id = ? [3]";
+    QTest::newRow("removeList of one") << "removeList" << QJsonArray{QJsonValue(QJsonArray{3})}
+        << "DELETE FROM `Patients` WHERE id = ? [3]";
+    QTest::newRow("removeList of two") << "removeList" << QJsonArray{QJsonValue(QJsonArray{3, 5})}
+        << "DELETE FROM `Patients` WHERE id = ? OR id = ? [3,5]";
+    QTest::newRow("removeList of four") << "removeList" << QJsonArray{QJsonValue(QJsonArray{9, 3, 5, 1})}
+        << "DELETE FROM `Patients` WHERE id = ? OR id = ? OR id = ? OR id = ? [9,3,5,1]";
+}
+
+void tst_StoreStatements::writes_are_these_statements_in_one_transaction()
+{
+    QFETCH(QString, operation);
+    QFETCH(QJsonArray, values);
+    QFETCH(QString, statement);
+    const TestClock clock("2014-05-12 12:00:00");
+    QCOMPARE(Recorded().journalOf(operation, values), (QStringList{"transaction", statement, "COMMIT", "end"}));
+}
+
+void tst_StoreStatements::empty_list_asks_for_nothing()
+{
+    QCOMPARE(Recorded().journalOf("removeList", {QJsonValue(QJsonArray())}), QStringList());
+}
+
+void tst_StoreStatements::write_is_committed_before_its_callback_and_inside_its_transaction()
+{
+    Recorded recorded;
+    recorded.store->perform("init");
+    recorded.takeJournal();
+    recorded.store->evaluate("Bdd.update({id: 4}, function () { Bdd.get(4, function () {}); })");
+    QStringList steps = recorded.takeJournal();
+    steps.replaceInStrings(QRegularExpression("^(UPDATE|SELECT) .*"), "\\1");
+    QCOMPARE(steps, (QStringList{"transaction", "UPDATE", "COMMIT", "transaction", "SELECT", "end", "end"}));
+}
+
+void tst_StoreStatements::failing_write_is_rolled_back_and_thrown_on()
+{
+    for (const char *failing : {"DELETE", "COMMIT"}) {
+        Recorded recorded;
+        recorded.store->perform("init");
+        recorded.takeJournal();
+        recorded.set("failing", failing);
+        QCOMPARE(recorded.store->performWithoutCallback("remove", {3}).thrown, QString("refused"));
+        QCOMPARE(recorded.takeJournal().mid(2).filter(QRegularExpression("^(ROLLBACK|end)")),
+                 (QStringList{"ROLLBACK", "end"}));
+    }
+}
+
+void tst_StoreStatements::count_is_told_only_when_there_is_exactly_one_row_data()
+{
+    QTest::addColumn<QVariantList>("rows");
+    QTest::addColumn<int>("calls");
+    const QVariantMap row{{"count", 4}};
+    QTest::newRow("none") << QVariantList() << 0;
+    QTest::newRow("one") << QVariantList{row} << 1;
+    QTest::newRow("two") << QVariantList{row, row} << 0;
+}
+
+void tst_StoreStatements::count_is_told_only_when_there_is_exactly_one_row()
+{
+    QFETCH(QVariantList, rows);
+    QFETCH(int, calls);
+    Recorded recorded;
+    recorded.store->perform("init");
+    recorded.set("rows", rows);
+    for (const char *operation : {"getNumber", "getWaitingNumber"})
+        QCOMPARE(recorded.store->perform(operation).answers.count(), calls);
+}
+
+int main(int argc, char **argv)
+{
+    const TestHome home;
+    QCoreApplication application(argc, argv);
+    tst_StoreStatements test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_StoreStatements.moc"
