@@ -18,6 +18,7 @@ Rectangle {
     signal clicked
 
     color: backgroundColor
+    enabled: !disabled
     height: Metrics.buttonHeight
     state: disabled ? "disabled" : clickable.containsMouse ? "hovered" : "base"
 

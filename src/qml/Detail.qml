@@ -22,25 +22,37 @@ Column {
 
     /// Shows the patient of that id, or a new one with that name when the id is null or "".
     function load(newId, name) {
-        loaded = false;
         if (newId === null || newId === "") {
+            loaded = false;
             currentId = "";
             model = {};
             displayModel();
             loaded = true;
             nameStatus.name = name;
         } else {
-            currentId = newId;
-            reload();
+            read(newId, state);
         }
     }
 
-    function reload() {
-        Bdd.get(currentId, function (record) {
-            model = record;
-            displayModel();
-            loaded = true;
-        });
+    /// Shows the stored patient of that id in that state; when the store throws, everything stays as it was.
+    function read(id, newState) {
+        var before = { id: currentId, state: state, loaded: loaded };
+
+        state = newState;
+        loaded = false;
+        currentId = id;
+        try {
+            Bdd.get(id, function (record) {
+                model = record;
+                displayModel();
+                loaded = true;
+            });
+        } catch (error) {
+            currentId = before.id;
+            state = before.state;
+            loaded = before.loaded;
+            throw error;
+        }
     }
 
     /// Shows `model` in all fields and questions.
@@ -115,7 +127,7 @@ Column {
     function dropAnswers() {
         loaded = false;
         Qt.callLater(function () {
-            displayModel();
+            pathway.display(model);
             loaded = true;
         });
     }
@@ -152,11 +164,11 @@ Column {
 
     /// Drops what is not saved: shows the stored patient again, or leaves the editor when there is none.
     function cancel() {
-        state = "base";
-        loaded = false;
         if (currentId !== "") {
-            reload();
+            read(currentId, "base");
         } else {
+            state = "base";
+            loaded = false;
             canceled();
         }
     }

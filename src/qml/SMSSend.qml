@@ -18,6 +18,7 @@ Rectangle {
 
     clip: true
     color: clickable.containsMouse ? Palette.smsHovered : Palette.sms
+    enabled: displayed
     height: internalHeight
     visible: height > 0
     width: Metrics.widgetWidth

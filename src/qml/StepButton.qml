@@ -12,6 +12,7 @@ Item {
     signal clicked
 
     clip: true
+    enabled: displayed
     height: internalHeight
     visible: height > 0
     width: Metrics.widgetWidth

@@ -136,7 +136,7 @@ Rectangle {
 
             placeholder: qsTr("NOM Prénom")
             visible: root.state !== "open" || opacity > 0
-            width: parent.width
+            width: Metrics.widgetWidth
             z: 1
 
             onChanged: root.state = "close"
@@ -149,7 +149,7 @@ Rectangle {
 
             opacity: 0
             visible: root.state === "open" || opacity > 0
-            width: parent.width
+            width: Metrics.widgetWidth
 
             onReset: root.leaveEditor()
         }

@@ -134,26 +134,27 @@ void WidgetService::createViews()
     // Before any view exists, or the transparent colour has no effect.
     QQuickWindow::setDefaultAlphaBuffer(true);
 
-    view = createView(true, QStringLiteral("main"));
+    view = new DraggableQuickView(true);
     Q_ASSERT(view);
+    load(*view, QStringLiteral("main"));
     const QQmlEngine *engine = view->engine();
     Q_ASSERT(engine);
     connect(engine, SIGNAL(quit()), this, SIGNAL(quit()));
 
-    contactView = createView(false, QStringLiteral("ContactPopup"));
+    contactView = new DraggableQuickView(false);
     Q_ASSERT(contactView);
-    listView = createView(false, QStringLiteral("ListPopup"));
+    load(*contactView, QStringLiteral("ContactPopup"));
+
+    listView = new DraggableQuickView(false);
     Q_ASSERT(listView);
+    load(*listView, QStringLiteral("ListPopup"));
 }
 
-DraggableQuickView *WidgetService::createView(bool onTop, const QString &document)
+void WidgetService::load(DraggableQuickView &window, const QString &document)
 {
-    auto *created = new DraggableQuickView(onTop);
-
-    created->rootContext()->setContextProperty(QStringLiteral("point_factor"), pointFactor);
-    created->setSource(QUrl(QStringLiteral("qrc:///qml/%1.qml").arg(document)));
-    created->setColor(Qt::transparent);
-    return created;
+    window.rootContext()->setContextProperty(QStringLiteral("point_factor"), pointFactor);
+    window.setSource(QUrl(QStringLiteral("qrc:///qml/%1.qml").arg(document)));
+    window.setColor(Qt::transparent);
 }
 
 void WidgetService::connectDocuments()

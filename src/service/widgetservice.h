@@ -75,7 +75,7 @@ private:
     void createTrayIcon();
     void startRefreshTimer();
     void createViews();
-    DraggableQuickView *createView(bool onTop, const QString &document);
+    void load(DraggableQuickView &window, const QString &document);
     void connectDocuments();
     void startStatistics();
     void incrementCounter(const QString &key);

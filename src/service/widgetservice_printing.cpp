@@ -1,8 +1,9 @@
 #include "widgetservice.h"
 
+#include "plainvariant.h"
+
 #include <QDateTime>
 #include <QDebug>
-#include <QJSValue>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QTextDocument>
@@ -20,12 +21,6 @@ struct Column
 
 // Who the patient is needs no explanation in the legend.
 constexpr int firstExplainedColumn = 3;
-
-/// An array of a document may arrive as a script value inside the variant.
-QVariant plainVariant(const QVariant &value)
-{
-    return value.userType() == qMetaTypeId<QJSValue>() ? value.value<QJSValue>().toVariant() : value;
-}
 
 bool isGiven(const QMap<QString, QVariant> &map, const char *date)
 {

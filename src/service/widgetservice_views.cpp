@@ -2,6 +2,7 @@
 
 #include "buildsettings.h"
 #include "draggablequickview.h"
+#include "plainvariant.h"
 
 #include <QMessageBox>
 #include <QQuickItem>
@@ -110,7 +111,7 @@ void WidgetService::openPatient(QString iid)
 
 void WidgetService::removedPatients(QVariant list)
 {
-    QMetaObject::invokeMethod(view->rootObject(), "removedPatients", Q_ARG(QVariant, list));
+    QMetaObject::invokeMethod(view->rootObject(), "removedPatients", Q_ARG(QVariant, plainVariant(list)));
 }
 
 void WidgetService::openAbout()
@@ -120,6 +121,6 @@ void WidgetService::openAbout()
 
     const QString text = tr("<h3>Vesk Tandry</h3><p>Version %1 - <em>%2</em></p>")
                              .arg(QLatin1String(BuildSettings::version), identifier.split(QLatin1Char('-')).first())
-        + QStringLiteral("<p>%1</p>").arg(QString::fromUtf8(BuildSettings::makerLine));
+        + tr("<p>%1</p>").arg(QString::fromUtf8(BuildSettings::makerLine));
     QMessageBox::about(dialogParent, tr("Vesk Tandry"), text);
 }

@@ -16,7 +16,7 @@ MouseArea {
         }
     }
 
-    activeFocusOnTab: enabled
+    activeFocusOnTab: true
     cursorShape: Qt.PointingHandCursor
     hoverEnabled: true
 

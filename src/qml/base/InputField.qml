@@ -14,6 +14,8 @@ TextField {
     property color selectionColor: Palette.white
     property color selectedTextColor: Palette.searchBar
 
+    // This Qt's own menu of a field ends in a script error.
+    menu: null
     style: TextFieldStyle {
         background: Item {}
         font {
