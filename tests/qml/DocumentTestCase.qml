@@ -1,0 +1,240 @@
+import QtQuick 2.2
+import QtTest 1.1
+
+// A test of one document: loads it into the window, finds its parts by what they are and show, and fails on warnings.
+TestCase {
+    id: testCase
+
+    property Item stage
+    // Warnings that the running test expects, as parts of their text.
+    property var expectedWarnings: []
+
+    function init() {
+        expectedWarnings = [];
+        Native.startLog();
+        Native.takeOpenedAddresses();
+        prepare();
+    }
+
+    function cleanup() {
+        // What the window-less platform says of itself when a menu opens is no warning of the program's.
+        var allowed = expectedWarnings.concat("This plugin does not support grabbing");
+        var unexpected = Native.takeWarnings().filter(function (text) {
+            return !allowed.some(function (part) { return text.indexOf(part) >= 0; });
+        });
+
+        Native.stopLog();
+        Native.unlockStore();
+        if (qtest_results.failed) {
+            saveScreenshot();
+        }
+        finish();
+        mouseMove(stage, stage.width - 1, stage.height - 1);
+        compare(unexpected, [], "warnings in the log");
+    }
+
+    /// What a test file does before and after each of its tests.
+    function prepare() {}
+    function finish() {}
+
+    function saveScreenshot() {
+        var file = testCase.name + "-" + qtest_results.functionName + ".png";
+
+        if (Native.saveWindow(stage, file)) {
+            console.info("The window at the failure: " + file);
+        }
+    }
+
+    /// The document of that name, deleted after the test.
+    function load(name, properties) {
+        var component = Qt.createComponent("qrc:/qml/" + name + ".qml");
+
+        compare(component.errorString(), "");
+        return createTemporaryObject(component, stage, properties || {});
+    }
+
+    /// The item and all items below it, parents first.
+    function tree(item) {
+        var found = [item];
+        var i;
+
+        for (i = 0; i < item.children.length; ++i) {
+            found = found.concat(tree(item.children[i]));
+        }
+        return found;
+    }
+
+    function where(item, condition) {
+        return tree(item).filter(condition);
+    }
+
+    function only(found, what) {
+        compare(found.length, 1, what + " found");
+        return found[0];
+    }
+
+    function isText(item) {
+        return ["Text", "WidgetText", "TableCell", "StepCell", "ContactText", "SiteLink"]
+            .indexOf(Native.typeName(item)) >= 0;
+    }
+
+    /// The one text item of that text.
+    function textItem(item, text) {
+        return only(where(item, function (each) { return isText(each) && each.text === text; }), "text " + text);
+    }
+
+    function hasText(item, text) {
+        return where(item, function (each) { return isText(each) && each.text === text && each.visible; }).length > 0;
+    }
+
+    function isPicture(item, file) {
+        return Native.typeName(item) === "Image" && item.source.toString() === "qrc:/images/" + file;
+    }
+
+    /// The one picture of that file.
+    function picture(item, file) {
+        return only(where(item, function (each) { return isPicture(each, file); }), "picture " + file);
+    }
+
+    /// The one control of that accessible name.
+    function named(item, name) {
+        return only(namedAll(item, name), "control " + name);
+    }
+
+    function namedAll(item, name) {
+        return where(item, function (each) {
+            var accessible = isControl(each) ? Native.accessible(each) : null;
+            return accessible && accessible.name === name;
+        });
+    }
+
+    /// All items of a type written in the documents, in order.
+    function ofType(item, type) {
+        return where(item, function (each) { return Native.typeName(each) === type; });
+    }
+
+    function isControl(item) {
+        return ["Clickable", "TableTick", "ImageButton", "InputField", "AnswerBox"].indexOf(Native.typeName(item)) >= 0;
+    }
+
+    /// The part of the document that a path names, its outermost step last: "picture cross.png in control Fermer".
+    function part(document, path) {
+        return path === "" ? document : path.split(" in ").reduceRight(step, document);
+    }
+
+    function step(item, name) {
+        var words = name.split(" ");
+        var rest = words.slice(1).join(" ");
+
+        switch (words[0]) {
+        case "text": return textItem(item, rest);
+        case "picture": return picture(item, rest);
+        case "control": return named(item, rest);
+        case "type": return only(ofType(item, rest), name);
+        case "parent": return step(item, words.slice(2).join(" ")).parent;
+        case "first": return ofType(item, rest)[0];
+        case "last": return ofType(item, rest).pop();
+        case "input": return only(where(item, isInput), name);
+        }
+        fail("What is " + name + "?");
+    }
+
+    /// The bare line of text inside a field.
+    function isInput(item) {
+        return item.hasOwnProperty("echoMode") && item.hasOwnProperty("cursorDelegate");
+    }
+
+    /// A property by its dotted name; edges are measured in the document.
+    function look(document, item, property) {
+        var place = item.mapToItem(document, 0, 0);
+
+        switch (property) {
+        case "left": return place.x;
+        case "top": return place.y;
+        case "right": return place.x + item.width;
+        case "bottom": return place.y + item.height;
+        case "behavior": return behaviorText(item);
+        }
+        return property.split(".").reduce(function (value, each) { return value[each]; }, item);
+    }
+
+    /// Compares one row of a table of looks: [state, part, property, expected].
+    function compareLook(document, row) {
+        var value = look(document, part(document, row.part), row.property);
+
+        if (typeof row.expected === "number") {
+            fuzzyCompare(value, row.expected, 0.001);
+        } else if (typeof row.expected === "string") {
+            compare(value.toString(), row.expected);
+        } else {
+            compare(value, row.expected);
+        }
+    }
+
+    /// Data rows of a table of looks.
+    function lookRows(table) {
+        return table.map(function (row) {
+            return {
+                tag: row.slice(0, 3).join("/"), state: row[0], part: row[1], property: row[2], expected: row[3]
+            };
+        });
+    }
+
+    function behaviorText(item) {
+        return Native.behaviors(item).map(function (each) {
+            return [each.kind, each.duration, each.easing].join(" ");
+        }).join(", ");
+    }
+
+    function spy(target, signalName) {
+        var made = createTemporaryQmlObject("import QtTest 1.1; SignalSpy {}", testCase, "spy");
+
+        made.target = target;
+        made.signalName = signalName;
+        verify(made.valid, signalName);
+        return made;
+    }
+
+    function click(item) {
+        mouseClick(item, item.width / 2, item.height / 2);
+    }
+
+    function hover(item) {
+        mouseMove(item, item.width / 2, item.height / 2);
+    }
+
+    function hasFocus(item) {
+        return Native.focusItem(item) === item;
+    }
+
+    /// Types a text where the keyboard is.
+    function type(text) {
+        text.split("").forEach(function (letter) { keyClick(letter); });
+    }
+
+    /// Makes the store hold these patients and no other; what a record leaves out has the table's own default.
+    function givenPatients(records) {
+        load("Autocomplete", { visible: false });
+        Native.rows("DELETE FROM Patients");
+        records.forEach(function (record) {
+            var names = Object.keys(record);
+
+            Native.rows("INSERT INTO Patients (" + names.join() + ") VALUES ("
+                        + names.map(function () { return "?"; }).join() + ")",
+                        names.map(function (name) { return record[name]; }));
+        });
+    }
+
+    /// The stored row of that id.
+    function stored(id) {
+        return Native.rows("SELECT * FROM Patients WHERE id = ?", [id])[0];
+    }
+
+    function today() {
+        return Qt.formatDate(new Date(), "yyyy-MM-dd");
+    }
+
+    function todayShown() {
+        return Qt.formatDate(new Date(), "dd/MM/yyyy");
+    }
+}

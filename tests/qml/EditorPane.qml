@@ -1,0 +1,26 @@
+import QtQuick 2.2
+import "qrc:/qml"
+
+// The patient editor under its name bar, bound to it as the main widget binds them.
+Item {
+    property alias detail: detail
+    property alias nameBar: nameBar
+
+    height: 760
+    width: 275
+
+    NameStatus {
+        id: nameBar
+
+        width: parent.width
+    }
+
+    Detail {
+        id: detail
+
+        externalGenderMale: nameBar.genderMale
+        externalName: nameBar.name
+        nameStatus: nameBar
+        y: 53
+    }
+}

@@ -1,0 +1,128 @@
+import QtQuick 2.2
+
+// A test of the patient editor.
+DocumentTestCase {
+    property Item pane
+    readonly property Item detail: pane ? pane.detail : null
+    readonly property Item nameBar: pane ? pane.nameBar : null
+
+    readonly property var keys: ["test", "rdv1", "confirmation", "rdv2", "rdv3"]
+    readonly property var dates: ["test_date", "date1", "confirmation_date", "date2", "date3"]
+
+    // A pane that serves all rows of one table, and the name of that table's test.
+    property Item kept
+    property string keptFor
+
+    function prepare() {
+        if (keptFor !== qtest_results.functionName) {
+            drop();
+            pane = createTemporaryObject(paneComponent(), stage);
+        }
+    }
+
+    function paneComponent() {
+        var component = Qt.createComponent("EditorPane.qml");
+
+        compare(component.errorString(), "");
+        return component;
+    }
+
+    /// One pane for all rows of the running test's table, brought into its state by the first of them.
+    function keep(bring) {
+        if (!kept) {
+            pane.visible = false;
+            pane = kept = paneComponent().createObject(stage);
+            keptFor = qtest_results.functionName;
+            bring();
+            rest();
+        }
+    }
+
+    function drop() {
+        if (kept) {
+            kept.destroy();
+        }
+        kept = null;
+        keptFor = "";
+    }
+
+    /// Stores one patient of id 1 with these fields and opens him.
+    function openPatient(fields) {
+        var record = { id: 1, name: "DUPONT Marie", genderMale: 1, phone: "0612", created: "2014-04-10",
+                       notification_date: "2014-09-15" };
+        var key;
+
+        for (key in fields || {}) {
+            record[key] = fields[key];
+        }
+        givenPatients([record]);
+        detail.load("1", "");
+        compare(detail.loaded, true);
+    }
+
+    /// Waits until every part has its target height; one that grows can hide another that shrinks from the sum.
+    function rest() {
+        tryVerify(function () {
+            return parts().every(function (part) { return part.height === part.internalHeight; });
+        });
+        waitForItemPolished(detail);
+    }
+
+    function parts() {
+        return [fields(), sms()].concat(ofType(detail, "Question"), ofType(detail, "StepButton"));
+    }
+
+    function question(key) {
+        return ofType(detail, "Question")[keys.indexOf(key)];
+    }
+
+    function gate(number) {
+        return ofType(detail, "StepButton")[number - 1];
+    }
+
+    function fields() { return ofType(detail, "PatientFields")[0]; }
+    function phone() { return named(detail, "Téléphone"); }
+    function validate() { return ofType(detail, "ActionButton")[0]; }
+    function cancelButton() { return ofType(detail, "ActionButton")[1]; }
+    function sms() { return ofType(detail, "SMSSend")[0]; }
+
+    /// What the answer boxes of a question show: "Oui", "Non", "" or, wrongly, "both".
+    function answerOf(key) {
+        var yes = question(key).yes.checked;
+        var no = question(key).no.checked;
+
+        return yes && no ? "both" : yes ? "Oui" : no ? "Non" : "";
+    }
+
+    function answers() {
+        return keys.map(answerOf);
+    }
+
+    /// Clicks an answer, unfolding its question first.
+    function answer(key, text) {
+        rest();
+        if (!question(key).checked) {
+            mouseClick(question(key), 100, 30);
+        }
+        rest();
+        click(named(question(key), text));
+    }
+
+    /// Ticks boxes without saving anything: {key: "Oui" or "Non"}.
+    function show(ticks) {
+        detail.loaded = false;
+        keys.forEach(function (key) {
+            question(key).yes.checked = ticks[key] === "Oui";
+            question(key).no.checked = ticks[key] === "Non";
+        });
+        detail.loaded = true;
+    }
+
+    function gates() {
+        return [detail.stepPassed, detail.step2Passed];
+    }
+
+    function displayed() {
+        return keys.map(function (key) { return question(key).displayed; });
+    }
+}

@@ -1,0 +1,82 @@
+import QtQuick 2.2
+
+// A test of the whole main widget.
+DocumentTestCase {
+    property Item main
+    // A widget that serves all rows of one table, and the name of that table.
+    property Item kept
+    property string keptFor
+
+    /// The main widget as it starts, over the patients that the store holds.
+    function start() {
+        drop();
+        main = load("main");
+        return main;
+    }
+
+    /// One widget for all rows of the table of that name, brought into its state by the first of them.
+    function keep(table, bring) {
+        if (keptFor !== table) {
+            drop();
+            kept = Qt.createComponent("qrc:/qml/main.qml").createObject(stage);
+            keptFor = table;
+            main = kept;
+            bring();
+        }
+        main = kept;
+    }
+
+    function drop() {
+        if (kept) {
+            kept.destroy();
+        }
+        kept = null;
+        keptFor = "";
+    }
+
+    function frame() { return ofType(main, "Container")[0]; }
+    function detail() { return ofType(main, "Detail")[0]; }
+    function results() { return ofType(main, "PatientsResults")[0]; }
+    function listPane() { return results().parent; }
+    function searchBar() { return ofType(main, "Autocomplete")[0]; }
+    function nameBar() { return ofType(main, "NameStatus")[0]; }
+    function search() { return named(main, "Rechercher un patient"); }
+    function nameField() { return named(main, "Nom du patient"); }
+
+    /// The menu of the frame and one of its items.
+    function menu() {
+        return only(listOf(frame().resources).filter(function (each) { return each.items !== undefined; }), "menu");
+    }
+
+    function menuItem(text) {
+        return only(listOf(menu().items).filter(function (each) { return each.text === text; }), "menu item " + text);
+    }
+
+    function timer(interval) {
+        return only(listOf(main.resources).filter(function (each) { return each.interval === interval; }),
+                    "timer of " + interval + " ms");
+    }
+
+    function listOf(list) {
+        return Array.prototype.slice.call(list);
+    }
+
+    /// Names in the result rows, from top to bottom.
+    function found() {
+        return ofType(results(), "PatientsItem").sort(function (a, b) { return a.y - b.y; })
+            .map(function (row) { return row.text; });
+    }
+
+    /// Waits until the editor or the list has slid in.
+    function settle() {
+        tryCompare(nameBar(), "opacity", main.state === "open" ? 1 : 0);
+        tryCompare(frame(), "height", frame().internalHeight);
+    }
+
+    /// Opens a stored patient, as a click on its row does.
+    function openFile(id) {
+        main.openPatient(id);
+        compare(detail().loaded, true);
+        settle();
+    }
+}

@@ -1,0 +1,232 @@
+import QtQuick 2.2
+
+Item {
+    id: desk
+
+    width: 400
+    height: 200
+
+    DocumentTestCase {
+        name: "Autocomplete"
+        stage: desk
+        when: windowShown
+
+        function bar() {
+            var made = load("Autocomplete", { placeholder: "NOM Prénom" });
+
+            made.width = 275;
+            return made;
+        }
+
+        function field(item) {
+            return named(item, "Rechercher un patient");
+        }
+
+        function names(item) {
+            var list = [];
+            var i;
+
+            for (i = 0; i < item.model.count; ++i) {
+                list.push(item.model.get(i).name);
+            }
+            return list;
+        }
+
+        function test_look_data() {
+            return lookRows([
+                ["", "", "height", 53],
+                ["", "", "color", "#8192ad"],
+                ["", "parent of picture loop.png", "color", "#405b82"],
+                ["", "parent of picture loop.png", "left", 0],
+                ["", "parent of picture loop.png", "width", 53],
+                ["", "parent of picture loop.png", "height", 53],
+                ["", "picture loop.png", "status", Image.Ready],
+                ["", "picture loop.png", "opacity", 0.6],
+                ["", "text NOM Prénom in control Rechercher un patient", "color", "#cbd2dd"],
+                ["", "input", "color", "#ffffff"],
+                ["", "input", "font.family", "Arial"],
+                ["", "input", "font.pointSize", 13],
+                ["", "input", "selectionColor", "#ffffff"],
+                ["", "input", "selectedTextColor", "#8192ad"],
+                ["", "control Effacer la recherche", "width", 40],
+                ["", "control Effacer la recherche", "right", 275],
+                ["", "picture cross.png", "status", Image.Ready],
+                ["", "picture cross.png", "opacity", 0.33]
+            ]);
+        }
+
+        function test_look(data) {
+            compareLook(bar(), data);
+        }
+
+        function test_field_has_no_background() {
+            compare(ofType(field(bar()), "Rectangle").length, 0);
+        }
+
+        function test_pictures_light_up_while_hovered_data() {
+            return [
+                { tag: "magnifier", control: "Rechercher", file: "loop.png", idle: 0.6 },
+                { tag: "cancel", control: "Effacer la recherche", file: "cross.png", idle: 0.33 }
+            ];
+        }
+
+        function test_pictures_light_up_while_hovered(data) {
+            var item = bar();
+
+            hover(named(item, data.control));
+            tryCompare(picture(item, data.file), "opacity", 1);
+            mouseMove(desk, 390, 190);
+            tryCompare(picture(item, data.file), "opacity", data.idle);
+        }
+
+        function test_starting_names_come_before_containing_ones_each_in_name_order() {
+            var item;
+
+            givenPatients([{ name: "Dupont" }, { name: "Adu" }, { name: "DURAND" }, { name: "Martin" },
+                           { name: "Aaron Dubois" }, { name: "dudu" }]);
+            item = bar();
+            item.text = "du";
+            compare(names(item), ["dudu", "Dupont", "DURAND", "Aaron Dubois", "Adu"]);
+        }
+
+        function test_model_rows_are_patient_records() {
+            var item;
+            var row;
+
+            givenPatients([{ id: 7, name: "Dupont", genderMale: 0, phone: "0612", created: "2014-04-10" }]);
+            item = bar();
+            item.text = "d";
+            row = item.model.get(0);
+            compare([row.id, row.name, row.genderMale, row.phone, row.created_format],
+                    [7, "Dupont", 0, "0612", "10/04/2014"]);
+        }
+
+        function test_active_and_has_results_data() {
+            return [
+                { tag: "nothing typed", text: "", active: false, hasResults: false },
+                { tag: "match", text: "d", active: true, hasResults: true },
+                { tag: "no match", text: "x", active: true, hasResults: false }
+            ];
+        }
+
+        function test_active_and_has_results(data) {
+            var item;
+
+            givenPatients([{ name: "Dupont" }]);
+            item = bar();
+            item.text = data.text;
+            compare(item.active, data.active);
+            compare(item.hasResults, data.hasResults);
+        }
+
+        function test_each_keystroke_and_the_clearing_tell_changed() {
+            var item;
+            var changed;
+
+            givenPatients([{ name: "Dupont" }]);
+            item = bar();
+            changed = spy(item, "changed");
+            item.focus();
+            keyClick("d");
+            compare(changed.count, 1);
+            compare(names(item), ["Dupont"]);
+            keyClick("x");
+            compare(changed.count, 2);
+            compare(names(item), []);
+            keyClick(Qt.Key_Backspace);
+            compare(changed.count, 3);
+            compare(names(item), ["Dupont"]);
+            item.reset();
+            compare(changed.count, 4);
+            compare(names(item), []);
+        }
+
+        function test_the_model_is_filled_before_changed_is_told() {
+            var item;
+            var seen = -1;
+
+            givenPatients([{ name: "Dupont" }]);
+            item = bar();
+            item.changed.connect(function () { seen = item.model.count; });
+            item.text = "d";
+            compare(seen, 1);
+        }
+
+        function test_reset_empties_the_text_and_takes_the_keyboard() {
+            var item = bar();
+
+            item.text = "d";
+            desk.forceActiveFocus();
+            item.reset();
+            compare(item.text, "");
+            verify(field(item).activeFocus);
+        }
+
+        function ways() {
+            return [{ tag: "mouse" }, { tag: "Return", key: Qt.Key_Return }, { tag: "Enter", key: Qt.Key_Enter },
+                    { tag: "Space", key: Qt.Key_Space }, { tag: "press action", press: true }];
+        }
+
+        function act(control, data) {
+            if (data.press) {
+                verify(Native.press(control));
+            } else if (data.key) {
+                control.forceActiveFocus();
+                keyClick(data.key);
+            } else {
+                click(control);
+            }
+        }
+
+        function test_magnifier_tells_changed_data() {
+            return ways();
+        }
+
+        function test_magnifier_tells_changed(data) {
+            var item = bar();
+            var changed = spy(item, "changed");
+
+            act(named(item, "Rechercher"), data);
+            compare(changed.count, 1);
+            compare(spy(item, "clicked").count, 0);
+        }
+
+        function test_cancel_resets_data() {
+            return ways();
+        }
+
+        function test_cancel_resets(data) {
+            var item = bar();
+
+            item.text = "du";
+            act(named(item, "Effacer la recherche"), data);
+            compare(item.text, "");
+            verify(field(item).activeFocus);
+        }
+
+        function test_clicked_is_never_told() {
+            var item = bar();
+            var clicked = spy(item, "clicked");
+
+            click(item);
+            click(named(item, "Rechercher"));
+            click(named(item, "Effacer la recherche"));
+            compare(clicked.count, 0);
+        }
+
+        function test_controls_have_roles_and_names() {
+            var item = bar();
+
+            compare(Native.accessible(named(item, "Rechercher")).role, "Button");
+            compare(Native.accessible(named(item, "Rechercher un patient")).role, "EditableText");
+            compare(Native.accessible(named(item, "Effacer la recherche")).role, "Button");
+        }
+
+        function test_a_right_click_in_the_field_writes_no_warning() {
+            var item = bar();
+
+            mouseClick(field(item), 40, 10, Qt.RightButton);
+            compare(item.text, "");
+        }
+    }
+}

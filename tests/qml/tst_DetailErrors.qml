@@ -1,0 +1,199 @@
+import QtQuick 2.2
+import QtQuick.LocalStorage 2.0
+
+Item {
+    id: desk
+
+    width: 400
+    height: 820
+
+    // While another program holds the database file.
+    EditorTestCase {
+        name: "DetailErrors"
+        stage: desk
+        when: windowShown
+
+        readonly property string locked: "database is locked"
+
+        function locks() {
+            return [{ tag: "read by another", kind: "read" }, { tag: "held by another", kind: "exclusive" }];
+        }
+
+        function lock(data) {
+            expectedWarnings = [locked, "unable to rollback", "cannot start a transaction"];
+            beImpatient();
+            verify(Native.lockStore(data.kind));
+        }
+
+        /// The documents' one connection gives up after 50 ms instead of a second.
+        function beImpatient() {
+            LocalStorage.openDatabaseSync("Tandry", "", "", 0).transaction(function (tx) {
+                tx.executeSql("PRAGMA busy_timeout = 50");
+            });
+        }
+
+        function test_an_answer_that_was_not_stored_is_not_shown_as_given_data() {
+            return locks();
+        }
+
+        function test_an_answer_that_was_not_stored_is_not_shown_as_given(data) {
+            var needRefresh = spy(detail, "needRefresh");
+
+            openPatient();
+            rest();
+            lock(data);
+            click(named(question("test"), "Non"));
+            tryCompare(detail, "loaded", true);
+            compare(answerOf("test"), "");
+            compare(question("test").date, "");
+            compare(question("rdv1").displayed, false);
+            compare(needRefresh.count, 0);
+            compare(gates(), [true, true]);
+            compare(validate().disabled, false);
+            Native.unlockStore();
+            compare([stored(1).test_date, stored(1).notification_date], ["", "2014-09-15"]);
+        }
+
+        function test_a_switch_that_was_not_stored_shows_the_old_answer_data() {
+            return locks();
+        }
+
+        function test_a_switch_that_was_not_stored_shows_the_old_answer(data) {
+            openPatient({ test: 1, test_date: "2014-05-01" });
+            question("test").checked = true;
+            rest();
+            lock(data);
+            click(named(question("test"), "Non"));
+            tryCompare(detail, "loaded", true);
+            compare(answerOf("test"), "Oui");
+            compare(question("test").date, "2014-05-01");
+            Native.unlockStore();
+            compare([stored(1).test, stored(1).test_date], [1, "2014-05-01"]);
+        }
+
+        function test_the_same_answer_is_stored_once_the_store_is_free_again() {
+            openPatient();
+            rest();
+            lock({ kind: "exclusive" });
+            click(named(question("test"), "Non"));
+            tryCompare(detail, "loaded", true);
+            Native.unlockStore();
+            answer("test", "Non");
+            compare([stored(1).test, stored(1).test_date], [0, today()]);
+            compare(answerOf("test"), "Non");
+        }
+
+        function test_later_answers_survive_an_answer_that_was_not_stored() {
+            openPatient({ test: 1, test_date: "2014-05-01", confirmation: 1, confirmation_date: "2014-05-03" });
+            rest();
+            question("test").checked = true;
+            rest();
+            lock({ kind: "exclusive" });
+            click(named(question("test"), "Non"));
+            tryCompare(detail, "loaded", true);
+            compare(answers(), ["Oui", "", "Oui", "", ""]);
+            compare(question("confirmation").date, "2014-05-03");
+            compare(gates(), [true, true]);
+        }
+
+        // The editor has not read the new record back, so it holds the name in its fields only.
+        function test_a_failed_answer_right_after_a_creation_keeps_name_and_phone() {
+            givenPatients([]);
+            detail.load("", "Nouveau");
+            nameBar.genderMale = false;
+            phone().text = "0699";
+            rest();
+            click(validate());
+            rest();
+            lock({ kind: "exclusive" });
+            click(named(question("test"), "Non"));
+            tryCompare(detail, "loaded", true);
+            compare(answerOf("test"), "");
+            compare([nameBar.name, nameBar.genderMale, phone().text], ["Nouveau", false, "0699"]);
+            Native.unlockStore();
+            answer("test", "Non");
+            compare(Native.rows("SELECT name, genderMale, phone, test_date FROM Patients"),
+                    [{ name: "Nouveau", genderMale: 0, phone: "0699", test_date: today() }]);
+        }
+
+        function test_a_failed_save_keeps_what_was_typed_and_the_button_data() {
+            return locks();
+        }
+
+        function test_a_failed_save_keeps_what_was_typed_and_the_button(data) {
+            var needRefresh = spy(detail, "needRefresh");
+
+            openPatient();
+            nameBar.name = "DURAND";
+            nameBar.genderMale = false;
+            phone().text = "0699";
+            rest();
+            lock(data);
+            click(validate());
+            compare([nameBar.name, nameBar.genderMale, phone().text], ["DURAND", false, "0699"]);
+            compare(detail.state, "buttons");
+            compare(detail.loaded, true);
+            compare(validate().disabled, false);
+            compare(needRefresh.count, 0);
+            Native.unlockStore();
+            compare(stored(1).name, "DUPONT Marie");
+            click(validate());
+            compare([stored(1).name, stored(1).genderMale, stored(1).phone], ["DURAND", 0, "0699"]);
+            compare(detail.state, "base");
+        }
+
+        // Were the questions shown while nothing is loaded, an answer would show as given and be dropped.
+        function test_a_failed_cancel_stays_with_the_edits() {
+            openPatient();
+            phone().text = "07";
+            rest();
+            lock({ kind: "exclusive" });
+            click(cancelButton());
+            compare(detail.loaded, true);
+            compare(detail.state, "buttons");
+            compare(phone().text, "07");
+            compare(displayed(), [false, false, false, false, false]);
+            Native.unlockStore();
+            click(cancelButton());
+            compare(phone().text, "0612");
+            compare(detail.state, "base");
+        }
+
+        function test_a_failed_creation_keeps_what_was_typed_and_the_button() {
+            var needRefresh = spy(detail, "needRefresh");
+
+            givenPatients([]);
+            detail.load("", "Nouveau");
+            phone().text = "0699";
+            rest();
+            lock({ kind: "exclusive" });
+            click(validate());
+            compare([nameBar.name, phone().text, detail.currentId], ["Nouveau", "0699", ""]);
+            compare(detail.state, "buttons");
+            compare(validate().disabled, false);
+            compare(needRefresh.count, 0);
+            Native.unlockStore();
+            click(validate());
+            compare(Native.rows("SELECT name, phone FROM Patients"), [{ name: "Nouveau", phone: "0699" }]);
+        }
+
+        function test_a_failed_deletion_stays_on_the_patient() {
+            var needRefresh = spy(detail, "needRefresh");
+            var canceled = spy(detail, "canceled");
+
+            openPatient();
+            nameBar.name = "";
+            rest();
+            lock({ kind: "exclusive" });
+            click(validate());
+            compare([needRefresh.count, canceled.count], [0, 0]);
+            compare(detail.currentId, "1");
+            compare(validate().disabled, false);
+            Native.unlockStore();
+            compare(stored(1).name, "DUPONT Marie");
+            click(validate());
+            compare(Native.rows("SELECT id FROM Patients"), []);
+            compare(canceled.count, 1);
+        }
+    }
+}

@@ -1,0 +1,187 @@
+import QtQuick 2.2
+
+Item {
+    id: desk
+
+    width: 400
+    height: 760
+
+    MainTestCase {
+        name: "MainHeights"
+        stage: desk
+        when: windowShown
+
+        function prepare() {
+            givenPatients([{ id: 1, name: "DUPONT Marie" }]);
+        }
+
+        /// What the root wrote about its height.
+        function loggedHeights() {
+            return Native.takeTraces().filter(function (text) { return /^qml: [0-9.]+$|^[0-9.]+$/.test(text); });
+        }
+
+        function test_frame_states_data() {
+            return [
+                { tag: "base", height: 174, target: 174 },
+                { tag: "results", height: 326, target: 326 },
+                { tag: "detail", height: 638, target: 638 }
+            ];
+        }
+
+        // A frame alone counts with an editor of 538.
+        function test_frame_states(data) {
+            var item = load("Container");
+
+            compare(item.internalContentHeight, 538);
+            compare(item.internalContentInternalHeight, 538);
+            item.internalState = data.tag;
+            compare(item.internalHeight, data.target);
+            tryCompare(item, "height", data.height);
+        }
+
+        function test_frame_takes_current_and_target_height_of_the_editor_apart() {
+            var item = load("Container", { internalContentHeight: 100, internalContentInternalHeight: 250 });
+
+            item.internalState = "detail";
+            compare(item.internalHeight, 350);
+            tryCompare(item, "height", 200);
+            item.internalContentHeight = 240;
+            tryCompare(item, "height", 340);
+            compare(item.internalHeight, 350);
+        }
+
+        function test_root_has_the_frames_target_as_its_own() {
+            start();
+            compare(main.internalHeight, 174);
+            main.openPatient("1");
+            compare(main.internalHeight, 339);
+            compare(frame().internalHeight, 339);
+        }
+
+        function test_growing_happens_at_once_and_is_logged_as_the_bare_number() {
+            start();
+            Native.takeTraces();
+            search().text = "d";
+            compare(main.height, 326);
+            compare(loggedHeights(), ["326"]);
+        }
+
+        function test_shrinking_waits_a_second_and_is_logged_as_the_bare_number() {
+            var since;
+
+            start();
+            search().text = "d";
+            settle();
+            Native.takeTraces();
+            since = Date.now();
+            search().text = "";
+            compare(frame().internalHeight, 174);
+            tryCompare(frame(), "height", 174);
+            compare(main.height, 326);
+            compare(loggedHeights(), []);
+            tryCompare(main, "height", 174);
+            verify(Date.now() - since >= 950, "shrunk after " + (Date.now() - since) + " ms");
+            compare(loggedHeights(), ["174"]);
+        }
+
+        function test_shrink_timer_fires_once_after_1000_ms() {
+            start();
+            compare(timer(1000).repeat, false);
+            compare(timer(1000).running, false);
+        }
+
+        function test_a_pending_shrink_is_cancelled_by_growing_again() {
+            start();
+            search().text = "d";
+            search().text = "";
+            compare(timer(1000).running, true);
+            search().text = "d";
+            compare(timer(1000).running, false);
+            compare(main.height, 326);
+        }
+
+        function test_a_pending_shrink_is_put_off_by_another_lower_target() {
+            start();
+            openFile("1");
+            compare(main.height, 339);
+            search().text = "d";
+            compare(main.internalHeight, 326);
+            compare(timer(1000).running, true);
+            search().text = "";
+            compare(main.internalHeight, 174);
+            compare(main.height, 339);
+            tryCompare(main, "height", 174);
+        }
+
+        function test_an_equal_target_changes_nothing() {
+            start();
+            search().text = "d";
+            Native.takeTraces();
+            search().text = "du";
+            compare(main.height, 326);
+            compare(timer(1000).running, false);
+            compare(loggedHeights(), []);
+        }
+
+        function test_editor_heights_data() {
+            return [
+                { tag: "new patient without a name", height: 200 },
+                { tag: "new patient with a name", name: "D", height: 238 },
+                { tag: "stored patient without an answer", id: "1", height: 339, settles: true },
+                { tag: "stored patient, tests refused", id: "1", set: "test = 0, test_date = '2014-05-01'",
+                  height: 399 },
+                { tag: "stored patient, tests made", id: "1", set: "test = 1, test_date = '2014-05-01'", height: 399 },
+                { tag: "stored patient, two answers", id: "1",
+                  set: "test = 1, test_date = '2014-05-01', confirmation = 1, confirmation_date = '2014-05-01'",
+                  height: 459 },
+                { tag: "stored patient, three answers", id: "1",
+                  set: "test = 1, test_date = '2014-05-01', confirmation = 1, confirmation_date = '2014-05-01', "
+                       + "rdv2 = 1, date2 = '2014-05-02'",
+                  height: 519 }
+            ];
+        }
+
+        // 100 of the frame, 100 or 138 of the fields, 60 for each question and 40 for the unfolded one, 1 above the
+        // first question and 38 of the SMS bar.
+        function test_editor_heights(data) {
+            if (data.set) {
+                Native.rows("UPDATE Patients SET " + data.set);
+            }
+            start();
+            if (data.id) {
+                main.openPatient(data.id);
+            } else {
+                search().text = data.name || "";
+                click(named(main, data.name ? "Créer la fiche patient" : "Nouvelle fiche patient"));
+            }
+            compare(main.internalHeight, data.height);
+            compare(main.height, Math.max(data.height, data.name ? 326 : 174));
+            if (data.settles) {
+                tryCompare(frame(), "height", data.height);
+                compare(detail().height, data.height - 100);
+            }
+        }
+
+        function test_a_target_is_the_sum_of_targets_and_not_of_current_heights() {
+            start();
+            openFile("1");
+            detail().externalName = "other";
+            compare(detail().internalHeight, 138 + 38);
+            compare(detail().height, 239);
+            tryCompare(detail(), "height", 176);
+        }
+
+        function test_ready_is_told_once_two_seconds_after_the_start() {
+            var since = Date.now();
+            var ready;
+
+            start();
+            ready = spy(main, "ready");
+            compare(timer(2000).repeat, false);
+            compare(timer(2000).running, true);
+            tryCompare(ready, "count", 1);
+            verify(Date.now() - since >= 1950, "ready after " + (Date.now() - since) + " ms");
+            compare(timer(2000).running, false);
+        }
+    }
+}

@@ -1,0 +1,171 @@
+import QtQuick 2.2
+
+Item {
+    id: desk
+
+    width: 400
+    height: 760
+
+    MainTestCase {
+        name: "MainSearch"
+        stage: desk
+        when: windowShown
+
+        function prepare() {
+            givenPatients([
+                { id: 1, name: "Dupont", notification_date: "2014-01-01" },
+                { id: 2, name: "Adu", genderMale: 1 },
+                { id: 3, name: "DURAND", notification_date: "2014-01-01" },
+                { id: 4, name: "Martin" }
+            ]);
+            start();
+        }
+
+        function test_start_counts_the_patients_and_gives_the_search_the_keyboard() {
+            compare(main.number, 2);
+            compare(main.total, 4);
+            verify(search().activeFocus);
+            compare(main.state, "");
+        }
+
+        function test_refresh_counts_again_and_nothing_else_does() {
+            Native.rows("DELETE FROM Patients WHERE id = 1");
+            search().text = "d";
+            compare(main.number, 2);
+            compare(main.total, 4);
+            main.refresh();
+            compare(main.number, 1);
+            compare(main.total, 3);
+        }
+
+        function test_typing_lists_starting_names_then_containing_ones() {
+            type("du");
+            compare(search().text, "du");
+            tryVerify(function () { return found().length === 3; });
+            compare(found(), ["Dupont", "DURAND", "Adu"]);
+            compare(frame().internalState, "results");
+        }
+
+        function test_erasing_empties_the_list_and_the_frame_goes_back() {
+            type("d");
+            compare(frame().internalState, "results");
+            keyClick(Qt.Key_Backspace);
+            compare(searchBar().model.count, 0);
+            compare(frame().internalState, "base");
+            compare(frame().internalHeight, 174);
+            tryCompare(results(), "opacity", 0);
+            tryCompare(frame(), "height", 174);
+        }
+
+        function test_no_match_keeps_the_frame_small() {
+            type("x");
+            compare(frame().internalState, "base");
+            compare(main.height, 174);
+        }
+
+        function test_creation_link_reads_by_what_is_typed_data() {
+            return [
+                { tag: "nothing", text: "", link: "Nouvelle fiche patient" },
+                { tag: "match", text: "d", link: "Créer la fiche patient" },
+                { tag: "no match", text: "xyz", link: "Créer la fiche patient" },
+                { tag: "blank", text: " ", link: "Créer la fiche patient" }
+            ];
+        }
+
+        function test_creation_link_reads_by_what_is_typed(data) {
+            search().text = data.text;
+            compare(named(listPane(), data.link).visible, true);
+            compare(namedAll(listPane(), data.link === "Nouvelle fiche patient" ? "Créer la fiche patient"
+                                                                              : "Nouvelle fiche patient").length, 0);
+        }
+
+        function test_waiting_link_shows_the_number_of_waiting_patients() {
+            var link = named(main, "Liste des patients en attente (2)").parent;
+
+            compare(picture(link, "counter-tiny.png").visible, true);
+            compare(textItem(link, "2").visible, true);
+            Native.rows("UPDATE Patients SET notification_date = ''");
+            main.refresh();
+            compare(picture(link, "counter-tiny.png").visible, false);
+        }
+
+        function test_every_result_shows_the_male_icon() {
+            type("du");
+            tryVerify(function () { return found().length === 3; });
+            ofType(results(), "PatientsItem").forEach(function (row) { picture(row, "male.png"); });
+        }
+
+        function test_a_click_on_a_result_opens_its_patient() {
+            type("du");
+            tryCompare(frame(), "height", 326);
+            click(named(results(), "DURAND"));
+            compare(main.state, "open");
+            compare(detail().currentId, "3");
+            compare(nameField().text, "DURAND");
+            verify(nameField().activeFocus);
+            compare(frame().internalState, "detail");
+        }
+
+        function test_creation_link_opens_a_new_patient_of_the_typed_name_even_with_results() {
+            type("Dup");
+            click(named(main, "Créer la fiche patient"));
+            compare(main.state, "open");
+            compare(detail().currentId, "");
+            compare(nameField().text, "Dup");
+            compare(detail().state, "buttons");
+            verify(nameField().activeFocus);
+        }
+
+        function test_creation_link_without_a_text_opens_a_nameless_patient_who_cannot_be_saved() {
+            click(named(main, "Nouvelle fiche patient"));
+            compare(main.state, "open");
+            compare(nameField().text, "");
+            compare(detail().state, "base");
+            verify(nameField().activeFocus);
+            keyClick("a");
+            keyClick(Qt.Key_Backspace);
+            compare(detail().state, "buttons");
+            compare(named(main, "Enregistrer").parent.disabled, true);
+        }
+
+        function test_typing_while_the_editor_is_open_returns_to_the_results() {
+            main.openPatient("1");
+            compare(main.state, "open");
+            searchBar().text = "du";
+            compare(main.state, "close");
+            compare(frame().internalState, "results");
+            tryVerify(function () { return found().length === 3; });
+            tryCompare(searchBar(), "opacity", 1);
+            tryCompare(nameBar(), "opacity", 0);
+            tryCompare(listPane().anchors, "leftMargin", 0);
+        }
+
+        function test_magnifier_returns_to_the_list_too() {
+            main.openPatient("1");
+            searchBar().changed();
+            compare(main.state, "close");
+        }
+
+        function test_a_search_after_a_deletion_elsewhere_no_longer_finds_the_patient() {
+            type("du");
+            tryVerify(function () { return found().length === 3; });
+            Native.rows("DELETE FROM Patients WHERE id = 3");
+            keyClick("r");
+            tryVerify(function () { return found().length === 0; });
+        }
+
+        function test_wildcards_and_quotes_are_typed_like_any_text_data() {
+            return [
+                { tag: "percent", text: "%", results: 4 },
+                { tag: "underscore", text: "_", results: 4 },
+                { tag: "quote", text: "'", results: 0 },
+                { tag: "double quote", text: "\"", results: 0 }
+            ];
+        }
+
+        function test_wildcards_and_quotes_are_typed_like_any_text(data) {
+            type(data.text);
+            compare(searchBar().model.count, data.results);
+        }
+    }
+}

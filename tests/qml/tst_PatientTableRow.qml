@@ -1,0 +1,385 @@
+import QtQuick 2.2
+
+Item {
+    id: desk
+
+    width: 820
+    height: 120
+
+    DocumentTestCase {
+        name: "PatientTableRow"
+        stage: desk
+        when: windowShown
+
+        readonly property string marie: "DUPONT Marie"
+
+        function row(properties) {
+            var item = load("PatientTableRow", { iid: "7", iname: marie, icreated: "10/04/2014", iphone: "06 11 22 33 44" });
+            var key;
+
+            for (key in properties || {}) {
+                item[key] = properties[key];
+            }
+            return item;
+        }
+
+        function cell(item, number) {
+            return ofType(item, "StepCell")[number];
+        }
+
+        function test_look_data() {
+            return lookRows([
+                ["", "", "width", 798],
+                ["", "", "height", 42],
+                ["", "text " + marie, "left", 47.88],
+                ["", "text " + marie, "width", 151.62],
+                ["", "text " + marie, "horizontalAlignment", Text.AlignLeft],
+                ["", "text " + marie, "font.bold", true],
+                ["", "text " + marie, "font.family", "Arial"],
+                ["", "text " + marie, "font.pointSize", 11.7],
+                ["", "text " + marie, "color", "#002357"],
+                ["", "text " + marie, "elide", Text.ElideRight],
+                ["", "text " + marie, "textFormat", Text.PlainText],
+                ["", "text 10/04/2014", "left", 211.47],
+                ["", "text 10/04/2014", "width", 71.82],
+                ["", "text 10/04/2014", "horizontalAlignment", Text.AlignHCenter],
+                ["", "text 10/04/2014", "font.pointSize", 10.4],
+                ["", "text 10/04/2014", "font.bold", false],
+                ["", "text 10/04/2014", "color", "#002357"],
+                ["", "first StepCell", "left", 295.26],
+                ["", "first StepCell", "width", 55.86],
+                ["", "first StepCell", "horizontalAlignment", Text.AlignHCenter],
+                ["", "first StepCell", "font.pointSize", 10.4],
+                ["", "last StepCell", "left", 566.58],
+                ["", "last StepCell", "right", 622.44],
+                ["", "parent of text 06 11 22 33 44", "left", 634.41],
+                ["", "parent of text 06 11 22 33 44", "right", 706.23],
+                ["", "text 06 11 22 33 44", "horizontalAlignment", Text.AlignHCenter],
+                ["", "text 06 11 22 33 44", "font.pointSize", 10.4],
+                ["", "text 06 11 22 33 44", "truncated", false],
+                ["", "type ButtonSMS", "left", 718.2],
+                ["", "type ButtonSMS", "width", 71.82],
+                ["", "type ButtonSMS", "height", 23.94],
+                ["", "type TickMark", "left", 15],
+                ["", "type TickMark", "top", 12],
+                ["", "type TickMark", "width", 18],
+                ["", "type TickMark", "height", 18],
+                ["", "type TickMark", "radius", 2],
+                ["", "type TickMark", "color", "#ffffff"],
+                ["", "control Sélectionner " + marie, "left", 0],
+                ["", "control Sélectionner " + marie, "right", 39.9],
+                ["", "control Sélectionner " + marie, "height", 42],
+                ["", "control Ouvrir " + marie, "left", 39.9],
+                ["", "control Ouvrir " + marie, "right", 694.26],
+                ["", "control Ouvrir " + marie, "height", 42],
+                ["ticked", "type TickMark", "color", "#6888b9"],
+                ["ticked", "picture tiny-tick.png", "visible", true],
+                ["ticked", "picture tiny-tick.png", "status", Image.Ready]
+            ]);
+        }
+
+        function test_look(data) {
+            compareLook(row(data.state === "ticked" ? { ichecked: true } : {}), data);
+        }
+
+        function test_button_is_centred_in_the_row() {
+            var button = ofType(row(), "ButtonSMS")[0];
+
+            fuzzyCompare(button.y + button.height / 2, 21, 0.5);
+        }
+
+        function test_background_data() {
+            return [
+                { tag: "odd", pair: false, hovered: false, expected: "#111111" },
+                { tag: "even", pair: true, hovered: false, expected: "#222222" },
+                { tag: "odd, hovered", pair: false, hovered: true, expected: "#333333" },
+                { tag: "even, hovered", pair: true, hovered: true, expected: "#444444" }
+            ];
+        }
+
+        function test_background(data) {
+            var item = row({
+                pair: data.pair, rowColor: "#111111", pairRowColor: "#222222", rowColorHovered: "#333333",
+                pairRowColorHovered: "#444444"
+            });
+
+            if (data.hovered) {
+                hover(named(item, "Ouvrir " + marie));
+                tryCompare(item, "state", "hovered");
+            }
+            compare(item.color.toString(), data.expected);
+        }
+
+        function test_entering_either_zone_hovers_and_leaving_restores_data() {
+            return [{ tag: "tick zone", x: 20 }, { tag: "open zone, left end", x: 41 },
+                    { tag: "open zone, right end", x: 693 }];
+        }
+
+        function test_entering_either_zone_hovers_and_leaving_restores(data) {
+            var item = row();
+
+            compare(item.state, "base");
+            mouseMove(item, data.x, 21);
+            tryCompare(item, "state", "hovered");
+            mouseMove(item, 700, 21);
+            tryCompare(item, "state", "base");
+        }
+
+        function test_a_click_opens_the_patient_only_in_the_open_zone_data() {
+            return [
+                { tag: "tick zone", x: 38, opens: 0, ticks: true },
+                { tag: "open zone, left end", x: 41, opens: 1, ticks: false },
+                { tag: "open zone, right end", x: 693, opens: 1, ticks: false },
+                { tag: "between open zone and SMS", x: 700, opens: 0, ticks: false },
+                { tag: "right margin", x: 795, opens: 0, ticks: false }
+            ];
+        }
+
+        function test_a_click_opens_the_patient_only_in_the_open_zone(data) {
+            var item = row();
+            var opened = spy(item, "openPatient");
+            var clicked = spy(item, "clicked");
+
+            mouseClick(item, data.x, 21);
+            compare(opened.count, data.opens);
+            compare(clicked.count, data.opens);
+            compare(item.exchecked, data.ticks);
+            if (data.opens) {
+                compare(opened.signalArguments[0][0], "7");
+            }
+        }
+
+        function test_the_box_follows_the_model_and_the_user() {
+            var item = row();
+            var mark = ofType(item, "TickMark")[0];
+
+            item.ichecked = true;
+            compare(mark.checked, true);
+            compare(item.exchecked, true);
+            mouseClick(item, 20, 21);
+            compare(mark.checked, false);
+            compare(item.exchecked, false);
+            compare(item.ichecked, true);
+            item.ichecked = false;
+            item.ichecked = true;
+            compare(mark.checked, true);
+        }
+
+        function test_keyboard_and_assistive_tools_data() {
+            return [
+                { tag: "tick by Space", control: "Sélectionner ", key: Qt.Key_Space, opens: 0, ticks: true },
+                { tag: "tick by Return", control: "Sélectionner ", key: Qt.Key_Return, opens: 0, ticks: true },
+                { tag: "tick by press", control: "Sélectionner ", opens: 0, ticks: true },
+                { tag: "open by Return", control: "Ouvrir ", key: Qt.Key_Return, opens: 1, ticks: false },
+                { tag: "open by Space", control: "Ouvrir ", key: Qt.Key_Space, opens: 1, ticks: false },
+                { tag: "open by press", control: "Ouvrir ", opens: 1, ticks: false }
+            ];
+        }
+
+        function test_keyboard_and_assistive_tools(data) {
+            var item = row();
+            var opened = spy(item, "openPatient");
+            var control = named(item, data.control + marie);
+
+            if (data.key) {
+                control.forceActiveFocus();
+                keyClick(data.key);
+            } else {
+                verify(Native.press(control));
+            }
+            compare(opened.count, data.opens);
+            compare(item.exchecked, data.ticks);
+        }
+
+        function test_roles_and_states() {
+            var item = row();
+            var tick = named(item, "Sélectionner " + marie);
+
+            compare(Native.accessible(tick).role, "CheckBox");
+            compare(Native.accessible(tick).checkable, true);
+            compare(Native.accessible(tick).checked, false);
+            item.ichecked = true;
+            compare(Native.accessible(tick).checked, true);
+            compare(Native.accessible(named(item, "Ouvrir " + marie)).role, "Button");
+            compare(Native.accessible(named(item, "Envoi SMS")).role, "Button");
+        }
+
+        function test_a_long_name_is_cut_on_one_line() {
+            var name = "CHEVALIER Marie-Antoinette de la Tour du Pin";
+            var text = textItem(row({ iname: name }), name);
+
+            compare(text.truncated, true);
+            compare(text.lineCount, 1);
+        }
+
+        function test_a_name_is_no_markup() {
+            verify(hasText(row({ iname: "<b>A</b> & B" }), "<b>A</b> & B"));
+        }
+
+        // Each cell over all combinations of what it depends on, in its own pathway: dates, flags, texts before it.
+        readonly property string given: "2014-05-12"
+
+        function test_skin_tests_data() {
+            return [
+                { tag: "null, 0", date: null, flag: 0, text: "?", bold: true },
+                { tag: "null, 1", date: null, flag: 1, text: "?", bold: true },
+                { tag: "empty, 0", date: "", flag: 0, text: "?", bold: true },
+                { tag: "empty, 1", date: "", flag: 1, text: "?", bold: true },
+                { tag: "given, 0", date: given, flag: 0, text: "Non", bold: false },
+                { tag: "given, 1", date: given, flag: 1, text: "Oui", bold: false },
+                { tag: "given, 2", date: given, flag: 2, text: "Non", bold: false }
+            ];
+        }
+
+        function test_skin_tests(data) {
+            compareCell(row({ itest_date: data.date, itest: data.flag }), 0, data);
+        }
+
+        function test_work_up_data() {
+            return [
+                { tag: "nothing", test_date: "", test: 0, date: "", flag: 0, text: "", bold: true },
+                { tag: "nothing, flag 1", test_date: "", test: 0, date: "", flag: 1, text: "", bold: true },
+                { tag: "no test, test flag 1", test_date: "", test: 1, date: "", flag: 0, text: "", bold: true },
+                { tag: "no test, both flags 1", test_date: "", test: 1, date: "", flag: 1, text: "", bold: true },
+                { tag: "test null", test_date: null, test: 0, date: null, flag: 0, text: "", bold: true },
+                { tag: "negative", test_date: given, test: 0, date: "", flag: 0, text: "?", bold: true },
+                { tag: "negative, flag 1", test_date: given, test: 0, date: "", flag: 1, text: "?", bold: true },
+                { tag: "positive", test_date: given, test: 1, date: "", flag: 0, text: "-", bold: false },
+                { tag: "positive, flag 1", test_date: given, test: 1, date: "", flag: 1, text: "-", bold: false },
+                { tag: "positive, null", test_date: given, test: 1, date: null, flag: 0, text: "-", bold: false },
+                { tag: "test 2 is no yes", test_date: given, test: 2, date: "", flag: 0, text: "?", bold: true },
+                { tag: "given alone, no", test_date: "", test: 0, date: given, flag: 0, text: "Non", bold: true },
+                { tag: "given alone, yes", test_date: "", test: 0, date: given, flag: 1, text: "Oui", bold: false },
+                { tag: "given, test flag, no", test_date: "", test: 1, date: given, flag: 0, text: "Non", bold: true },
+                { tag: "given, test flag, yes", test_date: "", test: 1, date: given, flag: 1, text: "Oui", bold: false },
+                { tag: "negative, no", test_date: given, test: 0, date: given, flag: 0, text: "Non", bold: true },
+                { tag: "negative, yes", test_date: given, test: 0, date: given, flag: 1, text: "Oui", bold: false },
+                { tag: "positive, no", test_date: given, test: 1, date: given, flag: 0, text: "Non", bold: true },
+                { tag: "positive, yes", test_date: given, test: 1, date: given, flag: 1, text: "Oui", bold: false },
+                { tag: "flag 2", test_date: given, test: 0, date: given, flag: 2, text: "Non", bold: false }
+            ];
+        }
+
+        function test_work_up(data) {
+            compareCell(row({ itest_date: data.test_date, itest: data.test, idate1: data.date, irdv1: data.flag }), 1, data);
+        }
+
+        function test_allergy_data() {
+            return [
+                { tag: "after nothing", before: "", date: "", flag: 0, text: "", bold: false },
+                { tag: "after nothing, flag 1", before: "", date: "", flag: 1, text: "", bold: false },
+                { tag: "after nothing, no", before: "", date: given, flag: 0, text: "Non", bold: false },
+                { tag: "after nothing, yes", before: "", date: given, flag: 1, text: "Oui", bold: false },
+                { tag: "after ?", before: "?", date: "", flag: 0, text: "", bold: false },
+                { tag: "after ?, flag 1", before: "?", date: "", flag: 1, text: "", bold: false },
+                { tag: "after ?, no", before: "?", date: given, flag: 0, text: "Non", bold: false },
+                { tag: "after ?, yes", before: "?", date: given, flag: 1, text: "Oui", bold: false },
+                { tag: "after -", before: "-", date: "", flag: 0, text: "?", bold: true },
+                { tag: "after -, null", before: "-", date: null, flag: 0, text: "?", bold: true },
+                { tag: "after -, flag 1", before: "-", date: "", flag: 1, text: "?", bold: true },
+                { tag: "after -, no", before: "-", date: given, flag: 0, text: "Non", bold: false },
+                { tag: "after -, yes", before: "-", date: given, flag: 1, text: "Oui", bold: false },
+                { tag: "after Oui", before: "Oui", date: "", flag: 0, text: "?", bold: true },
+                { tag: "after Oui, flag 1", before: "Oui", date: "", flag: 1, text: "?", bold: true },
+                { tag: "after Oui, no", before: "Oui", date: given, flag: 0, text: "Non", bold: false },
+                { tag: "after Oui, yes", before: "Oui", date: given, flag: 1, text: "Oui", bold: false },
+                { tag: "after Non", before: "Non", date: "", flag: 0, text: "", bold: false },
+                { tag: "after Non, flag 1", before: "Non", date: "", flag: 1, text: "", bold: false },
+                { tag: "after Non, no", before: "Non", date: given, flag: 0, text: "Non", bold: false },
+                { tag: "after Non, yes", before: "Non", date: given, flag: 1, text: "Oui", bold: false }
+            ];
+        }
+
+        function test_allergy(data) {
+            var item = row(workUpReading(data.before));
+
+            item.iconfirmation_date = data.date;
+            item.iconfirmation = data.flag;
+            compare(cell(item, 1).text, data.before);
+            compareCell(item, 2, data);
+        }
+
+        function workUpReading(text) {
+            return {
+                "": {},
+                "?": { itest_date: given, itest: 0 },
+                "-": { itest_date: given, itest: 1 },
+                "Oui": { itest_date: given, itest: 0, idate1: given, irdv1: 1 },
+                "Non": { itest_date: given, itest: 0, idate1: given, irdv1: 0 }
+            }[text];
+        }
+
+        function test_first_intake_data() {
+            return appointmentRows();
+        }
+
+        function test_first_intake(data) {
+            var item = row(allergyReading(data.before));
+
+            item.idate2 = data.date;
+            item.irdv2 = data.flag;
+            compare(cell(item, 2).text, data.before);
+            compareCell(item, 3, data);
+        }
+
+        function allergyReading(text) {
+            return {
+                "": {},
+                "?": { itest_date: given, itest: 1 },
+                "Oui": { itest_date: given, itest: 1, iconfirmation_date: given, iconfirmation: 1 },
+                "Non": { itest_date: given, itest: 1, iconfirmation_date: given, iconfirmation: 0 }
+            }[text];
+        }
+
+        function test_review_data() {
+            return appointmentRows();
+        }
+
+        function test_review(data) {
+            var item = row(allergyReading(data.before === "" ? "" : "Oui"));
+
+            if (data.before === "Oui" || data.before === "Non") {
+                item.idate2 = given;
+                item.irdv2 = data.before === "Oui" ? 1 : 0;
+            }
+            item.idate3 = data.date;
+            item.irdv3 = data.flag;
+            compare(cell(item, 3).text, data.before);
+            compareCell(item, 4, data);
+        }
+
+        function appointmentRows() {
+            return [
+                { tag: "after nothing", before: "", date: "", flag: 0, text: "", bold: true },
+                { tag: "after nothing, flag 1", before: "", date: "", flag: 1, text: "", bold: true },
+                { tag: "after nothing, no", before: "", date: given, flag: 0, text: "Non", bold: true },
+                { tag: "after nothing, yes", before: "", date: given, flag: 1, text: "Oui", bold: false },
+                { tag: "after ?", before: "?", date: "", flag: 0, text: "", bold: true },
+                { tag: "after ?, flag 1", before: "?", date: "", flag: 1, text: "", bold: true },
+                { tag: "after ?, no", before: "?", date: given, flag: 0, text: "Non", bold: true },
+                { tag: "after ?, yes", before: "?", date: given, flag: 1, text: "Oui", bold: false },
+                { tag: "after Oui", before: "Oui", date: "", flag: 0, text: "?", bold: true },
+                { tag: "after Oui, null", before: "Oui", date: null, flag: 0, text: "?", bold: true },
+                { tag: "after Oui, flag 1", before: "Oui", date: "", flag: 1, text: "?", bold: true },
+                { tag: "after Oui, no", before: "Oui", date: given, flag: 0, text: "Non", bold: true },
+                { tag: "after Oui, yes", before: "Oui", date: given, flag: 1, text: "Oui", bold: false },
+                { tag: "after Oui, flag 2", before: "Oui", date: given, flag: 2, text: "Non", bold: false },
+                { tag: "after Non", before: "Non", date: "", flag: 0, text: "", bold: true },
+                { tag: "after Non, flag 1", before: "Non", date: "", flag: 1, text: "", bold: true },
+                { tag: "after Non, no", before: "Non", date: given, flag: 0, text: "Non", bold: true },
+                { tag: "after Non, yes", before: "Non", date: given, flag: 1, text: "Oui", bold: false }
+            ];
+        }
+
+        /// The cell's text and weight, and its colour in both lists.
+        function compareCell(item, number, data) {
+            var step = cell(item, number);
+
+            compare(step.text, data.text);
+            compare(step.font.bold, data.bold);
+            compare(step.color.toString(), "#002357");
+            item.red = true;
+            compare(step.color.toString(), data.bold ? "#e50000" : "#002357");
+        }
+    }
+}

@@ -1,0 +1,120 @@
+import QtQuick 2.2
+
+Item {
+    id: desk
+
+    width: 400
+    height: 300
+
+    ListModel { id: patients }
+
+    DocumentTestCase {
+        name: "PatientsResults"
+        stage: desk
+        when: windowShown
+
+        function list(count) {
+            var made;
+            var i;
+
+            patients.clear();
+            for (i = 1; i <= count; ++i) {
+                patients.append({ id: i, name: "PATIENT " + i, genderMale: i % 2 });
+            }
+            made = load("PatientsResults", { width: 275, height: 152, model: patients });
+            tryVerify(function () { return ofType(made, "PatientsItem").length === Math.min(count, 4)
+                                        || ofType(made, "PatientsItem").length >= 4; });
+            return made;
+        }
+
+        function rows(item) {
+            return ofType(item, "PatientsItem").sort(function (a, b) { return a.y - b.y; });
+        }
+
+        function test_rows_stand_one_below_the_other() {
+            var item = list(3);
+
+            compare(rows(item).map(function (row) { return row.y; }), [0, 38, 76]);
+            compare(rows(item).map(function (row) { return row.text; }), ["PATIENT 1", "PATIENT 2", "PATIENT 3"]);
+        }
+
+        // The second patient is a woman.
+        function test_every_row_shows_the_male_icon() {
+            rows(list(3)).forEach(function (row) { picture(row, "male.png"); });
+        }
+
+        function test_selected_gives_id_and_name_and_always_a_man_data() {
+            return [{ tag: "man", index: 0, id: "1", name: "PATIENT 1" },
+                    { tag: "woman", index: 1, id: "2", name: "PATIENT 2" }];
+        }
+
+        function test_selected_gives_id_and_name_and_always_a_man(data) {
+            var item = list(2);
+            var selected = spy(item, "selected");
+
+            click(rows(item)[data.index]);
+            compare(selected.count, 1);
+            compare([selected.signalArguments[0][0], selected.signalArguments[0][1], selected.signalArguments[0][2]],
+                    [data.id, data.name, true]);
+        }
+
+        /// The scroll bar's parts, by their colours.
+        function coloured(item, shade) {
+            return where(item, function (each) {
+                return Native.typeName(each) === "Rectangle" && each.color.toString() === shade && each.visible;
+            });
+        }
+
+        function test_scroll_bar_is_thin_and_always_there() {
+            var item = list(10);
+            var handle = only(coloured(item, "#405c83"), "handle");
+            var mark = only(coloured(item, "#556e91"), "mark");
+            var groove = only(coloured(item, "#8192ac"), "groove");
+
+            compare(handle.width, 4);
+            compare(groove.width, 4);
+            compare([mark.width, mark.height], [2, 2]);
+            verify(Native.isBelow(mark, handle));
+            compare(item.__style.transientScrollBars, false);
+            compare(item.__style.decrementControl, null);
+            compare(item.__style.incrementControl, null);
+            verify(groove.height >= 150, "no room is left for arrows");
+        }
+
+        function test_few_rows_need_no_scroll_bar() {
+            compare(coloured(list(4), "#405c83").length, 0);
+        }
+
+        function test_rows_beyond_the_fourth_are_scrolled_to() {
+            var item = list(10);
+
+            mouseWheel(item, 100, 100, 0, -1200);
+            tryVerify(function () { return item.flickableItem.contentY > 0; });
+        }
+
+        function test_first_row_is_opened_and_given_the_keyboard() {
+            var item = list(2);
+            var selected = spy(item, "selected");
+
+            item.focusFirst();
+            verify(hasFocus(named(item, "PATIENT 1")));
+            item.selectFirst();
+            compare(selected.signalArguments[0][0], "1");
+        }
+
+        function test_no_first_row_opens_nothing() {
+            var item = list(0);
+            var selected = spy(item, "selected");
+
+            item.selectFirst();
+            compare(selected.count, 0);
+        }
+
+        function test_list_has_a_role_and_a_name() {
+            var accessible = Native.accessible(list(1));
+
+            compare(accessible.role, "List");
+            compare(accessible.name, "Patients trouvés");
+        }
+    }
+}

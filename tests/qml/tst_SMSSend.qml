@@ -1,0 +1,103 @@
+import QtQuick 2.2
+
+Item {
+    id: desk
+
+    width: 400
+    height: 200
+
+    DocumentTestCase {
+        name: "SMSSend"
+        stage: desk
+        when: windowShown
+
+        readonly property string caption: "Envoyer le SMS de rappel"
+
+        function test_look_data() {
+            return lookRows([
+                ["", "", "displayed", true],
+                ["", "", "internalHeight", 38],
+                ["", "", "height", 38],
+                ["", "", "width", 275],
+                ["", "", "clip", true],
+                ["", "", "color", "#6989ba"],
+                ["", "", "behavior", "number 300 InOutQuad"],
+                ["", "picture next-white.png", "status", Image.Ready],
+                ["", "picture next-white.png", "right", 265],
+                ["", "picture next-white.png", "top", 0],
+                ["", "picture next-white.png", "height", 38],
+                ["", "picture next-white.png", "fillMode", Image.PreserveAspectFit],
+                ["", "text " + caption, "color", "#ffffff"],
+                ["", "text " + caption, "font.family", "Arial"],
+                ["", "text " + caption, "font.bold", true],
+                ["", "text " + caption, "font.pointSize", 14.3],
+                ["", "text " + caption, "renderType", Text.NativeRendering],
+                ["", "control " + caption, "cursorShape", Qt.PointingHandCursor]
+            ]);
+        }
+
+        function test_look(data) {
+            compareLook(load("SMSSend"), data);
+        }
+
+        function test_hovering_changes_the_colour_and_leaving_restores_it() {
+            var item = load("SMSSend");
+
+            hover(item);
+            tryVerify(function () { return item.color.toString() === "#4f79b8"; });
+            mouseMove(desk, 390, 190);
+            tryVerify(function () { return item.color.toString() === "#6989ba"; });
+        }
+
+        function test_hiding_shuts_the_bar_over_an_animation_around_its_centred_text() {
+            var item = load("SMSSend");
+            var text = textItem(item, caption);
+
+            item.displayed = false;
+            compare(item.internalHeight, 0);
+            compare(item.height, 38);
+            tryVerify(function () { return item.height > 0 && item.height < 38; });
+            fuzzyCompare(text.y + text.height / 2, item.height / 2, 1);
+            fuzzyCompare(text.x + text.width / 2, 137.5, 1);
+            tryCompare(item, "height", 0);
+            compare(item.visible, false);
+            item.displayed = true;
+            compare(item.internalHeight, 38);
+            compare(item.height, 0);
+            tryCompare(item, "height", 38);
+        }
+
+        function test_activation_opens_the_services_page_without_anything_of_the_patient_data() {
+            return [{ tag: "mouse" }, { tag: "Return", key: Qt.Key_Return }, { tag: "Enter", key: Qt.Key_Enter },
+                    { tag: "Space", key: Qt.Key_Space }, { tag: "press action", press: true }];
+        }
+
+        function test_activation_opens_the_services_page_without_anything_of_the_patient(data) {
+            var item = load("SMSSend");
+            var clicked = spy(item, "clicked");
+            var control = named(item, caption);
+
+            if (data.press) {
+                verify(Native.press(control));
+            } else if (data.key) {
+                control.forceActiveFocus();
+                keyClick(data.key);
+            } else {
+                click(item);
+            }
+            compare(clicked.count, 1);
+            compare(Native.takeOpenedAddresses(), ["http://" + Native.smsHost() + "/vesk_sms/"]);
+        }
+
+        function test_a_right_click_opens_nothing() {
+            var item = load("SMSSend");
+
+            mouseClick(item, 100, 19, Qt.RightButton);
+            compare(Native.takeOpenedAddresses(), []);
+        }
+
+        function test_name_is_the_text() {
+            compare(Native.accessible(named(load("SMSSend"), caption)).role, "Button");
+        }
+    }
+}

@@ -1,0 +1,133 @@
+import QtQuick 2.2
+import QtQuick.Controls 1.1
+
+Item {
+    id: desk
+
+    width: 420
+    height: 80
+
+    ExclusiveGroup {
+        id: group
+    }
+
+    DocumentTestCase {
+        name: "TabPopup"
+        stage: desk
+        when: windowShown
+
+        function tab(properties) {
+            var item = load("TabPopup", { title: "Onglet", width: 200, height: 42 });
+            var key;
+
+            for (key in properties || {}) {
+                item[key] = properties[key];
+            }
+            return item;
+        }
+
+        function test_look_data() {
+            return lookRows([
+                ["", "", "checked", false],
+                ["", "", "hovered", false],
+                ["", "", "state", "base"],
+                ["", "", "color", "#c8dcfc"],
+                ["", "", "normalColor", "#c8dcfc"],
+                ["", "", "hoveredColor", "#b0ccfd"],
+                ["", "", "checkedColor", "#f9f9f9"],
+                ["", "text Onglet", "color", "#002357"],
+                ["", "text Onglet", "font.family", "Arial"],
+                ["", "text Onglet", "font.bold", true],
+                ["", "text Onglet", "font.pointSize", 14.3],
+                ["", "control Onglet", "cursorShape", Qt.PointingHandCursor],
+                ["checked", "", "state", "checked"],
+                ["checked", "", "color", "#f9f9f9"],
+                ["checked", "control Onglet", "cursorShape", Qt.ArrowCursor],
+                ["hovered", "", "state", "hovered"],
+                ["hovered", "", "color", "#b0ccfd"],
+                ["checked hovered", "", "state", "checked"],
+                ["checked hovered", "", "color", "#f9f9f9"]
+            ]);
+        }
+
+        function test_look(data) {
+            var item = tab({ checked: data.state.indexOf("checked") >= 0 });
+
+            if (data.state.indexOf("hovered") >= 0) {
+                hover(item);
+                tryCompare(item, "hovered", true);
+            }
+            compareLook(item, data);
+        }
+
+        function test_title_is_centred() {
+            var item = tab();
+            var text = textItem(item, "Onglet");
+
+            fuzzyCompare(text.x + text.width / 2, 100, 1);
+            fuzzyCompare(text.y + text.height / 2, 21, 1);
+        }
+
+        function test_children_stand_left_of_the_title() {
+            var item = createTemporaryQmlObject(
+                "import QtQuick 2.2; import 'qrc:/qml'; TabPopup { width: 200; height: 42; title: 'Onglet';"
+                + " Rectangle { width: 24; height: 24 } }", desk);
+            var text = textItem(item, "Onglet");
+            var child = where(item, function (each) { return each !== item && each.width === 24; })[1];
+
+            compare(look(item, child, "right"), text.x - 5);
+            compare(look(item, child, "top"), 9);
+        }
+
+        function test_activation_checks_and_never_unchecks_data() {
+            return [{ tag: "mouse" }, { tag: "Return", key: Qt.Key_Return }, { tag: "Space", key: Qt.Key_Space },
+                    { tag: "press action", press: true }];
+        }
+
+        function test_activation_checks_and_never_unchecks(data) {
+            var item = tab();
+            var clicked = spy(item, "clicked");
+            var changed = spy(item, "checkedChanged");
+            var round;
+
+            for (round = 1; round <= 2; ++round) {
+                activate(item, data);
+                compare(item.checked, true);
+                compare(clicked.count, round);
+                compare(changed.count, 1);
+            }
+        }
+
+        function activate(item, data) {
+            var control = named(item, "Onglet");
+
+            if (data.press) {
+                verify(Native.press(control));
+            } else if (data.key) {
+                control.forceActiveFocus();
+                keyClick(data.key);
+            } else {
+                click(item);
+            }
+        }
+
+        function test_its_group_unchecks_the_other() {
+            var first = tab({ exclusiveGroup: group, checked: true });
+            var second = tab({ exclusiveGroup: group });
+
+            click(second);
+            compare(second.checked, true);
+            compare(first.checked, false);
+        }
+
+        function test_role_and_state() {
+            var item = tab();
+            var control = named(item, "Onglet");
+
+            compare(Native.accessible(control).role, "PageTab");
+            compare(Native.accessible(control).checked, false);
+            item.checked = true;
+            compare(Native.accessible(control).checked, true);
+        }
+    }
+}
