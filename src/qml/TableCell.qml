@@ -11,6 +11,7 @@ WidgetText {
     points: 8
     verticalAlignment: Text.AlignVCenter
 
+    Accessible.ignored: text === ""
     Accessible.name: text
     Accessible.role: Accessible.StaticText
 }

@@ -93,9 +93,13 @@ Rectangle {
     onHeightChanged: console.log(height)
     onInternalHeightChanged: followFrame()
     Component.onCompleted: {
-        Bdd.init(refresh);
-        readyTimer.start();
-        autocomplete.focus();
+        try {
+            Bdd.init(refresh);
+        } finally {
+            // A store that does not open leaves a widget that lives and tries again.
+            readyTimer.start();
+            autocomplete.focus();
+        }
     }
     Keys.onPressed: openMenuByKey(event)
 

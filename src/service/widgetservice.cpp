@@ -64,7 +64,8 @@ WidgetService::WidgetService(QObject *parent)
     startRefreshTimer();
     createViews();
     connectDocuments();
-    emit autorunChanged(QVariant(m_autorun->isAutorun()));
+    // The main document is connected by now and hears it.
+    emit autorunChanged(QVariant(m_autorun->isAutorun())); // clazy:exclude=incorrect-emit
     startStatistics();
 }
 

@@ -35,7 +35,7 @@ QStringList fields()
 /// The value as the service reads it: truth values as 1 and 0, whatever the field.
 QString fieldText(const QVariant &value)
 {
-    const QString text = value.toString();
+    QString text = value.toString();
 
     if (text == QLatin1String("true")) {
         return QStringLiteral("1");

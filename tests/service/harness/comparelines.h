@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QStringList>
+#include <QtTest>
+
+/// Compares two lists of lines and, where they differ, shows both whole.
+#define COMPARE_LINES(actual, ...)                                                                                     \
+    do {                                                                                                               \
+        const QStringList actualLines = (actual);                                                                      \
+        const QStringList expectedLines(__VA_ARGS__);                                                                  \
+        QVERIFY2(actualLines == expectedLines,                                                                         \
+                 qPrintable("Actual:\n  " + actualLines.join("\n  ") + "\nExpected:\n  "                               \
+                            + expectedLines.join("\n  ")));                                                            \
+    } while (false)

@@ -1,0 +1,39 @@
+import QtQuick 2.2
+
+// A document that only keeps what the service asks of it.
+Rectangle {
+    id: root
+
+    property var number: 0
+    property var total: 0
+    property var calls: []
+    property var nextNumber
+    property var nextTotal
+
+    function keep(call) {
+        calls = calls.concat([call]);
+        console.log(root.objectName + " " + call);
+    }
+
+    /// Counts anew, as the real document does, before it returns.
+    function refresh() {
+        keep("refresh");
+        if (nextNumber !== undefined) {
+            number = nextNumber;
+        }
+        if (nextTotal !== undefined) {
+            total = nextTotal;
+        }
+    }
+
+    function openPatient(iid) {
+        keep("openPatient " + typeof iid + " " + iid);
+    }
+
+    function removedPatients(list) {
+        keep("removedPatients " + JSON.stringify(list));
+    }
+
+    height: 50
+    width: 275
+}

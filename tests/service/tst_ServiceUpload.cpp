@@ -1,0 +1,198 @@
+#include "certificate.h"
+#include "runningservice.h"
+#include "settingsfile.h"
+#include "statisticsserver.h"
+#include "testmain.h"
+
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
+#include <QTimer>
+
+namespace {
+
+constexpr quint16 port = 47443; // that of the host that test builds post to
+
+QNetworkReply *onlyReply(const RunningService &running)
+{
+    const auto replies = running.service->findChild<QNetworkAccessManager *>()->findChildren<QNetworkReply *>();
+    return replies.size() == 1 ? replies.first() : nullptr;
+}
+
+/// The longest time for which this thread's events had to wait.
+class Heartbeat : public QObject
+{
+public:
+    Heartbeat()
+    {
+        beat.start();
+        startTimer(5);
+    }
+    qint64 longestPauseMs = 0;
+
+protected:
+    void timerEvent(QTimerEvent *) override { longestPauseMs = qMax(longestPauseMs, beat.restart()); }
+
+private:
+    QElapsedTimer beat;
+};
+
+} // namespace
+
+/// When the daily upload goes out, and that nothing a server does or leaves undone is felt.
+class ServiceUpload : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void cleanupTestCase();
+    void init();
+    void construction_uploads_once();
+    void timer_uploads_every_day();
+    void replies_are_left_alone();
+    void window_does_not_wait_for_the_server_data();
+    void window_does_not_wait_for_the_server();
+    void foreign_certificate_gets_nothing();
+    void nobody_listening_is_ignored();
+    void error_of_the_server_is_ignored();
+
+private:
+    Certificate *own = nullptr;
+};
+
+void ServiceUpload::initTestCase()
+{
+    own = new Certificate("own");
+    own->trust();
+}
+
+void ServiceUpload::cleanupTestCase()
+{
+    delete own;
+}
+
+void ServiceUpload::init()
+{
+    SettingsFile::forgetEverything();
+}
+
+void ServiceUpload::construction_uploads_once()
+{
+    StatisticsServer server(StatisticsServer::AnswersOk, *own, port);
+    const RunningService running;
+    QCOMPARE(server.requests(1).size(), 1);
+    QTRY_VERIFY(onlyReply(running) && onlyReply(running)->isFinished());
+    QCOMPARE(onlyReply(running)->error(), QNetworkReply::NoError);
+    QCOMPARE(server.connections(), 1);
+}
+
+void ServiceUpload::timer_uploads_every_day()
+{
+    StatisticsServer server(StatisticsServer::AnswersOk, *own, port);
+    const RunningService running;
+    QTimer *timer = running.statisticsTimer();
+    QVERIFY(timer);
+    QCOMPARE(timer->interval(), 86400000);
+    QVERIFY(timer->isActive());
+    QVERIFY(!timer->isSingleShot());
+    QCOMPARE(timer->parent(), nullptr);
+    QCOMPARE(server.requests(1).size(), 1);
+
+    QMetaObject::invokeMethod(timer, "timeout");
+    QCOMPARE(server.requests(2).size(), 2);
+    QMetaObject::invokeMethod(timer, "timeout");
+    QCOMPARE(server.requests(3).size(), 3);
+}
+
+void ServiceUpload::replies_are_left_alone()
+{
+    StatisticsServer server(StatisticsServer::AnswersOk, *own, port);
+    RunningService running;
+    QCOMPARE(server.requests(1).size(), 1);
+    running.call("sendDataToServer");
+    QCOMPARE(server.requests(2).size(), 2);
+    const auto *manager = running.service->findChild<QNetworkAccessManager *>();
+    const QList<QNetworkReply *> replies = manager->findChildren<QNetworkReply *>();
+    QCOMPARE(replies.size(), 2);
+    for (QNetworkReply *reply : replies) {
+        QTRY_VERIFY(reply->isFinished());
+        QCOMPARE(reply->parent(), manager);
+        QCOMPARE(reply->readAll(), QByteArray("OK")); // nobody has read it before
+    }
+}
+
+void ServiceUpload::window_does_not_wait_for_the_server_data()
+{
+    QTest::addColumn<int>("behaviour");
+    QTest::newRow("200") << int(StatisticsServer::AnswersOk);
+    QTest::newRow("500") << int(StatisticsServer::AnswersError);
+    QTest::newRow("a reply of 100 MB") << int(StatisticsServer::AnswersHugely);
+    QTest::newRow("no reply") << int(StatisticsServer::NeverAnswers);
+    QTest::newRow("no handshake") << int(StatisticsServer::NeverShakesHands);
+}
+
+void ServiceUpload::window_does_not_wait_for_the_server()
+{
+    QFETCH(int, behaviour);
+    StatisticsServer server(StatisticsServer::Behaviour(behaviour), *own, port);
+    RunningService running;
+    QElapsedTimer slot;
+    slot.start();
+    running.call("sendDataToServer");
+    QVERIFY2(slot.elapsed() < 500, "The slot has waited");
+
+    Heartbeat heartbeat;
+    running.call("show");
+    const auto finished = [&] {
+        int count = 0;
+        const auto *manager = running.service->findChild<QNetworkAccessManager *>();
+        for (const QNetworkReply *reply : manager->findChildren<QNetworkReply *>())
+            count += reply->isFinished() && reply->bytesAvailable() > 0;
+        return count;
+    };
+    if (behaviour == StatisticsServer::NeverShakesHands)
+        QTRY_COMPARE(server.connections(), 2);
+    else
+        QCOMPARE(server.requests(2).size(), 2);
+    if (behaviour < StatisticsServer::NeverAnswers)
+        QTRY_COMPARE_WITH_TIMEOUT(finished(), 2, 60000);
+    QTRY_VERIFY(running.main->isExposed());
+    QVERIFY2(heartbeat.longestPauseMs < 1000, qPrintable(QString::number(heartbeat.longestPauseMs)));
+}
+
+void ServiceUpload::foreign_certificate_gets_nothing()
+{
+    StatisticsServer server(StatisticsServer::AnswersOk, Certificate("foreign"), port);
+    const RunningService running;
+    QTRY_VERIFY(onlyReply(running) && onlyReply(running)->isFinished());
+    QCOMPARE(onlyReply(running)->error(), QNetworkReply::SslHandshakeFailedError);
+    QCOMPARE(server.connections(), 1);
+    QCOMPARE(server.requests(1, 0).size(), 0);
+}
+
+void ServiceUpload::nobody_listening_is_ignored()
+{
+    RunningService running;
+    QTRY_VERIFY(onlyReply(running) && onlyReply(running)->isFinished());
+    QCOMPARE(onlyReply(running)->error(), QNetworkReply::ConnectionRefusedError);
+
+    // The next day somebody does.
+    StatisticsServer server(StatisticsServer::AnswersOk, *own, port);
+    running.call("sendDataToServer");
+    QCOMPARE(server.requests(1).size(), 1);
+}
+
+void ServiceUpload::error_of_the_server_is_ignored()
+{
+    StatisticsServer server(StatisticsServer::AnswersError, *own, port);
+    RunningService running;
+    QTRY_VERIFY(onlyReply(running) && onlyReply(running)->isFinished());
+    QCOMPARE(onlyReply(running)->error(), QNetworkReply::InternalServerError);
+    QCOMPARE(server.connections(), 1); // and no second attempt
+    running.call("sendDataToServer");
+    QCOMPARE(server.requests(2).size(), 2);
+}
+
+SERVICE_TEST_MAIN(ServiceUpload)
+
+#include "tst_ServiceUpload.moc"

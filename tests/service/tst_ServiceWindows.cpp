@@ -1,0 +1,192 @@
+#include "comparelines.h"
+#include "effects.h"
+#include "logcapture.h"
+#include "settingsfile.h"
+#include "testmain.h"
+
+#include <QJSEngine>
+
+/// The slots that show and hide the windows and hand things to the main document.
+class ServiceWindows : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void main_window_is_shown_and_hidden();
+    void toggle_hides_what_is_visible_and_shows_what_is_not();
+    void closing_slot_hides_its_own_window_only_data();
+    void closing_slot_hides_its_own_window_only();
+    void opening_a_popup_is_counted_data();
+    void opening_a_popup_is_counted();
+    void showing_the_main_window_is_not_counted();
+    void picked_patient_opens_in_the_main_window_and_the_list_stays();
+    void picked_patient_is_handed_over_as_text();
+    void deleted_patients_are_handed_over_unchanged_data();
+    void deleted_patients_are_handed_over_unchanged();
+    void missing_function_only_warns();
+};
+
+void ServiceWindows::init()
+{
+    SettingsFile::forgetEverything();
+}
+
+void ServiceWindows::main_window_is_shown_and_hidden()
+{
+    LogCapture log;
+    RunningService running;
+    Effects observed(running);
+    running.call("show");
+    COMPARE_LINES(observed.take(), {"main shown"});
+    running.call("show");
+    COMPARE_LINES(observed.take(), {});
+    running.call("hide");
+    COMPARE_LINES(observed.take(), {"main hidden"});
+    running.call("hide");
+    COMPARE_LINES(observed.take(), {});
+}
+
+void ServiceWindows::toggle_hides_what_is_visible_and_shows_what_is_not()
+{
+    LogCapture log;
+    RunningService running;
+    Effects observed(running);
+    running.call("openList");
+    running.call("openContact");
+    observed.take();
+
+    running.call("toggleView");
+    COMPARE_LINES(observed.take(), {"main shown"});
+    running.call("toggleView");
+    COMPARE_LINES(observed.take(), {"main hidden"});
+}
+
+void ServiceWindows::closing_slot_hides_its_own_window_only_data()
+{
+    QTest::addColumn<QString>("effect");
+    QTest::newRow("closeList") << "list hidden";
+    QTest::newRow("closeContact") << "contact hidden";
+    QTest::newRow("hide") << "main hidden";
+}
+
+void ServiceWindows::closing_slot_hides_its_own_window_only()
+{
+    QFETCH(QString, effect);
+    LogCapture log;
+    RunningService running;
+    for (DraggableQuickView *window : {running.main, running.list, running.contact})
+        window->show();
+    Effects observed(running);
+    running.call(QTest::currentDataTag());
+    COMPARE_LINES(observed.take(), {effect});
+}
+
+void ServiceWindows::opening_a_popup_is_counted_data()
+{
+    QTest::addColumn<QByteArray>("slot");
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<QVariant>("before");
+    QTest::addColumn<int>("after");
+
+    const auto rows = [](const char *slot, const char *key) {
+        const auto row = [&](const char *name, const QVariant &before, int after) {
+            QTest::addRow("%s, %s", slot, name) << QByteArray(slot) << key << before << after;
+        };
+        row("absent", QVariant(), 1);
+        row("0", 0, 1);
+        row("41", 41, 42);
+        row("text of a number", "41", 42);
+        row("other text", "often", 1);
+        row("empty text", "", 1);
+    };
+    rows("openList", "ShowListViewCounter");
+    rows("openContact", "ShowContactViewCounter");
+}
+
+void ServiceWindows::opening_a_popup_is_counted()
+{
+    QFETCH(QByteArray, slot);
+    QFETCH(QString, key);
+    QFETCH(QVariant, before);
+    QFETCH(int, after);
+    RunningService running;
+    if (before.isValid())
+        SettingsFile::setValue(key, before);
+
+    running.call(slot);
+    QCOMPARE(SettingsFile::value(key), QVariant(after));
+    running.call(slot); // it is open already, and counted all the same
+    QCOMPARE(SettingsFile::value(key), QVariant(after + 1));
+}
+
+void ServiceWindows::showing_the_main_window_is_not_counted()
+{
+    RunningService running;
+    const QStringList before = SettingsFile::keys();
+    running.call("show");
+    running.call("toggleView");
+    running.call("toggleView");
+    QMetaObject::invokeMethod(running.service, "openPatient", Q_ARG(QString, "7"));
+    QCOMPARE(SettingsFile::keys(), before);
+    QVERIFY(!before.contains("ShowMainViewCounter"));
+}
+
+void ServiceWindows::picked_patient_opens_in_the_main_window_and_the_list_stays()
+{
+    LogCapture log;
+    RunningService running;
+    running.list->show();
+    Effects observed(running);
+    QMetaObject::invokeMethod(running.service, "openPatient", Q_ARG(QString, "7"));
+    COMPARE_LINES(observed.take(), {"main shown", "main document is \"open\""});
+    QVERIFY(running.list->isVisible());
+}
+
+void ServiceWindows::picked_patient_is_handed_over_as_text()
+{
+    RunningService running;
+    const QQuickItem *document = running.standInFor(running.main);
+    QMetaObject::invokeMethod(running.service, "openPatient", Q_ARG(QString, "0042"));
+    COMPARE_LINES(document->property("calls").toStringList(), {"openPatient string 0042"});
+}
+
+void ServiceWindows::deleted_patients_are_handed_over_unchanged_data()
+{
+    QTest::addColumn<QVariant>("list");
+    QTest::addColumn<QString>("received");
+
+    QTest::newRow("numbers and texts") << QVariant(QVariantList{3, "12"}) << "removedPatients [3,\"12\"]";
+    QTest::newRow("empty") << QVariant(QVariantList()) << "removedPatients []";
+    QTest::newRow("no list") << QVariant("7") << "removedPatients \"7\"";
+    // As the list window's document sends it: a value of an engine that is not the main window's.
+    static QJSEngine otherEngine;
+    QTest::newRow("script value") << QVariant::fromValue(otherEngine.evaluate("[3, '12']"))
+                                  << "removedPatients [3,\"12\"]";
+    QTest::newRow("null") << QVariant::fromValue(nullptr) << "removedPatients null";
+}
+
+void ServiceWindows::deleted_patients_are_handed_over_unchanged()
+{
+    QFETCH(QVariant, list);
+    QFETCH(QString, received);
+    RunningService running;
+    const QQuickItem *document = running.standInFor(running.main);
+    QMetaObject::invokeMethod(running.service, "removedPatients", Q_ARG(QVariant, list));
+    COMPARE_LINES(document->property("calls").toStringList(), {received});
+    QVERIFY(!running.main->isVisible());
+}
+
+void ServiceWindows::missing_function_only_warns()
+{
+    RunningService running;
+    running.main->setSource(QUrl("qrc:/service-tests/bare.qml"));
+    LogCapture log;
+    QMetaObject::invokeMethod(running.service, "removedPatients", Q_ARG(QVariant, QVariantList()));
+    QCOMPARE(LogCapture::warnings().size(), 1);
+    QVERIFY(LogCapture::warnings().first().contains("QMetaObject::invokeMethod: No such method"));
+}
+
+SERVICE_TEST_MAIN(ServiceWindows)
+
+#include "tst_ServiceWindows.moc"
