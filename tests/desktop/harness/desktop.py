@@ -1,0 +1,136 @@
+"""A whole desktop without a screen: X server, session bus, accessibility bus, window manager and tray."""
+
+import atexit
+import os
+import shutil
+import signal
+import subprocess
+import sys
+import tempfile
+
+from . import isolation, processes
+from .keyboard import Keyboard
+from .screen import Screen
+from .waiting import NeverHappened, wait_until
+
+WIDTH, HEIGHT = 1280, 1024
+_AT_SPI_LAUNCHER = "/usr/libexec/at-spi-bus-launcher"
+# What a developer's session may carry and what would change the program under test.
+_FOREIGN = ("QT_", "QML_", "XDG_", "DBUS_", "AT_SPI_", "WAYLAND_", "LC_", "LANG", "DISPLAY", "XAUTHORITY", "http_proxy")
+
+
+class Desktop:
+    """One per test process, see `shared`. `environment` is what a program needs to live on it."""
+
+    _shared = None
+
+    @classmethod
+    def shared(cls, tray=True):
+        """The desktop of this test process, started at the first call."""
+        if cls._shared is None:
+            cls._shared = cls(tray)
+        return cls._shared
+
+    def __init__(self, tray=True):
+        isolation.enter()
+        self._processes = []
+        self.folder = tempfile.mkdtemp(prefix="tandry-desktop-")
+        atexit.register(self.stop)
+        # Leaving through an exception runs the clean-up; the default of the signal would not.
+        signal.signal(signal.SIGTERM, lambda *_: sys.exit(143))
+        self.environment = self._own_environment()
+        self.keyboard = Keyboard(self.environment)
+        self.screen = Screen(self.environment)
+        try:
+            self._start_server()
+            self._start_buses()
+            self.keyboard.learn_characters()
+            self._start_window_manager()
+            if tray:
+                self._start_tray()
+        except BaseException:
+            self.stop()
+            raise
+
+    def stop(self):
+        """Ends everything and removes the folder; a second call does nothing."""
+        while self._processes:
+            processes.stop(self._processes.pop(), gently=False)
+        shutil.rmtree(self.folder, ignore_errors=True)
+
+    def start(self, command, environment=None, **streams):
+        """Starts one more program on this desktop."""
+        return processes.start(command, environment or self.environment, **streams)
+
+    def _own_environment(self):
+        environment = {key: value for key, value in os.environ.items() if not key.startswith(_FOREIGN)}
+        home = os.path.join(self.folder, "desktop-home")
+        runtime = os.path.join(self.folder, "run")
+        for folder in (home, runtime):
+            os.makedirs(folder, mode=0o700)
+        environment.update(HOME=home, XDG_RUNTIME_DIR=runtime, TMPDIR=self.folder, TZ="Europe/Paris", LANG="C.UTF-8",
+                           XDG_CONFIG_HOME=os.path.join(home, ".config"), XDG_CACHE_HOME=os.path.join(home, ".cache"),
+                           XDG_DATA_HOME=os.path.join(home, ".local", "share"))
+        return environment
+
+    def _start_server(self):
+        reader, writer = os.pipe()
+        # -noreset: without it the server forgets its properties when its last client leaves.
+        self._run(["Xvfb", "-displayfd", str(writer), "-noreset", "-nolisten", "tcp",
+                   "-screen", "0", f"{WIDTH}x{HEIGHT}x24"], pass_fds=(writer,))
+        os.close(writer)
+        with os.fdopen(reader) as pipe:
+            number = pipe.readline().strip()
+        if not number:
+            raise RuntimeError("Xvfb did not start")
+        self.environment["DISPLAY"] = f":{number}"
+
+    def _start_buses(self):
+        address = "unix:path=" + os.path.join(self.folder, "bus")
+        self._run(["dbus-daemon", "--session", "--nofork", "--nopidfile", f"--address={address}"])
+        wait_until(lambda: os.path.exists(os.path.join(self.folder, "bus")), "the session bus listens")
+        self.environment["DBUS_SESSION_BUS_ADDRESS"] = address
+        self._run([_AT_SPI_LAUNCHER, "--launch-immediately"])
+        # Qt looks for the bus once, when the program starts: it must be named by then.
+        wait_until(lambda: "unix:" in self.screen.property("root", "AT_SPI_BUS"), "the accessibility bus is named")
+        # The accessibility library of this process finds its bus through these two.
+        for name in ("DISPLAY", "DBUS_SESSION_BUS_ADDRESS", "XDG_RUNTIME_DIR"):
+            os.environ[name] = self.environment[name]
+
+    def _start_window_manager(self):
+        # On a busy machine openbox now and then misses windows that appear while it starts, and then all others.
+        for _ in range(5):
+            self._run(["openbox", "--sm-disable"])
+            wait_until(lambda: "window id" in self.screen.property("root", "_NET_SUPPORTING_WM_CHECK"),
+                       "the window manager runs")
+            if self._windows_are_shown():
+                return
+            processes.stop(self._processes.pop(), gently=False)
+        raise RuntimeError("The window manager shows no window")
+
+    def _windows_are_shown(self):
+        """Whether the window of a small program comes up."""
+        self._run(["xev", "-name", "probe", "-geometry", "9x9+0+0"])
+        try:
+            return wait_until(lambda: "IsViewable" in self._answer("xwininfo", "-name", "probe"), "a window", limit=2)
+        except NeverHappened:
+            return False
+        finally:
+            processes.stop(self._processes.pop(), gently=False)
+
+    def _start_tray(self):
+        self._run(["trayer", "--edge", "bottom", "--align", "right", "--widthtype", "request",
+                   "--heighttype", "pixel", "--height", "32", "--SetDockType", "true", "--SetPartialStrut", "false"])
+        wait_until(self._tray_is_there, "the tray is there")
+
+    def _tray_is_there(self):
+        return "IsViewable" in self._answer("xwininfo", "-name", "panel")
+
+    def _answer(self, *command):
+        return subprocess.run(command, env=self.environment, capture_output=True, text=True, timeout=60).stdout
+
+    def _run(self, command, **streams):
+        log = open(os.path.join(self.folder, "desktop.log"), "ab")
+        with log:
+            self._processes.append(
+                processes.start(command, self.environment, stdin=subprocess.DEVNULL, stdout=log, stderr=log, **streams))

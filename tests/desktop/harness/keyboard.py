@@ -1,0 +1,38 @@
+"""Text and keys, through the X server's keyboard."""
+
+import subprocess
+
+# Characters that the server's own map lacks are given a key once, before any program reads the map: a map that changes
+# while a program runs is read too late for the key that follows it.
+_ADDED_CHARACTERS = "éèêàçôïÉŒ’€😀שלוםمريض"
+
+
+class Keyboard:
+    """The hands of the user on the keys; `environment` names the display."""
+
+    def __init__(self, environment):
+        self._environment = environment
+
+    def learn_characters(self):
+        """Binds the characters that French names, and the tests of odd names, need."""
+        table = self._run(["xmodmap", "-pke"], capture=True)
+        # Keys without a meaning first, then those of media keyboards, which nobody here presses.
+        free = [line.split()[1] for line in table.splitlines() if "XF86" in line]
+        free += [line.split()[1] for line in table.splitlines() if line.rstrip().endswith("=")]
+        wanted = sorted(set(_ADDED_CHARACTERS))
+        assert len(free) >= len(wanted), "the server's keyboard map has no room left"
+        lines = [f"keycode {code} = U{ord(char):04X}" for code, char in zip(reversed(free), wanted)]
+        self._run(["xmodmap", "-"], text="\n".join(lines) + "\n")
+
+    def type(self, text):
+        """Types `text` into whatever has the focus."""
+        self._run(["xdotool", "type", "--clearmodifiers", "--delay", "4", "--", text])
+
+    def press(self, *keys):
+        """Presses keys by their names, one after another: "Down", "ctrl+a", "shift+Tab"."""
+        self._run(["xdotool", "key", "--clearmodifiers", "--delay", "8", "--", *keys])
+
+    def _run(self, command, text=None, capture=False):
+        done = subprocess.run(command, env=self._environment, input=text, text=True, check=True,
+                              stdout=subprocess.PIPE if capture else subprocess.DEVNULL, timeout=60)
+        return done.stdout

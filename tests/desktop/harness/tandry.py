@@ -1,0 +1,185 @@
+"""What a physician does with the widget, as verbs."""
+
+import collections
+import time
+
+from . import tree
+from .screen import RIGHT
+from .waiting import NeverHappened, wait_equal, wait_until
+from .widget import Widget
+
+SEARCH_FIELD = "Rechercher un patient"
+NAME_FIELD = "Nom du patient"
+PHONE_FIELD = "Téléphone"
+WAITING_LINK = "Liste des patients en attente"
+QUESTIONS = {
+    "test": "Avez-vous pratiqué des tests cutanés sur le patient ?",
+    "rdv1": "Le patient souhaite-t-il prendre rdv pour son bilan allergologique ?",
+    "confirmation": "Confirmation de l'allergie au pollen de graminés ?",
+    "rdv2": "Le patient souhaite-t-il prendre rdv pour la première prise au cabinet ?",
+    "rdv3": "Le patient souhaite-t-il prendre rdv pour son bilan de fin de saison ?",
+}
+GATE_1 = "Si vous avez les résultats du bilan, cliquez ici"
+GATE_2 = "Si la 1ère prise au cabinet a été effectuée, cliquez ici"
+MENU = ("Lancer au démarrage", "A propos", "Quitter")
+Seen = collections.namedtuple("Seen", "values seconds")
+
+
+class Tandry(Widget):
+    """The widget in the hands of its user."""
+
+    # Searching
+
+    def search(self, text):
+        """Types over what stands in the search field."""
+        self.replace_text(SEARCH_FIELD, text)
+        wait_equal(lambda: self.control(SEARCH_FIELD, "text").text, text, "the search field holds what was typed")
+
+    def results(self):
+        """The names in the result list, from the top; empty while it is hidden."""
+        found = self.find("Patients trouvés", "list")
+        try:
+            rows = found.find_all(role="push button") if found else []
+            return [row.name for row in sorted(rows, key=lambda row: row.box.y)]
+        except tree.Vanished:
+            return []
+
+    def open_patient(self, name, search=None):
+        """Searches a patient and opens the row of that name."""
+        self.search(name if search is None else search)
+        wait_until(lambda: self._uncovered_result(name), f"a result called {name!r} that nothing covers")
+        self.click_found(lambda: self._uncovered_result(name), f"the result {name!r}")
+        wait_equal(lambda: self.control(NAME_FIELD, "text").text, name, "the editor shows the patient")
+
+    def _uncovered_result(self, name):
+        """The row of that name once the link at the frame's foot has slid from over it."""
+        found = self.find("Patients trouvés", "list")
+        row = found and found.find(name, "push button")
+        if not row:
+            return None
+        links = [link for link in self.find_all(role="push button") if link.name.startswith(WAITING_LINK)]
+        return row if links and links[0].box.y >= row.box.y + row.box.height else None
+
+    # Editing
+
+    def create(self, name):
+        """Creates a patient out of the search field and stores it."""
+        self.search(name)
+        self.click("Créer la fiche patient")
+        self.control(NAME_FIELD, "text")
+        self.click("Enregistrer")
+        self.wait_for_question("test")
+
+    def back(self):
+        """Leaves the editor."""
+        self.click("Retour")
+        self.control(SEARCH_FIELD, "text")
+        self.wait_gone(NAME_FIELD, "text")
+
+    def asked(self):
+        """The keys of the questions that are shown, in order."""
+        names = [control.name for control in self.find_all(role="push button") if control.box.height > 0]
+        return [key for name in names for key, text in QUESTIONS.items() if name.startswith(text)]
+
+    def wait_for_question(self, key):
+        """Waits until a question is shown."""
+        wait_until(lambda: self._question(key), f"the question {key!r} is asked")
+
+    def answer(self, key, answer):
+        """Clicks "Oui" or "Non" below a question, which is unfolded if need be."""
+        self.wait_for_question(key)
+        what = f"{answer!r} below the question {key!r}"
+        for _ in range(15):
+            try:
+                place = self.resting_place(lambda: self._box(key, answer), what, limit=1,
+                                           beside=lambda: self._below(key))
+                return self.screen.click(*place)
+            except NeverHappened:
+                # Folded, or folding since another question has just unfolded.
+                if not self._box(key, answer):
+                    self.click_found(lambda: self._question(key), f"the question {key!r}")
+        raise NeverHappened(f"{what} is not to be reached")
+
+    def _question(self, key):
+        shown = self.find_all(role="push button")
+        return next((control for control in shown if control.name.startswith(QUESTIONS[key])), None)
+
+    def _box(self, key, answer):
+        """The check box of a question, if it is unfolded."""
+        return next((c for c in self._after(key) if c.role == "check box" and c.name == answer), None)
+
+    def _below(self, key):
+        """What comes below a question and moves when that folds."""
+        return next((c for c in self._after(key) if c.role == "push button"), None)
+
+    def _after(self, key):
+        """What is shown from a question on, up to the next button, in reading order."""
+        found = []
+        reached = False
+        for control in self.root.walk(showing=True):
+            try:
+                if control.role not in ("push button", "check box") or not control.has("showing"):
+                    continue
+                if reached:
+                    found.append(control)
+                    if control.role == "push button":
+                        break
+                reached = reached or control.name.startswith(QUESTIONS[key])
+            except tree.Vanished:
+                continue
+        return found
+
+    # The context menu is a window of its own, which the toolkit keeps off the accessibility bus: its rows are equally
+    # high.
+
+    def menu_window(self):
+        """The id of the open context menu, or None."""
+        for window in self.screen.windows(self.process.pid):
+            if self.screen.unmanaged(window) and window != self.tray_window() \
+                    and "TOOLTIP" not in self.screen.property(window, "_NET_WM_WINDOW_TYPE"):
+                return window
+        return None
+
+    def choose(self, item):
+        """Clicks an item of the open context menu."""
+        window = wait_until(self.menu_window, "the context menu is open")
+        place = self.screen.geometry(window)
+        row = place.height / len(MENU)
+        self.screen.click(place.x + 60, int(place.y + row * (MENU.index(item) + 0.5)))
+        wait_until(lambda: self.menu_window() is None, "the context menu closes")
+
+    def open_menu(self):
+        """Opens the context menu by a right click on the header."""
+        place = self.geometry()
+        self.screen.click(place.x + 120, place.y + 20, RIGHT)
+        wait_until(self.menu_window, "the context menu opens")
+
+    # The tray
+
+    def tray_window(self):
+        """The id of the icon in the tray, or None."""
+        for window in self.screen.windows(self.process.pid):
+            place = self.screen.geometry(window)
+            if place and place.height <= 32 and place.width <= 40:
+                return window
+        return None
+
+    def click_tray(self, button=1):
+        """Clicks the icon in the tray."""
+        place = self.screen.geometry(wait_until(self.tray_window, "the icon is in the tray"))
+        self.screen.click(place.x + place.width // 2, place.y + place.height // 2, button)
+
+    # Watching
+
+    def watch_height(self, until, limit=10):
+        """Every height that the main window has on its way to `until`, and the seconds it took."""
+        start, values = time.monotonic(), []
+
+        def reached():
+            height = self.geometry().height
+            if not values or values[-1] != height:
+                values.append(height)
+            return height == until
+
+        wait_until(reached, f"the window is {until} high (it was {values})", limit)
+        return Seen(values, time.monotonic() - start)

@@ -1,0 +1,132 @@
+"""The program as a screen reader meets it: controls with role, name, state and place."""
+
+import collections
+
+import gi
+
+gi.require_version("Atspi", "2.0")
+from gi.repository import Atspi, GLib  # noqa: E402  (the version must be named first)
+
+Box = collections.namedtuple("Box", "x y width height")
+# What a control can answer that vanishes while it is being asked.
+Vanished = GLib.Error
+_CALL_LIMIT_MS = 5000
+
+
+class Control:
+    """One node of the accessibility tree. Every question goes to the program: nothing is remembered."""
+
+    def __init__(self, node, is_application=False):
+        self._node = node
+        self._is_application = is_application
+
+    @property
+    def role(self):
+        """The role as the accessibility bus spells it: "push button", "text", "check box", "list item"…"""
+        return self._node.get_role_name()
+
+    @property
+    def name(self):
+        """The accessible name."""
+        return self._node.get_name() or ""
+
+    @property
+    def box(self):
+        """The place on the screen."""
+        place = Atspi.Component.get_extents(self._node, Atspi.CoordType.SCREEN)
+        return Box(place.x, place.y, place.width, place.height)
+
+    @property
+    def middle(self):
+        """Where to click it."""
+        box = self.box
+        return box.x + box.width // 2, box.y + box.height // 2
+
+    @property
+    def text(self):
+        """What stands in a text field."""
+        if "Text" not in self._node.get_interfaces():
+            return ""
+        return Atspi.Text.get_text(self._node, 0, Atspi.Text.get_character_count(self._node))
+
+    def has(self, state):
+        """Whether a state holds: "showing", "checked", "focused", "focusable", "enabled"…"""
+        return self._node.get_state_set().contains(getattr(Atspi.StateType, state.upper()))
+
+    @property
+    def actions(self):
+        """Names of what a screen reader can do with it."""
+        if "Action" not in self._node.get_interfaces():
+            return []
+        return [Atspi.Action.get_action_name(self._node, i) for i in range(Atspi.Action.get_n_actions(self._node))]
+
+    def act(self, action="Press"):
+        """Does what a screen reader would do with it."""
+        Atspi.Action.do_action(self._node, self.actions.index(action))
+
+    def children(self):
+        """The nodes right below."""
+        nodes = (self._node.get_child_at_index(i) for i in range(self._node.get_child_count()))
+        return [Control(node) for node in nodes if node is not None]
+
+    def walk(self, showing=False):
+        """This node and all below it, from the top down; without hidden windows when `showing`."""
+        yield self
+        try:
+            below = self.children()
+            if showing and self._is_application:
+                below = [window for window in below if window.has("showing")]
+        except Vanished:
+            return
+        for child in below:
+            yield from child.walk()
+
+    def find_all(self, name=None, role=None, showing=True):
+        """The controls below with this name and role, as far as they are given."""
+        return list(self._matching(name, role, showing))
+
+    def find(self, name=None, role=None, showing=True):
+        """The first of `find_all`, or None."""
+        return next(self._matching(name, role, showing), None)
+
+    def _matching(self, name, role, showing):
+        for control in self.walk(showing):
+            try:
+                if (name is None or control.name == name) and (role is None or control.role == role) \
+                        and (not showing or control.has("showing")):
+                    yield control
+            except Vanished:
+                continue
+
+    def outline(self, depth=0):
+        """The tree as text, for a failure's report."""
+        try:
+            shown = "" if self.has("showing") else " (hidden)"
+            lines = [f"{'  ' * depth}{self.role} {self.name!r}{shown}"]
+            for child in self.children():
+                lines.append(child.outline(depth + 1))
+            return "\n".join(lines)
+        except Vanished:
+            return f"{'  ' * depth}(vanished)"
+
+
+def application(pid):
+    """The root of process `pid`'s tree, or None while it is not on the bus."""
+    desktop = Atspi.get_desktop(0)
+    for index in range(desktop.get_child_count()):
+        try:
+            node = desktop.get_child_at_index(index)
+            if node is not None and node.get_process_id() == pid:
+                node.set_cache_mask(Atspi.Cache.NONE)
+                return Control(node, is_application=True)
+        except Vanished:
+            continue
+    return None
+
+
+def connect():
+    """Joins the accessibility bus of the desktop that the environment names; once in a process."""
+    Atspi.init()
+    Atspi.set_timeout(_CALL_LIMIT_MS, _CALL_LIMIT_MS)
+    # A first question starts the registry, for which the program would otherwise wait at its start.
+    Atspi.get_desktop(0).get_child_count()

@@ -1,0 +1,235 @@
+"""The program under test, running in its window."""
+
+import os
+import re
+import subprocess
+import time
+
+from . import processes, tree
+from .screen import LEFT, RIGHT
+from .waiting import PATIENCE_SECONDS, NeverHappened, wait_until
+
+MAIN_WIDTH, LIST_WIDTH, CONTACT_WIDTH = 275, 800, 500
+# For a build with the address sanitizer: windows and tray live until the process ends on purpose, and the library of
+# the moved clock has to be loaded before the sanitizer's.
+_SANITIZER = ":".join(filter(None, ["detect_leaks=0", "verify_asan_link_order=0", os.environ.get("ASAN_OPTIONS")]))
+# An animation moves by less than a pixel in its first 40 ms.
+_STILL_SECONDS = 0.12
+_CLOCK_LIBRARIES = ("/usr/lib/x86_64-linux-gnu/faketime/libfaketime.so.1",
+                    "/usr/lib/aarch64-linux-gnu/faketime/libfaketime.so.1")
+
+
+class Widget:
+    """One run of the program, on a desktop and in a home. `clock` is the time at its start: "2014-05-12 10:00:00";
+    `speed` is how many times as fast as ours it and the program's timers run."""
+
+    program = os.environ.get("TANDRY_PROGRAM", "")
+
+    def __init__(self, desktop, home, *arguments, clock=None, speed=1, environment=None):
+        self.screen, self.keyboard = desktop.screen, desktop.keyboard
+        self._log_path = os.path.join(home.notes, "program.log")
+        full = {**desktop.environment, **home.environment, **(environment or {}),
+                "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1", "QT_ASSUME_STDERR_HAS_CONSOLE": "1",
+                "QT_MESSAGE_PATTERN": "%{type}: %{message}", "ASAN_OPTIONS": _SANITIZER,
+                **(_moved_clock(clock, speed) if clock else {})}
+        with open(self._log_path, "ab") as log:
+            self.process = desktop.start([self.program, *arguments], full, stdin=subprocess.DEVNULL, stdout=log,
+                                         stderr=log, cwd=home.folder)
+
+    @property
+    def log(self):
+        """What the program has written so far, in this and earlier runs in the same home."""
+        with open(self._log_path, encoding="utf-8", errors="replace") as file:
+            return file.read()
+
+    @property
+    def running(self):
+        """Whether the process lives."""
+        return self.process.poll() is None
+
+    def stop(self):
+        """Ends the program the hard way, as a power cut would."""
+        processes.stop(self.process, gently=False)
+
+    def wait_for_exit(self, limit=10):
+        """Waits for the program to end by itself; its exit status."""
+        wait_until(lambda: not self.running, "the program ends", limit)
+        return self.process.returncode
+
+    # Windows
+
+    def window(self, width=MAIN_WIDTH):
+        """The id of the shown window of this width, or None."""
+        for candidate in self.screen.windows(self.process.pid):
+            place = self.screen.geometry(candidate)
+            if place and place.width == width:
+                return candidate
+        return None
+
+    def wait_for_window(self, width=MAIN_WIDTH):
+        """Waits until the window of this width is shown; its id."""
+        return wait_until(lambda: self._alive() and self.window(width), f"a window {width} wide is shown")
+
+    def geometry(self, width=MAIN_WIDTH):
+        """Place and size of the window of this width."""
+        return self.screen.geometry(self.wait_for_window(width))
+
+    def wait_until_ready(self):
+        """Waits until the main window is shown, its controls are known and it has the keyboard."""
+        self.wait_for_window()
+        self.control("Fermer", "push button")
+        wait_until(lambda: self._focus(), "something in the window has the keyboard")
+        return self
+
+    def active_width(self):
+        """The width of the program's window that has the keyboard, or None."""
+        found = re.search(r"0x[0-9a-f]+", self.screen.property("root", "_NET_ACTIVE_WINDOW"))
+        window = int(found.group(), 16) if found else 0
+        return self.screen.geometry(window).width if window in self.screen.windows(self.process.pid) else None
+
+    # Controls
+
+    @property
+    def root(self):
+        """The program's accessibility tree."""
+        return wait_until(lambda: self._alive() and tree.application(self.process.pid),
+                          "the program is on the accessibility bus")
+
+    def find(self, name=None, role=None, showing=True):
+        """The control with this name, or None."""
+        try:
+            return self.root.find(name, role, showing)
+        except tree.Vanished:
+            return None
+
+    def find_all(self, name=None, role=None, showing=True):
+        """Every control with this name and role."""
+        return self.root.find_all(name, role, showing)
+
+    def control(self, name=None, role=None, showing=True):
+        """Waits for the control with this name and role."""
+        try:
+            return wait_until(lambda: self.find(name, role, showing), f"a {role or 'control'} called {name!r}")
+        except NeverHappened as problem:
+            raise NeverHappened(f"{problem}; there are:\n{self.root.outline()}") from None
+
+    def wait_gone(self, name=None, role=None):
+        """Waits until no such control is shown."""
+        wait_until(lambda: self.find(name, role) is None, f"no {role or 'control'} called {name!r} any more")
+
+    def focus_name(self):
+        """The name of the control that has the keyboard, or None."""
+        control = self._focus()
+        return control.name if control else None
+
+    # Hands
+
+    def click(self, name, role=None, button=LEFT):
+        """Clicks the middle of a control, once it keeps still."""
+        self.control(name, role)
+        self.click_found(lambda: self.find(name, role), repr(name), button)
+
+    def right_click(self, name, role=None):
+        """Clicks with the right button."""
+        self.click(name, role, RIGHT)
+
+    def click_found(self, find, what, button=LEFT):
+        """Clicks the control that `find` gives, once it keeps still; `what` names it in a failure."""
+        self.screen.click(*self.resting_place(find, what), button)
+
+    def resting_place(self, find, what, limit=PATIENCE_SECONDS, beside=None):
+        """The middle of a control after it has stopped moving and is inside its window; `beside` finds a second
+        control that must keep still, too."""
+        last, since = [None], [0]
+
+        def settled():
+            here = self._boxes(find, beside)
+            now = time.monotonic()
+            if here != last[0]:
+                last[0], since[0] = here, now
+            return here and now - since[0] >= _STILL_SECONDS and self._inside_a_window(here[0])
+
+        wait_until(settled, f"{what} stands still inside its window", limit)
+        box = last[0][0]
+        return box.x + box.width // 2, box.y + box.height // 2
+
+    @staticmethod
+    def _boxes(find, beside):
+        try:
+            control, neighbour = find(), beside and beside()
+            boxes = [each.box for each in (control, neighbour) if each] if control else []
+        except tree.Vanished:
+            return None
+        return boxes if boxes and boxes[0].width > 0 and boxes[0].height > 0 else None
+
+    def type(self, text):
+        """Types into what has the focus."""
+        self.keyboard.type(text)
+
+    def press(self, *keys):
+        """Presses keys."""
+        self.keyboard.press(*keys)
+
+    def tab_round(self):
+        """Presses Tab until the keyboard is back where it was; the names on the way, that one last."""
+        start = here = self._focus_place()
+        names = []
+        while len(names) < 60:
+            last = here
+            self.press("Tab")
+            here = wait_until(lambda: self._moved_focus(last), f"Tab leads on from {last}")
+            names.append(here[0])
+            if here == start:
+                return names
+        raise AssertionError(f"Tab does not come back to {start}: {names}")
+
+    def _focus_place(self):
+        control = wait_until(self._focus, "something has the keyboard")
+        return control.name, control.box
+
+    def _moved_focus(self, last):
+        here = self._focus_place()
+        return here if here != last else None
+
+    def replace_text(self, name, text, role="text"):
+        """Clicks a field, and types over what stood in it."""
+        self.click(name, role)
+        wait_until(lambda: self.control(name, role).has("focused"), f"{name!r} has the keyboard")
+        self.press("ctrl+a", "BackSpace")
+        if text:
+            self.type(text)
+
+    def _focus(self):
+        """The control with the keyboard: the innermost, since what it lies in counts as focused with it."""
+        try:
+            controls = self.root.walk(showing=True)
+            focused = [c for c in controls if c.has("focused") and c.role not in ("application", "frame")]
+        except tree.Vanished:
+            return None
+        return focused[-1] if focused else None
+
+    def _inside_a_window(self, box):
+        x, y = box.x + box.width // 2, box.y + box.height // 2
+        for candidate in self.screen.windows(self.process.pid):
+            place = self.screen.geometry(candidate)
+            if place and place.x <= x < place.x + place.width and place.y <= y < place.y + place.height:
+                return True
+        return False
+
+    def _alive(self):
+        if not self.running:
+            raise AssertionError(f"The program ended with status {self.process.returncode}:\n{self.log[-2000:]}")
+        return True
+
+
+def _moved_clock(start, speed):
+    library = next((path for path in _CLOCK_LIBRARIES if os.path.exists(path)), None)
+    if library is None:
+        raise RuntimeError("libfaketime is not installed")
+    faked = {"LD_PRELOAD": library, "FAKETIME": f"@{start}"}
+    if speed != 1:
+        faked["FAKETIME"] += f" x{speed}"
+    else:
+        # The monotonic clock is left alone: timers and animations keep their pace.
+        faked["FAKETIME_DONT_FAKE_MONOTONIC"] = "1"
+    return faked

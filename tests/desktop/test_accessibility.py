@@ -1,0 +1,75 @@
+"""A screen reader finds every control with its role and its French name, and can use it."""
+
+from harness.case import DesktopTest, main
+from harness.tandry import NAME_FIELD, PHONE_FIELD, QUESTIONS, SEARCH_FIELD
+from harness.waiting import wait_equal
+from harness.widget import CONTACT_WIDTH, LIST_WIDTH
+
+CONTROLS = ("push button", "text", "check box", "page tab", "link", "label", "image", "list item", "radio button")
+HEADER = [("image", "VESK"), ("label", "Tandry"), ("push button", "Contacts VESK"),
+          ("push button", "Liste de tous les patients"), ("push button", "Fermer")]
+
+
+class Accessibility(DesktopTest):
+
+    def setUp(self):
+        super().setUp()
+        self.store.seed({"name": "Dupont", "created": "2014-04-10", "notification_date": "2014-05-01"},
+                        {"name": "Adu <b>"})
+        self.widget = self.start_ready(clock="2014-05-12 10:00:00")
+
+    def shown(self):
+        """Role and name of every control in the program's windows; the tray's message is not one of them."""
+        windows = self.widget.find_all(role="frame")
+        return [(control.role, control.name) for window in windows for control in window.find_all()
+                if control.role in CONTROLS]
+
+    def test_the_search(self):
+        self.widget.type("du")
+        wait_equal(self.widget.results, ["Dupont", "Adu <b>"], "the matches are listed")
+        wait_equal(self.shown, HEADER + [
+            ("push button", "Rechercher"), ("text", SEARCH_FIELD), ("push button", "Effacer la recherche"),
+            ("push button", "Créer la fiche patient"), ("push button", "Dupont"), ("push button", "Adu <b>"),
+            ("push button", "Liste des patients en attente (1)")], "role and name of everything")
+
+    def test_the_editor(self):
+        self.widget.open_patient("Dupont")
+        self.widget.wait_for_question("test")
+        wait_equal(self.shown, HEADER + [
+            ("push button", "Retour"), ("text", NAME_FIELD), ("push button", "Sexe : femme"), ("text", PHONE_FIELD),
+            ("label", "Date du 1er rendez-vous : 10/04/2014"), ("push button", QUESTIONS["test"]),
+            ("check box", "Oui"), ("check box", "Non"), ("push button", "Envoyer le SMS de rappel")],
+            "role and name of everything")
+        self.widget.replace_text(PHONE_FIELD, "06")
+        wait_equal(lambda: self.shown()[-3:], [("push button", "Enregistrer"), ("push button", "Annuler"),
+                                               ("push button", "Envoyer le SMS de rappel")], "the buttons have names")
+
+    def test_nothing_is_without_a_name_in_any_window(self):
+        self.widget.click("Contacts VESK")
+        self.widget.wait_for_window(CONTACT_WIDTH)
+        self.widget.click("Liste de tous les patients")
+        self.widget.wait_for_window(LIST_WIDTH)
+        self.assertEqual([role for role, name in self.shown() if name.strip() == ""], [])
+        markup = [name for _, name in self.shown() if "<" in name and name != "Adu <b>"]
+        self.assertEqual(markup, [])
+
+    def test_the_press_action_does_what_a_click_does(self):
+        self.widget.type("dup")
+        self.widget.control("Dupont", "push button").act()
+        wait_equal(lambda: self.widget.control(NAME_FIELD, "text").text, "Dupont", "the patient opens")
+        self.widget.control("Sexe : femme", "push button").act()
+        self.widget.control("Sexe : homme", "push button")
+        self.widget.control("Enregistrer", "push button").act()
+        wait_equal(lambda: self.store.patient("Dupont")["genderMale"], 1, "the gender is stored")
+        self.widget.wait_for_question("test")
+        self.widget.control("Oui", "check box").act()
+        wait_equal(lambda: self.store.patient("Dupont")["test_date"], "2014-05-12", "the answer is stored")
+        self.widget.control("Retour", "push button").act()
+        self.widget.control(SEARCH_FIELD, "text")
+        self.widget.control("Contacts VESK", "push button").act()
+        self.widget.wait_for_window(CONTACT_WIDTH)
+        self.widget.control("Fermer", "push button").act()
+
+
+if __name__ == "__main__":
+    main()

@@ -1,0 +1,42 @@
+"""A database of an older layout is emptied, any other is kept."""
+
+from harness.case import DesktopTest, main
+from harness.waiting import wait_equal, wait_until
+
+
+class DatabaseVersions(DesktopTest):
+
+    def test_older_versions_are_emptied(self):
+        for version in ("1.0", "1.1", "1.2"):
+            with self.subTest(version=version):
+                self.setUp()
+                self.store.seed({"name": "Dupont"}, {"name": "Martin"}, version=version)
+                widget = self.start_ready()
+                wait_equal(self.store.version, "1.3", "the version is raised")
+                self.assertEqual(self.store.patients(), [])
+                widget.create("DURAND Anne")
+                self.assertEqual([row["name"] for row in self.store.patients()], ["DURAND Anne"])
+                widget.stop()
+
+    def test_the_present_version_and_unknown_ones_are_kept(self):
+        for version in ("1.3", "2.0"):
+            with self.subTest(version=version):
+                self.setUp()
+                self.store.seed({"name": "Dupont"}, {"name": "Martin"}, version=version)
+                widget = self.start_ready()
+                widget.type("dup")
+                wait_equal(widget.results, ["Dupont"], "the patients are found")
+                self.assertEqual(self.store.version(), version)
+                self.assertEqual([row["name"] for row in self.store.patients()], ["Dupont", "Martin"])
+                widget.stop()
+
+    def test_a_new_database_is_empty_and_at_the_present_version(self):
+        widget = self.start_ready()
+        wait_equal(self.store.version, "1.3", "the version is recorded")
+        wait_until(lambda: "Refreshing icon." in widget.log, "the counts are read")
+        self.assertEqual(self.store.patients(), [])
+        wait_equal(lambda: self.home.settings().get("PatientsCounter"), "0", "nobody is counted")
+
+
+if __name__ == "__main__":
+    main()

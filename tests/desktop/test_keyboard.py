@@ -1,0 +1,116 @@
+"""Everything works without a mouse."""
+
+from harness.case import DesktopTest, main
+from harness.tandry import NAME_FIELD, PHONE_FIELD, QUESTIONS, SEARCH_FIELD
+from harness.waiting import wait_equal, wait_until
+from harness.widget import CONTACT_WIDTH, LIST_WIDTH
+
+HEADER = ["Contacts VESK", "Liste de tous les patients", "Fermer"]
+
+
+class Keyboard(DesktopTest):
+
+    def setUp(self):
+        super().setUp()
+        self.store.seed({"name": "Dupont", "created": "2014-04-10"}, {"name": "Adu"}, {"name": "DURAND"})
+        self.widget = self.start_ready(clock="2014-05-12 10:00:00")
+        wait_equal(self.widget.focus_name, SEARCH_FIELD, "the search field has the keyboard at first")
+
+    def assertRound(self, expected):
+        """Tab goes through `expected` in this order, wherever it begins."""
+        names = self.widget.tab_round()
+        start = names.index(expected[0]) if expected[0] in names else 0
+        self.assertEqual(names[start:] + names[:start], expected)
+
+    def test_tab_goes_through_the_search_in_reading_order(self):
+        self.assertRound(HEADER + ["Rechercher", SEARCH_FIELD, "Effacer la recherche", "Nouvelle fiche patient",
+                                   "Liste des patients en attente"])
+
+    def test_tab_goes_through_the_results(self):
+        self.widget.type("du")
+        wait_equal(self.widget.results, ["Dupont", "DURAND", "Adu"], "the matches are listed")
+        self.assertRound(HEADER + ["Rechercher", SEARCH_FIELD, "Effacer la recherche", "Créer la fiche patient",
+                                   "Dupont", "DURAND", "Adu", "Liste des patients en attente"])
+
+    def test_tab_goes_through_the_editor(self):
+        self.widget.open_patient("Dupont")
+        self.widget.wait_for_question("test")
+        self.widget.wait_gone("Créer la fiche patient")
+        wait_equal(self.widget.focus_name, NAME_FIELD, "the name has the keyboard")
+        self.assertRound(HEADER + ["Retour", NAME_FIELD, "Sexe : femme", PHONE_FIELD, QUESTIONS["test"], "Oui", "Non",
+                                   "Envoyer le SMS de rappel"])
+
+    def test_the_focus_is_seen(self):
+        screen = self.desktop.screen
+        names = HEADER + ["Rechercher", "Effacer la recherche", "Nouvelle fiche patient",
+                          "Liste des patients en attente"]
+        places = {name: self.widget.control(name, "push button").box for name in names}
+        before = {name: screen.region(box) for name, box in places.items()}
+        for _ in range(len(names) + 1):
+            self.widget.press("Tab")
+            name = self.widget.focus_name()
+            if name in before:
+                wait_until(lambda: screen.region(places[name]) != before[name], f"{name!r} shows that it has the focus")
+                before.pop(name)
+        self.assertEqual(list(before), [])
+
+    def test_down_goes_to_the_results_and_return_opens(self):
+        self.widget.type("du")
+        wait_equal(self.widget.results, ["Dupont", "DURAND", "Adu"], "the matches are listed")
+        self.widget.press("Down")
+        wait_equal(self.widget.focus_name, "Dupont", "the first result has the keyboard")
+        self.picture("keyboard-result")
+        self.widget.press("Tab", "Return")
+        wait_equal(lambda: self.widget.control(NAME_FIELD, "text").text, "DURAND", "the second result opens")
+
+    def test_return_in_the_search_field_opens_the_first_result(self):
+        self.widget.type("du")
+        wait_equal(self.widget.results, ["Dupont", "DURAND", "Adu"], "the matches are listed")
+        self.widget.press("Return")
+        wait_equal(lambda: self.widget.control(NAME_FIELD, "text").text, "Dupont", "the first result opens")
+
+    def test_a_patient_is_created_and_answered_for(self):
+        self.widget.type("MARTIN Paul")
+        self.widget.press("Tab", "Tab", "space")
+        wait_equal(lambda: self.widget.control(NAME_FIELD, "text").text, "MARTIN Paul", "the editor has the typed name")
+        self.go_to("Enregistrer")
+        self.widget.press("Return")
+        self.widget.wait_for_question("test")
+        self.go_to("Non")
+        self.widget.press("space")
+        wait_equal(lambda: self.store.patient("MARTIN Paul")["test_date"], "2014-05-12", "Space answers")
+        self.widget.wait_for_question("rdv1")
+        self.go_to("Oui")
+        self.widget.press("Return")
+        wait_equal(lambda: self.store.patient("MARTIN Paul")["rdv1"], 1, "Return answers")
+        self.go_to("Retour")
+        self.widget.press("space")
+        wait_equal(self.widget.focus_name, SEARCH_FIELD, "the search field has the keyboard again")
+
+    def test_the_header_buttons_work(self):
+        self.go_to("Contacts VESK")
+        self.widget.press("Return")
+        self.widget.wait_for_window(CONTACT_WIDTH)
+        self.close_popup(CONTACT_WIDTH)
+        self.go_to("Liste de tous les patients")
+        self.widget.press("space")
+        self.widget.wait_for_window(LIST_WIDTH)
+
+    def close_popup(self, width):
+        wait_until(lambda: self.widget.active_width() == width, "the popup has the keyboard")
+        self.go_to("Fermer")
+        self.widget.press("Return")
+        wait_until(lambda: self.widget.window(width) is None, "the popup closes")
+        wait_until(lambda: self.widget.active_width() == 275, "the widget has the keyboard again")
+
+    def go_to(self, name):
+        """Tabs to the control of that name."""
+        for _ in range(40):
+            if self.widget.focus_name() == name:
+                return
+            self.widget.press("Tab")
+        self.fail(f"Tab does not lead to {name!r}")
+
+
+if __name__ == "__main__":
+    main()

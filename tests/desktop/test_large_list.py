@@ -1,0 +1,63 @@
+"""Ten thousand patients in each tab: the list scrolls, ticks and prints, and deletes as far as SQLite goes."""
+
+from harness.case import DesktopTest, main
+from harness.patient_list import ALL, REMOVE, SELECT_ALL, WAITING, PatientList
+from harness.waiting import wait_equal, wait_until
+
+COUNT = 10000
+# A person takes a longer pause for a program that hangs.
+PATIENCE_FOR_ONE_STEP = 10
+
+
+class LargeList(DesktopTest):
+
+    def setUp(self):
+        super().setUp()
+        self.store.seed(*({"name": f"Patient {number:05}", "created": "2014-04-10", "notification_date": "2014-05-01"}
+                          for number in range(COUNT)))
+        self.widget = self.start_ready(clock="2014-05-12 10:00:00")
+        self.list = PatientList(self.widget).open()
+        wait_equal(lambda: self.list.names()[:1], ["Patient 00000"], "the first rows are shown")
+
+    def test_scrolls_while_the_wheel_turns(self):
+        place = self.list.place
+        self.desktop.screen.wheel(place.x + 400, place.y + 400, -40)
+        wait_until(lambda: (self.list.names() or [""])[0] > "Patient 00010", "the rows move", PATIENCE_FOR_ONE_STEP)
+        self.picture("list-scrolled")
+
+    def test_select_all_and_print_in_each_tab(self):
+        for tab in (WAITING, ALL):
+            self.list.show_tab(tab)
+            self.list.click("Imprimer")
+            title = "Liste des patients en attente" if tab == WAITING else ALL
+            self.widget.control(title, "dialog")
+            self.widget.press("Escape")
+            self.widget.wait_gone(title, "dialog")
+        self.list.click(SELECT_ALL, "check box")
+        wait_until(lambda: len(self.list.ticked()) > 5, "the shown rows are ticked", PATIENCE_FOR_ONE_STEP)
+
+    def test_more_than_one_statement_can_delete_are_all_kept(self):
+        # SQLite takes 999 patients in the one statement that deletes; a longer one fails and deletes nobody.
+        self.list.click(SELECT_ALL, "check box")
+        wait_until(self.list.ticked, "the rows are ticked", PATIENCE_FOR_ONE_STEP)
+        self.list.click(REMOVE)
+        wait_until(lambda: "Expression tree is too large" in self.widget.log, "the log says what failed")
+        self.assertEqual(len(self.store.patients()), COUNT)
+        self.assertTrue(self.list.ticked())
+
+
+class LongList(DesktopTest):
+
+    def test_all_of_999_patients_are_deleted_at_one_click(self):
+        self.store.seed(*({"name": f"Patient {number:05}", "created": "2014-04-10", "notification_date": "2014-05-01"}
+                          for number in range(999)))
+        patients = PatientList(self.start_ready(clock="2014-05-12 10:00:00")).open()
+        patients.click(SELECT_ALL, "check box")
+        wait_until(patients.ticked, "the rows are ticked", PATIENCE_FOR_ONE_STEP)
+        patients.click(REMOVE)
+        wait_equal(self.store.patients, [], "everybody is deleted")
+        wait_equal(patients.names, [], "the list is empty")
+
+
+if __name__ == "__main__":
+    main()

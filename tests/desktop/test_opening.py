@@ -1,0 +1,90 @@
+"""The widget opens where it belongs, as a frameless window on top, and moves by its header only."""
+
+import subprocess
+
+from harness.case import DesktopTest, main
+from harness.desktop import WIDTH
+from harness.waiting import stays, wait_equal, wait_until
+from harness.widget import CONTACT_WIDTH
+
+
+class Opening(DesktopTest):
+    renderer = ""
+
+    def test_opens_at_the_top_right_frameless_and_on_top(self):
+        widget = self.start_ready()
+        window = widget.wait_for_window()
+        screen = self.desktop.screen
+        self.assertEqual(widget.geometry(), (WIDTH - 570, 35, 275, 174))
+        self.assertIn("0, 0, 0, 0", screen.property(window, "_NET_FRAME_EXTENTS"))
+        wait_until(lambda: "_NET_WM_STATE_ABOVE" in screen.property(window, "_NET_WM_STATE"), "it is kept above")
+        # The corner is cut round: only inside it is the frame dark blue.
+        place = widget.geometry()
+        wait_equal(lambda: screen.pixel(place.x + 60, place.y + 5), "#002457", "the frame is drawn")
+        self.assertNotEqual(screen.pixel(place.x, place.y), "#002457")
+        self.assertNotEqual(screen.pixel(place.x, place.y), "#ffffff")
+        self.picture("opening")
+
+    def test_stays_above_a_popup_that_has_the_keyboard(self):
+        widget = self.start_ready()
+        screen = self.desktop.screen
+        widget.click("Contacts VESK")
+        popup, window = widget.wait_for_window(CONTACT_WIDTH), widget.wait_for_window()
+        wait_until(lambda: str(hex(popup)) in screen.property("root", "_NET_ACTIVE_WINDOW"), "the popup is active")
+        self.assertTrue(screen.stacked_above(window, popup))
+
+    def test_is_dragged_by_its_header(self):
+        widget = self.start_ready()
+        self.desktop.screen.drag((830, 50), (530, 250))
+        wait_equal(lambda: widget.geometry()[:2], (410, 235), "the window follows the header")
+        self.desktop.screen.drag((530, 250), (600, 270))
+        wait_equal(lambda: widget.geometry()[:2], (480, 255), "the window follows a second time")
+
+    def test_is_not_dragged_by_its_content(self):
+        widget = self.start_ready()
+        self.desktop.screen.drag((820, 160), (620, 260))
+        self.desktop.screen.drag((850, 115), (650, 315))
+        self.assertEqual(widget.geometry()[:2], (710, 35))
+
+    def test_is_not_dragged_by_the_right_button(self):
+        widget = self.start_ready()
+        self.desktop.screen.drag((830, 50), (630, 250), button=3)
+        self.assertEqual(widget.geometry()[:2], (710, 35))
+
+    def test_shows_no_window_when_started_at_login(self):
+        widget = self.start("startup")
+        wait_until(widget.tray_window, "the icon is in the tray")
+        # Two seconds after its start the program has done all that it does by itself.
+        wait_until(lambda: "Refreshing icon." in widget.log, "the first refresh is done")
+        stays(lambda: widget.window() is None, "no window is shown", 0.5)
+        widget.click_tray()
+        self.assertEqual(widget.geometry(), (710, 35, 275, 174))
+
+    def test_any_other_argument_is_an_ordinary_start(self):
+        for argument in ("Startup", "startup-now", "--startup"):
+            with self.subTest(argument=argument):
+                widget = self.start(argument)
+                widget.wait_for_window()
+                widget.stop()
+
+    def test_second_start_shows_the_first(self):
+        first = self.start_ready()
+        first.click("Fermer")
+        wait_until(lambda: first.window() is None, "the cross hides the window")
+        second = self.start()
+        self.assertEqual(second.wait_for_exit(), 0)
+        first.wait_for_window()
+        self.assertTrue(first.running)
+
+    def test_what_it_writes_is_its_owners_alone(self):
+        widget = self.start_ready()
+        wait_until(lambda: self.home.settings(), "the settings are written")
+        wait_until(lambda: self.store.version() == "1.3", "the database is there")
+        self.assertEqual(self.home.open_to_others(), [])
+        self.assertNotEqual(subprocess.run(["find", self.home.temporary, "-type", "s"], capture_output=True,
+                                           check=True).stdout, b"", "the guard's socket is in this home")
+        del widget
+
+
+if __name__ == "__main__":
+    main()

@@ -1,0 +1,91 @@
+"""Quitting asks first, until it is told never to ask again."""
+
+from harness.case import DesktopTest, main
+from harness.waiting import wait_equal, wait_until
+
+QUESTION = "Etes-vous sur de vouloir fermer le widget Tandry ?"
+TICK = "Ne plus me demander"
+
+
+class Quitting(DesktopTest):
+
+    def ask(self, widget):
+        """Chooses "Quitter" and waits for the question."""
+        widget.open_menu()
+        widget.choose("Quitter")
+        widget.control(QUESTION, "label")
+
+    def never_again(self):
+        """The stored preference."""
+        return self.home.settings().get("DontAskBeforeQuit")
+
+    def tick(self, widget, stored):
+        """Toggles the check box; the preference is stored at that moment."""
+        widget.click(TICK, "check box")
+        wait_equal(self.never_again, stored, "the preference is stored at once")
+
+    def test_the_question(self):
+        widget = self.start_ready()
+        self.ask(widget)
+        box = widget.control(role="alert")
+        self.assertIsNotNone(box.find("Fermeture de Tandry", "label"))
+        self.assertEqual(len(box.find_all(role="push button")), 2)
+        self.assertFalse(box.find(TICK, "check box").has("checked"))
+        self.picture("quitting")
+        for key in ("Return", "Escape"):
+            widget.press(key)
+            widget.wait_gone(QUESTION)
+            self.assertTrue(widget.running)
+            if key == "Return":
+                self.ask(widget)
+        self.assertIsNone(self.never_again())
+
+    def test_ok_quits(self):
+        widget = self.start_ready()
+        self.ask(widget)
+        widget.click("OK", "push button")
+        self.assertEqual(widget.wait_for_exit(), 0)
+        self.assertIsNone(self.never_again())
+
+    def test_ticked_and_cancelled_quits_at_once_the_next_time(self):
+        widget = self.start_ready()
+        self.ask(widget)
+        self.tick(widget, "true")
+        widget.press("Escape")
+        widget.wait_gone(QUESTION)
+        widget.open_menu()
+        widget.choose("Quitter")
+        self.assertEqual(widget.wait_for_exit(), 0)
+
+    def test_ticked_and_ok_never_asks_again(self):
+        widget = self.start_ready()
+        self.ask(widget)
+        self.tick(widget, "true")
+        widget.click("OK", "push button")
+        self.assertEqual(widget.wait_for_exit(), 0)
+        widget = self.start_ready()
+        widget.open_menu()
+        widget.choose("Quitter")
+        self.assertEqual(widget.wait_for_exit(), 0)
+
+    def test_unticked_again_asks_the_next_time(self):
+        widget = self.start_ready()
+        self.ask(widget)
+        self.tick(widget, "true")
+        self.tick(widget, "false")
+        widget.click("OK", "push button")
+        self.assertEqual(widget.wait_for_exit(), 0)
+        self.ask(self.start_ready())
+
+    def test_the_lock_is_free_after_the_end(self):
+        self.home.write_settings({"DontAskBeforeQuit": "true"})
+        for _ in range(2):
+            widget = self.start_ready()
+            widget.open_menu()
+            widget.choose("Quitter")
+            self.assertEqual(widget.wait_for_exit(), 0)
+            wait_until(lambda: not widget.running, "the program ends")
+
+
+if __name__ == "__main__":
+    main()

@@ -1,0 +1,99 @@
+"""The icon in the tray: clicks, badge, messages, and the refresh when the day changes."""
+
+from harness.case import DesktopTest, main
+from harness.patient_list import PatientList
+from harness.screen import MIDDLE, RIGHT
+from harness.waiting import stays, wait_equal, wait_until
+from harness.widget import CONTACT_WIDTH, LIST_WIDTH
+
+CLOCK = "2014-05-12 10:00:00"
+WAITING_SINCE = {"created": "2014-04-10", "notification_date": "2014-05-01"}
+NOT_YET = {"created": "2014-04-10", "notification_date": "2014-09-15"}
+
+
+class Tray(DesktopTest):
+
+    def icon(self, widget):
+        """The pixels of the icon in the tray."""
+        return self.desktop.screen.region(self.desktop.screen.geometry(wait_until(widget.tray_window, "an icon")))
+
+    def message(self, widget):
+        """The text of the message at the tray, or None."""
+        label = next((label for label in widget.find_all(role="label") if label.name.startswith("Vous avez")), None)
+        return label and label.name
+
+    def first_refresh(self, widget):
+        """Waits until the program has done all that it does by itself after a start."""
+        wait_until(lambda: "Refreshing icon." in widget.log, "the first refresh is done")
+
+    def test_a_click_shows_and_hides_the_widget(self):
+        widget = self.start_ready()
+        widget.click_tray()
+        wait_until(lambda: widget.window() is None, "the widget is hidden")
+        widget.click_tray()
+        self.assertEqual(widget.geometry(), (710, 35, 275, 174))
+
+    def test_a_click_hides_the_popups(self):
+        widget = self.start_ready()
+        widget.click("Contacts VESK")
+        widget.wait_for_window(CONTACT_WIDTH)
+        PatientList(widget).open()
+        widget.click_tray()
+        wait_until(lambda: widget.window(LIST_WIDTH) is None and widget.window(CONTACT_WIDTH) is None
+                   and widget.window() is None, "all windows are hidden")
+
+    def test_the_other_buttons_do_nothing(self):
+        widget = self.start_ready()
+        widget.click_tray(RIGHT)
+        widget.click_tray(MIDDLE)
+        stays(lambda: widget.window() is not None and widget.menu_window() is None, "nothing happens", 0.7)
+
+    def test_nobody_waits(self):
+        self.store.seed({"name": "Dupont", **NOT_YET})
+        widget = self.start_ready(clock=CLOCK)
+        self.first_refresh(widget)
+        wait_until(lambda: "icon 0." in widget.log, "the plain icon is set")
+        stays(lambda: self.message(widget) is None, "no message", 0.5)
+
+    def test_the_badge_follows_the_number(self):
+        self.store.seed({"name": "Dupont", **NOT_YET})
+        widget = self.start_ready(clock=CLOCK)
+        self.first_refresh(widget)
+        seen = [self.icon(widget)]
+        for number, name in enumerate(("Martin", "Durand"), 1):
+            widget.create(name)
+            widget.back()
+            wait_until(lambda: self.icon(widget) not in seen, "the icon changes")
+            seen.append(self.icon(widget))
+            self.picture(f"tray-{number}")
+        self.assertIn("icon 2", widget.log)
+        # A change of the user's own is no news.
+        self.assertIsNone(self.message(widget))
+
+    def test_more_than_99_wait(self):
+        self.store.seed(*({"name": f"Patient {number:03}", **WAITING_SINCE} for number in range(150)))
+        widget = self.start_ready(clock=CLOCK)
+        wait_equal(lambda: self.message(widget), "Vous avez 150 patients en attente", "the message has the number")
+        self.picture("tray-99-plus")
+
+    def test_the_message_leads_to_the_list(self):
+        self.store.seed({"name": "Dupont", **WAITING_SINCE})
+        widget = self.start_ready(clock=CLOCK)
+        wait_equal(lambda: self.message(widget), "Vous avez 1 patient en attente", "the message is shown")
+        self.picture("tray-message")
+        widget.click_found(lambda: widget.find("Vous avez 1 patient en attente", "label"), "the message")
+        widget.wait_for_window(LIST_WIDTH)
+
+    def test_the_day_changes_while_it_runs(self):
+        self.store.seed({"name": "Dupont", "created": "2014-04-10", "notification_date": "2014-05-13"})
+        # The program's clock and timers run 900 times as fast: its hour is four seconds.
+        widget = self.start(environment={"TZ": "UTC"}, clock="2014-05-12 21:30:00", speed=900)
+        self.first_refresh(widget)
+        self.assertIn("icon 0.", widget.log)
+        wait_until(lambda: "icon 1" in widget.log, "the first tick of the new day refreshes", limit=40)
+        # Two ticks, at 22:30 and 23:30, brought no refresh.
+        self.assertEqual(widget.log.count("Refreshing icon."), 2)
+
+
+if __name__ == "__main__":
+    main()
