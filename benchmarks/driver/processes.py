@@ -1,0 +1,139 @@
+"""Programs under measurement: a home of their own, what they paint, what they take."""
+import os
+import pathlib
+import selectors
+import shutil
+import subprocess
+import tempfile
+import time
+
+LIMIT_S = 60
+FRAME = b"Frame rendered with"
+
+
+class Home:
+    """A user's folders, used by one program after another, so that each start but the first is a usual one."""
+
+    def __init__(self):
+        self.path = pathlib.Path(tempfile.mkdtemp(prefix="tandry-bench-"))
+        for folder in ("tmp", "run", ".config", ".local/share", ".cache"):
+            (self.path / folder).mkdir(parents=True, mode=0o700)
+
+    def environment(self):
+        return dict(
+            os.environ, HOME=str(self.path), XDG_CONFIG_HOME=str(self.path / ".config"),
+            XDG_DATA_HOME=str(self.path / ".local/share"), XDG_CACHE_HOME=str(self.path / ".cache"),
+            XDG_RUNTIME_DIR=str(self.path / "run"), TMPDIR=str(self.path / "tmp"),
+            LC_ALL="C.UTF-8", TZ="Europe/Paris", QT_QUICK_BACKEND="software",
+            QT_LOGGING_RULES="*.debug=false;qt.scenegraph.time.renderloop.debug=true")
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        shutil.rmtree(self.path, ignore_errors=True)
+
+
+class Program:
+    """A running program whose frames are told by its log and that obeys orders on its standard input."""
+
+    def __init__(self, command, home):
+        self.started = time.monotonic()
+        self.process = subprocess.Popen(command, env=home.environment(), stdin=subprocess.PIPE,
+                                        stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+        self.pid = self.process.pid
+        self.frame_times = []
+        self.answers = 0
+        self.selector = selectors.DefaultSelector()
+        for stream in (self.process.stdout, self.process.stderr):
+            os.set_blocking(stream.fileno(), False)
+            self.selector.register(stream, selectors.EVENT_READ)
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self.process.kill()
+        self.process.wait()
+        for stream in (self.process.stdin, self.process.stdout, self.process.stderr):
+            stream.close()
+
+    def read(self, seconds):
+        """Takes in what the program writes for that long at most; True when it wrote something."""
+        ready = self.selector.select(seconds)
+        for key, _ in ready:
+            text = key.fileobj.read() or b""
+            now = time.monotonic()
+            if key.fileobj is self.process.stdout:
+                self.answers += text.count(b"done\n")
+            else:
+                self.frame_times += [now] * text.count(FRAME)
+        if ready and self.process.poll() is not None:
+            raise SystemExit(f"A program under measurement has ended with {self.process.returncode}")
+        return bool(ready)
+
+    def read_until(self, condition):
+        deadline = time.monotonic() + LIMIT_S
+        while not condition():
+            if time.monotonic() > deadline:
+                raise SystemExit("A program under measurement does not do what was waited for")
+            self.read(0.5)
+
+    def first_frame_ms(self):
+        self.read_until(lambda: self.frame_times)
+        return (self.frame_times[0] - self.started) * 1000
+
+    def order(self, text):
+        """Has the program do something and waits until it is done."""
+        wanted = self.answers + 1
+        self.process.stdin.write(text.encode() + b"\n")
+        self.process.stdin.flush()
+        self.read_until(lambda: self.answers >= wanted)
+
+    def live(self, seconds):
+        """Lets time pass while the program runs."""
+        end = time.monotonic() + seconds
+        while (left := end - time.monotonic()) > 0:
+            self.read(left)
+
+    def pss_mib(self):
+        text = pathlib.Path(f"/proc/{self.pid}/smaps_rollup").read_text()
+        return next(int(line.split()[1]) for line in text.splitlines() if line.startswith("Pss:")) / 1024
+
+    def cpu_ticks(self):
+        """Processor time in the kernel's ticks of 10 ms, as the system's monitors show it."""
+        fields = pathlib.Path(f"/proc/{self.pid}/stat").read_text().rpartition(")")[2].split()
+        return int(fields[11]) + int(fields[12])
+
+    def cpu_ms(self):
+        """Processor time to the nanosecond, which a tick is too coarse for."""
+        return sum(int((task / "schedstat").read_text().split()[0]) for task in self.tasks()) / 1e6
+
+    def wake_ups(self):
+        """How often a thread of the program was woken from waiting."""
+        return sum(int(line.split()[1]) for task in self.tasks()
+                   for line in (task / "status").read_text().splitlines()
+                   if line.startswith("voluntary_ctxt_switches"))
+
+    def tasks(self):
+        return list(pathlib.Path(f"/proc/{self.pid}/task").iterdir())
+
+    def mapped_files(self):
+        lines = pathlib.Path(f"/proc/{self.pid}/maps").read_text().splitlines()
+        return {line.split(maxsplit=5)[5] for line in lines if len(line.split(maxsplit=5)) == 6 and "/" in line}
+
+
+def evict(files):
+    """Takes files out of the system's memory, as far as nobody else has them in use."""
+    for name in files:
+        try:
+            handle = os.open(name, os.O_RDONLY)
+        except OSError:
+            continue
+        try:
+            os.fsync(handle)
+            os.posix_fadvise(handle, 0, 0, os.POSIX_FADV_DONTNEED)
+        except OSError:
+            pass
+        finally:
+            os.close(handle)

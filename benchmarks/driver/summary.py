@@ -1,0 +1,33 @@
+"""Medians and spreads of what was measured, one line a result."""
+import statistics
+from dataclasses import dataclass
+
+
+@dataclass
+class Result:
+    """One figure: its values, each with the bare program's beside it where there is one."""
+    figure: str
+    label: str
+    unit: str
+    values: list
+    bare: list = None
+    reach: str = ""
+
+    def ratios(self):
+        return [value / bare for value, bare in zip(self.values, self.bare)] if self.bare else []
+
+
+def spread(values, digits=2):
+    return f"{statistics.median(values):.{digits}f} ({min(values):.{digits}f} to {max(values):.{digits}f})"
+
+
+def line(result):
+    cells = [result.figure, result.label, f"{spread(result.values)} {result.unit}", "", "", result.reach]
+    if result.bare:
+        cells[3] = f"{spread(result.bare)} {result.unit}"
+        cells[4] = spread(result.ratios()) if min(result.bare) > 0 else ""
+    return "| " + " | ".join(cells) + f" | {len(result.values)} |"
+
+
+HEAD = ("| # | What | Program | Bare | Ratio | Reach | Runs |\n"
+        "|---|---|---|---|---|---|---|")

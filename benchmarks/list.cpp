@@ -1,0 +1,49 @@
+// The patient list switched to all patients until its first frame is painted, against the statement alone.
+#include "figure.h"
+#include "rawstore.h"
+#include "testhome.h"
+#include "windows.h"
+
+#include <QApplication>
+#include <QQmlEngine>
+#include <QQuickItem>
+#include <QQuickView>
+
+int main(int argc, char *argv[])
+{
+    const TestHome home;
+    const Figure figure(argc, argv);
+    QApplication application(argc, argv);
+    QQuickView *view = createView(QStringLiteral("qrc:/qml/ListPopup.qml"));
+    view->show();
+    RawStore raw(databaseFile(*view->engine()));
+    raw.fill(figure.patients);
+
+    QQuickItem *waitingTab = findItem(view->rootObject(), "TabPopup", "title", QStringLiteral("Patients en attente"));
+    QQuickItem *allTab = findItem(view->rootObject(), "TabPopup", "title", QStringLiteral("Liste de tous les patients"));
+    QQuickItem *selectAll = findItem(view->rootObject(), "TableTick", "name", QStringLiteral("Tout sélectionner"));
+    const auto bare = [&](int) {
+        return elapsedMs([&] {
+            if (raw.selectAll() != figure.patients) {
+                qFatal("Not all patients were read");
+            }
+        });
+    };
+    double untilLoadedMs = 0;
+    const auto program = [&](int) {
+        waitingTab->setProperty("checked", true);
+        waitUntilAtRest();
+        return elapsedMs([&] {
+            paintedAfter({view}, [&] {
+                untilLoadedMs = elapsedMs([&] { allTab->setProperty("checked", true); });
+            });
+        });
+    };
+
+    for (const bool ticked : {true, false}) {
+        selectAll->setProperty("checked", ticked);
+        figure.compare(ticked ? "list, box ticked" : "list, box not ticked", program, bare);
+        printValue(ticked ? "list loaded, box ticked" : "list loaded, box not ticked", untilLoadedMs);
+    }
+    delete view;
+}

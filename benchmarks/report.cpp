@@ -1,0 +1,104 @@
+// The report of all patients: its text against appending the same number of bytes, and its layout.
+#include "figure.h"
+#include "rawstore.h"
+#include "testhome.h"
+#include "windows.h"
+
+#include "draggablequickview.h"
+#include "widgetservice.h"
+
+#include <QApplication>
+#include <QJSValue>
+#include <QQmlEngine>
+#include <QQuickItem>
+#include <QQuickView>
+#include <QTextDocument>
+
+namespace {
+
+using Report = QString (WidgetService::*)(const QString &, const QVariantList &);
+
+Report reportOf();
+
+/// The one way to a private member that the language allows: naming it in an explicit instantiation.
+template <Report member>
+struct Opened
+{
+    friend Report reportOf() { return member; }
+};
+template struct Opened<&WidgetService::report>;
+
+/// The rows as the list hands them to the printing slot.
+QVariantList loadedRows(const QQuickView &list)
+{
+    const QVariant rows = list.rootObject()->property("printModel");
+    return (rows.userType() == qMetaTypeId<QJSValue>() ? rows.value<QJSValue>().toVariant() : rows).toList();
+}
+
+/// The report cut where the report's own code puts it together: literal by literal and value by value.
+QStringList pieces(const QString &html)
+{
+    QStringList found;
+    int start = 0;
+    for (int i = 0; i < html.size(); ++i) {
+        const bool ends = html.at(i) == QLatin1Char('>') || i + 1 == html.size() || html.at(i + 1) == QLatin1Char('<');
+        if (ends && (html.at(i) != QLatin1Char('>') || i + 1 == html.size() || html.at(i + 1) != QLatin1Char('<'))) {
+            found.append(html.mid(start, i + 1 - start));
+            start = i + 1;
+        }
+    }
+    return found;
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    const TestHome home;
+    const Figure figure(argc, argv);
+    QApplication application(argc, argv);
+    WidgetService service(nullptr);
+    QQuickView *list = findView(QStringLiteral("ListPopup"));
+    RawStore raw(databaseFile(*list->engine()));
+    raw.fill(figure.patients);
+    findItem(list->rootObject(), "TabPopup", "title", QStringLiteral("Liste de tous les patients"))
+        ->setProperty("checked", true);
+    const QVariantList rows = loadedRows(*list);
+    if (rows.size() != figure.patients) {
+        qFatal("%d patients were loaded", rows.size());
+    }
+
+    const QString title = QStringLiteral("Liste de tous les patients");
+    QString html;
+    const auto build = [&](int) { return elapsedMs([&] { html = (service.*reportOf())(title, rows); }); };
+    build(0);
+    const QStringList parts = pieces(html);
+    if (parts.join(QString()) != html) {
+        qFatal("The pieces are not the report");
+    }
+    figure.compare("report, text", build, [&](int) {
+        return elapsedMs([&] {
+            QString appended;
+            for (const QString &part : parts) {
+                appended += part;
+            }
+            if (appended.size() < figure.patients) {
+                qFatal("Nothing was appended");
+            }
+        });
+    });
+    printValue("report, characters", html.size());
+    figure.measure("report, laid out", [&](int) {
+        return elapsedMs([&] {
+            QTextDocument document;
+            QFont font = document.defaultFont();
+            font.setPixelSize(8);
+            document.setDefaultFont(font);
+            document.setHtml(html);
+            document.setTextWidth(800);
+            if (document.size().height() < figure.patients) {
+                qFatal("Nothing was laid out");
+            }
+        });
+    });
+}

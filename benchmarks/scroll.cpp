@@ -1,0 +1,83 @@
+// The patient list scrolled by one row a frame: how many frames of 60 a second are dropped.
+#include "figure.h"
+#include "rawstore.h"
+#include "testhome.h"
+#include "windows.h"
+
+#include <QApplication>
+#include <QPropertyAnimation>
+#include <QQmlEngine>
+#include <QQuickItem>
+#include <QQuickView>
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+namespace {
+
+constexpr double frameMs = 1000.0 / 60;
+constexpr int rowHeight = 42;
+
+QQuickItem *findList(QQuickItem *item)
+{
+    if (item->inherits("QQuickListView")) {
+        return item;
+    }
+    const QList<QQuickItem *> children = item->childItems();
+    for (QQuickItem *child : children) {
+        if (QQuickItem *list = findList(child)) {
+            return list;
+        }
+    }
+    return nullptr;
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    const TestHome home;
+    const Figure figure(argc, argv);
+    QApplication application(argc, argv);
+    QQuickView *view = createView(QStringLiteral("qrc:/qml/ListPopup.qml"));
+    view->show();
+    RawStore raw(databaseFile(*view->engine()));
+    raw.fill(figure.patients);
+    findItem(view->rootObject(), "TabPopup", "title", QStringLiteral("Liste de tous les patients"))
+        ->setProperty("checked", true);
+    waitUntilAtRest();
+    QQuickItem *list = findList(view->rootObject());
+    if (!list) {
+        qFatal("The document holds no list");
+    }
+
+    const int rows = std::min(1000, figure.patients - 20);
+    figure.measure("frames dropped per 1,000", [&](int number) {
+        const int start = number * rows % (figure.patients - rows) * rowHeight;
+        list->setProperty("contentY", start);
+        waitUntilAtRest();
+
+        QElapsedTimer timer;
+        std::vector<double> times;
+        QObject receiver;
+        QObject::connect(view, &QQuickWindow::frameSwapped, &receiver,
+                         [&] { times.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6); });
+        QPropertyAnimation scrolling(list, "contentY");
+        scrolling.setStartValue(start);
+        scrolling.setEndValue(start + rows * rowHeight);
+        scrolling.setDuration(static_cast<int>(rows * frameMs));
+        timer.start();
+        scrolling.start();
+        waitUntil([&] { return scrolling.state() == QAbstractAnimation::Stopped; });
+
+        // A frame that comes a whole frame late or later: each full frame of the gap beyond the first is one that is
+        // missing. Half a frame is allowed, since nothing here holds the painting to the screen's beat.
+        double dropped = 0;
+        for (std::size_t i = 1; i < times.size(); ++i) {
+            dropped += std::max(0.0, std::floor((times[i] - times[i - 1]) / frameMs + 0.5) - 1);
+        }
+        return dropped * 1000 / rows;
+    });
+    delete view;
+}
