@@ -9,8 +9,24 @@ set(linux_dir "${CMAKE_CURRENT_LIST_DIR}")
 install(TARGETS tandry RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
 install(FILES "${linux_dir}/${application_id}.desktop" DESTINATION "${CMAKE_INSTALL_DATADIR}/applications")
 install(FILES "${linux_dir}/${application_id}.metainfo.xml" DESTINATION "${CMAKE_INSTALL_DATADIR}/metainfo")
-install(FILES "${linux_dir}/tandry.1" DESTINATION "${CMAKE_INSTALL_MANDIR}/man1")
-install(FILES "${linux_dir}/copyright" "${PROJECT_SOURCE_DIR}/CHANGELOG.md" DESTINATION "${CMAKE_INSTALL_DOCDIR}")
+install(FILES "${linux_dir}/copyright" DESTINATION "${CMAKE_INSTALL_DOCDIR}")
+
+# Debian keeps manual pages and lists of changes compressed: without a name and a date inside (-n), so that the same
+# sources give the same package.
+find_program(TANDRY_GZIP gzip REQUIRED)
+function(tandry_install_compressed source name folder)
+    set(compressed "${CMAKE_CURRENT_BINARY_DIR}/${name}.gz")
+    add_custom_command(OUTPUT "${compressed}"
+        COMMAND "${TANDRY_GZIP}" -9nc "${source}" > "${compressed}" DEPENDS "${source}" VERBATIM)
+    set_property(GLOBAL APPEND PROPERTY TANDRY_COMPRESSED "${compressed}")
+    install(FILES "${compressed}" DESTINATION "${folder}")
+endfunction()
+tandry_install_compressed("${linux_dir}/tandry.1" tandry.1 "${CMAKE_INSTALL_MANDIR}/man1")
+tandry_install_compressed("${linux_dir}/changelog" changelog "${CMAKE_INSTALL_DOCDIR}")
+tandry_install_compressed("${PROJECT_SOURCE_DIR}/CHANGELOG.md" CHANGELOG.md "${CMAKE_INSTALL_DOCDIR}")
+get_property(compressed_files GLOBAL PROPERTY TANDRY_COMPRESSED)
+add_custom_target(tandry_package_documents ALL DEPENDS ${compressed_files})
+
 foreach(size IN ITEMS 16 22 24 32 48 64 128 256)
     install(FILES "${linux_dir}/icons/${size}.png"
         DESTINATION "${CMAKE_INSTALL_DATADIR}/icons/hicolor/${size}x${size}/apps" RENAME "${application_id}.png")
@@ -25,8 +41,9 @@ set(CPACK_PACKAGE_VENDOR Olmeric)
 set(CPACK_PACKAGE_CONTACT "Olmeric <${TANDRY_CUSTOMER_EMAIL}>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Follow-up of patients in allergy desensitisation")
 set(CPACK_PACKAGE_DESCRIPTION
-    "A small always-available widget for a physician's practice: it follows patients through the five steps of the
- desensitisation pathway and tells on which day each next needs attention.")
+    "A small always-available widget for a physician's practice: it follows
+ patients through the five steps of the desensitisation pathway and tells on
+ which day each next needs attention. Its texts are French.")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES TRUE)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)

@@ -13,7 +13,7 @@ add_custom_command(TARGET tandry POST_BUILD
     COMMAND ditto "${TANDRY_SPARKLE_FRAMEWORK}" "${bundle_contents}/Frameworks/Sparkle.framework"
     COMMENT "Embedding the update framework")
 
-# The icon is made from the drawing of the tray picture by packaging/macos/make-icon and kept beside it.
+# The icon is made from the drawing of the tray picture by scripts/render-pictures.
 target_sources(tandry PRIVATE "${CMAKE_CURRENT_LIST_DIR}/tandry.icns")
 set_source_files_properties("${CMAKE_CURRENT_LIST_DIR}/tandry.icns"
     TARGET_DIRECTORY tandry PROPERTIES MACOSX_PACKAGE_LOCATION Resources)

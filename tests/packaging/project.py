@@ -1,0 +1,16 @@
+"""Where things are, for the tests beside this file."""
+
+import os
+import pathlib
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+PACKAGING = ROOT / "packaging"
+APPLICATION_ID = "com.olmeric.vesktandry"
+
+
+def given(name):
+    """A value that the build hands to its tests."""
+    value = os.environ.get(name)
+    if not value:
+        raise RuntimeError(f"{name} is not set: run these tests by ctest")
+    return value

@@ -1,0 +1,93 @@
+"""What a Mac will read: the bundle's property list, its icon, its rights and an example of the update feed."""
+
+import plistlib
+import subprocess
+import tempfile
+import unittest
+import xml.etree.ElementTree as xml
+
+from project import APPLICATION_ID, PACKAGING, ROOT, given
+
+MACOS = PACKAGING / "macos"
+FEED = "/widget_vesk/tandry/mac/"
+SPARKLE = "{http://www.andymatuschak.org/xml-namespaces/sparkle}"
+# The kinds of picture in an icon file, by the edge that each is for: pixels and their mask, or one compressed picture.
+ICON_KINDS = {16: ("is32", "s8mk"), 32: ("il32", "l8mk"), 48: ("ih32", "h8mk"), 128: ("it32", "t8mk"),
+              256: ("ic08",), 512: ("ic09",)}
+
+
+def property_list(**settings):
+    """The property list of a build with these settings."""
+    with tempfile.TemporaryDirectory(prefix="tandry-plist-") as folder:
+        script = f"{folder}/configure.cmake"
+        with open(script, "w", encoding="utf-8") as file:
+            file.write(f'set(PROJECT_VERSION 9.8.7)\ninclude("{ROOT}/cmake/BuildSettings.cmake")\n'
+                       f'configure_file("{MACOS}/Info.plist.in" "{folder}/Info.plist" @ONLY)\n')
+        given_settings = [f"-D{name}={value}" for name, value in settings.items()]
+        subprocess.run([given("TANDRY_CMAKE"), *given_settings, "-P", script], check=True, capture_output=True)
+        with open(f"{folder}/Info.plist", "rb") as file:
+            return plistlib.load(file)
+
+
+class Bundle(unittest.TestCase):
+
+    def test_the_property_list_of_this_build(self):
+        with open(f"{given('TANDRY_BUILD')}/packaging/Info.plist", "rb") as file:
+            content = plistlib.load(file)
+        self.assertEqual(content["CFBundleIdentifier"], APPLICATION_ID)
+        self.assertEqual(content["CFBundleExecutable"], "tandry")
+        self.assertEqual(content["CFBundleName"], "Vesk Tandry")
+        self.assertEqual(content["CFBundlePackageType"], "APPL")
+        self.assertEqual(content["CFBundleDevelopmentRegion"], "fr")
+        self.assertEqual(content["CFBundleShortVersionString"], given("TANDRY_VERSION"))
+        self.assertEqual(content["CFBundleVersion"], given("TANDRY_VERSION"))
+        self.assertIs(content["NSHighResolutionCapable"], True)
+        self.assertEqual(content["NSPrincipalClass"], "NSApplication")
+        self.assertTrue((MACOS / content["CFBundleIconFile"]).is_file())
+
+    def test_the_version_is_the_projects(self):
+        self.assertEqual(property_list()["CFBundleVersion"], "9.8.7")
+
+    def test_plain_http_is_allowed_for_the_update_host_alone_and_without_its_port(self):
+        for host, domain in (("updates.olmeric.example", "updates.olmeric.example"),
+                             ("updates.other.example:8080", "updates.other.example")):
+            with self.subTest(host):
+                self.assertEqual(property_list(TANDRY_UPDATE_HOST=host)["NSAppTransportSecurity"],
+                                 {"NSExceptionDomains": {domain: {"NSExceptionAllowsInsecureHTTPLoads": True}}})
+
+    def test_updates_are_signed_for_the_key_of_the_build(self):
+        self.assertEqual(property_list(TANDRY_UPDATE_PUBLIC_KEY="c2VjcmV0")["SUPublicEDKey"], "c2VjcmV0")
+
+    def test_the_icon_holds_its_sizes(self):
+        content = (MACOS / "tandry.icns").read_bytes()
+        self.assertEqual(content[:4], b"icns")
+        self.assertEqual(int.from_bytes(content[4:8], "big"), len(content))
+        kinds, place = [], 8
+        while place < len(content):
+            length = int.from_bytes(content[place + 4:place + 8], "big")
+            self.assertGreater(length, 8)
+            kinds.append(content[place:place + 4].decode("ascii"))
+            place += length
+        self.assertEqual(place, len(content))
+        self.assertEqual(kinds, [kind for edge in ICON_KINDS for kind in ICON_KINDS[edge]])
+
+    def test_the_rights_are_those_of_the_script_engine_alone(self):
+        with open(MACOS / "tandry.entitlements", "rb") as file:
+            self.assertEqual(plistlib.load(file), {"com.apple.security.cs.allow-jit": True,
+                                                   "com.apple.security.cs.allow-unsigned-executable-memory": True})
+
+    def test_the_example_of_the_feed(self):
+        channel = xml.parse(MACOS / "appcast-example.xml").find("channel")
+        self.assertTrue(channel.findtext("link").endswith(".example" + FEED + "appcast.xml"))
+        item = channel.find("item")
+        enclosure = item.find("enclosure")
+        version = given("TANDRY_VERSION")
+        self.assertTrue(enclosure.get("url").endswith(f".example{FEED}vesk-tandry-{version}.dmg"))
+        self.assertEqual(enclosure.get(SPARKLE + "version"), version)
+        self.assertEqual(enclosure.get(SPARKLE + "shortVersionString"), version)
+        self.assertIsNotNone(enclosure.get(SPARKLE + "edSignature"))
+        self.assertEqual(item.findtext(SPARKLE + "minimumSystemVersion"), property_list()["LSMinimumSystemVersion"])
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,141 @@
+"""The Debian package puts the right files in the right places, and its papers agree with each other."""
+
+import configparser
+import gzip
+import os
+import re
+import stat
+import subprocess
+import tempfile
+import unittest
+import xml.etree.ElementTree as xml
+
+from project import APPLICATION_ID, ROOT, given
+
+ICONS = f"share/icons/hicolor/{{}}/apps/{APPLICATION_ID}."
+TREE = sorted([
+    "bin/tandry",
+    f"share/applications/{APPLICATION_ID}.desktop",
+    "share/doc/vesk-tandry/CHANGELOG.md.gz",
+    "share/doc/vesk-tandry/changelog.gz",
+    "share/doc/vesk-tandry/copyright",
+    ICONS.format("16x16") + "png",
+    ICONS.format("22x22") + "png",
+    ICONS.format("24x24") + "png",
+    ICONS.format("32x32") + "png",
+    ICONS.format("48x48") + "png",
+    ICONS.format("64x64") + "png",
+    ICONS.format("128x128") + "png",
+    ICONS.format("256x256") + "png",
+    ICONS.format("scalable") + "svg",
+    "share/man/man1/tandry.1.gz",
+    f"share/metainfo/{APPLICATION_ID}.metainfo.xml",
+])
+# Found by no tool: only the documents name the modules, and only the store's driver is loaded by name.
+DEPENDS = ["qml-module-qtquick2", "qml-module-qtquick-controls", "qml-module-qtquick-localstorage",
+           "libqt5sql5-sqlite", "fonts-liberation | fonts-liberation2"]
+# One for each import of the documents; what is imported without a module of its own comes with another.
+PACKAGE_OF_IMPORT = {"QtQuick": "qml-module-qtquick2", "QtQuick.Controls": "qml-module-qtquick-controls",
+                     "QtQuick.Controls.Styles": "qml-module-qtquick-controls",
+                     "QtQuick.LocalStorage": "qml-module-qtquick-localstorage"}
+
+
+class DebianPackage(unittest.TestCase):
+
+    @classmethod
+    def setUpClass(cls):
+        folder = tempfile.TemporaryDirectory(prefix="tandry-package-")
+        cls.addClassCleanup(folder.cleanup)
+        cls.prefix = os.path.join(folder.name, "usr")
+        subprocess.run([given("TANDRY_CMAKE"), "--install", given("TANDRY_BUILD"), "--prefix", cls.prefix], check=True,
+                       capture_output=True, text=True, env={**os.environ, "DESTDIR": ""})
+
+    def path(self, below):
+        return os.path.join(self.prefix, below)
+
+    def read(self, below):
+        opened = gzip.open if below.endswith(".gz") else open
+        with opened(self.path(below), "rt", encoding="utf-8") as file:
+            return file.read()
+
+    def packager_settings(self):
+        """What the build tells the packager, by name."""
+        with open(os.path.join(given("TANDRY_BUILD"), "CPackConfig.cmake"), encoding="utf-8") as file:
+            return dict(re.findall(r'^set\((\w+) "(.*?)"\)$', file.read(), re.MULTILINE))
+
+    def test_the_tree_is_as_written_here(self):
+        found = [os.path.relpath(os.path.join(folder, name), self.prefix)
+                 for folder, _, names in os.walk(self.prefix) for name in names]
+        self.assertEqual(sorted(found), TREE)
+
+    def test_only_the_program_can_be_executed(self):
+        executable = [below for below in TREE if os.stat(self.path(below)).st_mode & stat.S_IXUSR]
+        self.assertEqual(executable, ["bin/tandry"])
+
+    def test_the_icons_have_the_sizes_that_their_folders_say(self):
+        for below in TREE:
+            if not below.endswith(".png"):
+                continue
+            with open(self.path(below), "rb") as file:
+                header = file.read(24)
+            self.assertEqual(header[:8], b"\x89PNG\r\n\x1a\n", below)
+            width, height = int.from_bytes(header[16:20], "big"), int.from_bytes(header[20:24], "big")
+            self.assertIn(f"/{width}x{height}/", below)
+
+    def test_the_menu_entry(self):
+        reader = configparser.ConfigParser(interpolation=None)
+        reader.optionxform = str
+        reader.read_string(self.read(f"share/applications/{APPLICATION_ID}.desktop"))
+        entry = reader["Desktop Entry"]
+        self.assertEqual(entry["Type"], "Application")
+        self.assertEqual(entry["Name"], "Vesk Tandry")
+        self.assertEqual(entry["Exec"], "tandry")
+        self.assertEqual(entry["Icon"], APPLICATION_ID)
+        self.assertEqual(entry["Terminal"], "false")
+        self.assertTrue(entry["Categories"].endswith(";"))
+
+    def test_nothing_starts_at_login_before_the_first_start(self):
+        self.assertEqual([below for below in TREE if "autostart" in below], [])
+        self.assertNotIn("CPACK_DEBIAN_PACKAGE_CONTROL_EXTRA", self.packager_settings())
+
+    def test_the_metainfo_names_the_entry_and_the_program(self):
+        component = xml.fromstring(self.read(f"share/metainfo/{APPLICATION_ID}.metainfo.xml"))
+        self.assertEqual(component.get("type"), "desktop-application")
+        self.assertEqual(component.findtext("id"), APPLICATION_ID)
+        self.assertEqual(component.findtext("launchable"), f"{APPLICATION_ID}.desktop")
+        self.assertEqual(component.findtext("provides/binary"), "tandry")
+        self.assertTrue(component.findtext("summary"))
+
+    def test_every_paper_names_this_version_first(self):
+        version = given("TANDRY_VERSION")
+        component = xml.fromstring(self.read(f"share/metainfo/{APPLICATION_ID}.metainfo.xml"))
+        self.assertEqual(component.find("releases/release").get("version"), version, "metainfo")
+        self.assertEqual(self.read("share/doc/vesk-tandry/changelog.gz").split("\n")[0],
+                         f"vesk-tandry ({version}) unstable; urgency=medium")
+        self.assertRegex(self.read("share/man/man1/tandry.1.gz"), rf'\A\.TH TANDRY 1 "[-0-9]+" "Vesk Tandry {version}"')
+        first = re.search(r"^## (\S+?),", self.read("share/doc/vesk-tandry/CHANGELOG.md.gz"), re.MULTILINE)
+        self.assertEqual(first.group(1), version, "CHANGELOG.md")
+        self.assertEqual(self.packager_settings()["CPACK_PACKAGE_VERSION"], version)
+
+    def test_the_package_asks_for_what_no_tool_finds(self):
+        settings = self.packager_settings()
+        self.assertEqual(settings["CPACK_DEBIAN_PACKAGE_DEPENDS"].split(", "), DEPENDS)
+        self.assertEqual(settings["CPACK_DEBIAN_PACKAGE_SHLIBDEPS"], "ON")
+
+    def test_every_import_of_the_documents_is_in_a_package_that_is_asked_for(self):
+        documents = list((ROOT / "src" / "qml").rglob("*.qml")) + list((ROOT / "src" / "js").glob("*.js"))
+        imported = set()
+        for document in documents:
+            text = document.read_text(encoding="utf-8")
+            imported.update(re.findall(r"^\.?import (Qt[A-Za-z.]+) [0-9.]+", text, re.MULTILINE))
+        self.assertIn("QtQuick.LocalStorage", imported)
+        self.assertLessEqual(imported, set(PACKAGE_OF_IMPORT))
+        self.assertLessEqual({PACKAGE_OF_IMPORT[name] for name in imported}, set(DEPENDS))
+
+    def test_french_papers_keep_their_accents(self):
+        self.assertIn("désensibilisation", self.read("share/man/man1/tandry.1.gz"))
+        self.assertIn("désensibilisation", self.read(f"share/metainfo/{APPLICATION_ID}.metainfo.xml"))
+
+
+if __name__ == "__main__":
+    unittest.main()
