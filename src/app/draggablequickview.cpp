@@ -7,10 +7,11 @@
 DraggableQuickView::DraggableQuickView(bool staysOnTop)
     : focuser(new Focuser(this))
 {
-    if (staysOnTop)
+    if (staysOnTop) {
         setFlags(Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
-    else
+    } else {
         setFlags(Qt::FramelessWindowHint);
+    }
 }
 
 DraggableQuickView::~DraggableQuickView()

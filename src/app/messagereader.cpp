@@ -18,13 +18,16 @@ MessageReader::MessageReader(QIODevice &source)
 
 bool MessageReader::receive()
 {
-    if (!receiveLength())
+    if (!receiveLength()) {
         return false;
+    }
     while (remaining > 0) {
-        if (!receivePiece())
+        if (!receivePiece()) {
             return false;
-        if (remaining > 0 && !device.waitForReadyRead(pieceWaitMs))
+        }
+        if (remaining > 0 && !device.waitForReadyRead(pieceWaitMs)) {
             break;
+        }
     }
     return true;
 }
@@ -38,8 +41,9 @@ QString MessageReader::message() const
 bool MessageReader::receiveLength()
 {
     // Kept: the state of the connection is not asked for. See docs/decisions/guard-waits.md.
-    while (device.bytesAvailable() < lengthBytes)
+    while (device.bytesAvailable() < lengthBytes) {
         device.waitForReadyRead(lengthWaitMs);
+    }
 
     QDataStream(&device) >> remaining;
     return remaining <= longestMessageBytes;
@@ -55,8 +59,9 @@ bool MessageReader::receivePiece()
     received.resize(before + wanted);
     const int taken = QDataStream(&device).readRawData(received.data() + before, wanted);
     received.resize(before + std::max(taken, 0));
-    if (taken < 0)
+    if (taken < 0) {
         return false;
+    }
 
     remaining -= quint32(taken);
     return true;

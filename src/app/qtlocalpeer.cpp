@@ -10,9 +10,9 @@
 #include <QRegularExpression>
 
 #include <cerrno>
+#include <ctime>
 #include <memory>
 
-#include <time.h>
 #include <unistd.h>
 
 namespace {
@@ -69,25 +69,30 @@ QtLocalPeer::~QtLocalPeer()
 
 bool QtLocalPeer::isClient()
 {
-    if (instanceLock.isLocked())
+    if (instanceLock.isLocked()) {
         return false;
-    if (!instanceLock.lock(QtLP_Private::QtLockedFile::LockWrite, false))
+    }
+    if (!instanceLock.lock(QtLP_Private::QtLockedFile::LockWrite, false)) {
         return true;
+    }
 
-    if (!listen())
+    if (!listen()) {
         qWarning("QtSingleCoreApplication: listen on local socket failed, %s", qPrintable(localServer->errorString()));
+    }
     connect(localServer, SIGNAL(newConnection()), this, SLOT(receiveConnection()));
     return false;
 }
 
 bool QtLocalPeer::sendMessage(const QString &message, int timeoutMs)
 {
-    if (!isClient())
+    if (!isClient()) {
         return false;
+    }
 
     QLocalSocket socket;
-    if (!connectToFirst(socket, timeoutMs))
+    if (!connectToFirst(socket, timeoutMs)) {
         return false;
+    }
 
     const QByteArray bytes = message.toUtf8();
     QDataStream(&socket).writeBytes(bytes.constData(), uint(bytes.size()));
@@ -104,8 +109,9 @@ QString QtLocalPeer::applicationId() const
 void QtLocalPeer::receiveConnection()
 {
     std::unique_ptr<QLocalSocket> socket(localServer->nextPendingConnection());
-    if (!socket)
+    if (!socket) {
         return;
+    }
 
     MessageReader reader(*socket);
     if (!reader.receive()) {
@@ -129,33 +135,39 @@ void QtLocalPeer::acknowledge(QLocalSocket &socket)
         // At once: the wait looks at what comes in first, and takes a sender that only listens by now for gone.
         socket.flush();
     }
-    if (isConnected())
+    if (isConnected()) {
         socket.waitForBytesWritten(acknowledgeWaitMs);
+    }
     // The sender leaves once it has read the acknowledgement.
-    if (isConnected())
+    if (isConnected()) {
         socket.waitForDisconnected(disconnectWaitMs);
+    }
 }
 
 bool QtLocalPeer::connectToFirst(QLocalSocket &socket, int timeoutMs) const
 {
     for (int attempt = 1; attempt <= connectAttempts; ++attempt) {
         socket.connectToServer(serverName);
-        if (socket.waitForConnected(timeoutMs / connectAttempts))
+        if (socket.waitForConnected(timeoutMs / connectAttempts)) {
             return true;
+        }
         socket.abort();
         // An instance that is just starting holds the lock a moment before it listens.
-        if (attempt < connectAttempts)
+        if (attempt < connectAttempts) {
             pause(retryPauseMs);
+        }
     }
     return false;
 }
 
 bool QtLocalPeer::listen()
 {
-    if (localServer->listen(serverName))
+    if (localServer->listen(serverName)) {
         return true;
-    if (localServer->serverError() != QAbstractSocket::AddressInUseError)
+    }
+    if (localServer->serverError() != QAbstractSocket::AddressInUseError) {
         return false;
+    }
 
     // We hold the lock, so the socket was left behind by an instance that crashed.
     QFile::remove(QDir::cleanPath(QDir::tempPath()) + QLatin1Char('/') + serverName);

@@ -36,8 +36,9 @@ void warnOfFcntl(int error)
 
 QtLockedFile::~QtLockedFile()
 {
-    if (isOpen())
+    if (isOpen()) {
         unlock();
+    }
 }
 
 bool QtLockedFile::lock(LockMode mode, bool wait)
@@ -46,17 +47,21 @@ bool QtLockedFile::lock(LockMode mode, bool wait)
         qWarning("QtLockedFile::lock(): file is not opened");
         return false;
     }
-    if (mode == LockNone)
+    if (mode == LockNone) {
         return unlock();
-    if (mode == heldMode)
+    }
+    if (mode == heldMode) {
         return true;
-    if (heldMode != LockNone)
+    }
+    if (heldMode != LockNone) {
         unlock();
+    }
 
     if (!requestRecordLock(handle(), mode == LockRead ? F_RDLCK : F_WRLCK, wait)) {
         const int error = errno;
-        if (error != EINTR && (wait || !isHeldElsewhere(error)))
+        if (error != EINTR && (wait || !isHeldElsewhere(error))) {
             warnOfFcntl(error);
+        }
         return false;
     }
     heldMode = mode;
@@ -69,8 +74,9 @@ bool QtLockedFile::unlock()
         qWarning("QtLockedFile::unlock(): file is not opened");
         return false;
     }
-    if (heldMode == LockNone)
+    if (heldMode == LockNone) {
         return true;
+    }
 
     if (!requestRecordLock(handle(), F_UNLCK, true)) {
         warnOfFcntl(errno);

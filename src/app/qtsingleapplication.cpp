@@ -28,10 +28,11 @@ QString QtSingleApplication::id() const
 void QtSingleApplication::setActivationWindow(QWindow *window, bool activateOnMessage)
 {
     activationTarget = window;
-    if (activateOnMessage)
+    if (activateOnMessage) {
         connect(localPeer, SIGNAL(messageReceived(QString)), this, SIGNAL(activateWindow()));
-    else
+    } else {
         disconnect(localPeer, SIGNAL(messageReceived(QString)), this, SIGNAL(activateWindow()));
+    }
 }
 
 QWindow *QtSingleApplication::activationWindow() const

@@ -34,8 +34,9 @@ bool Autorun::isAutorun() const
 {
     const QVariant disabled = LoginAgent::storedValue(*m_settings, disabledKey);
     // Kept: without the key the system would start the program, yet it counts as off.
-    if (disabled.isNull())
+    if (disabled.isNull()) {
         return false;
+    }
     return !disabled.toBool();
 }
 

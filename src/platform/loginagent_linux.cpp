@@ -15,10 +15,11 @@ QString quotedProgram(const QString &program)
 {
     QString argument;
     for (const QChar c : program) {
-        if (c == QLatin1Char('%'))
+        if (c == QLatin1Char('%')) {
             argument += c;
-        else if (QStringLiteral("\"`$\\").contains(c))
+        } else if (QStringLiteral("\"`$\\").contains(c)) {
             argument += QLatin1Char('\\');
+        }
         argument += c;
     }
     argument.replace(QLatin1Char('\\'), QLatin1String("\\\\"));
@@ -55,8 +56,9 @@ QVariant LoginAgent::storedValue(QSettings &list, const QString &key)
     // answer with values that it could not write.
     QFile file(list.fileName());
     QSettings::SettingsMap values;
-    if (!file.open(QIODevice::ReadOnly) || !PropertyList::read(file, values))
+    if (!file.open(QIODevice::ReadOnly) || !PropertyList::read(file, values)) {
         return QVariant();
+    }
     return values.value(key);
 }
 
@@ -66,8 +68,9 @@ void LoginAgent::followList(const QString &program, bool on)
                       + QLatin1String("/autostart"));
     folder.mkpath(QStringLiteral("."));
     QSaveFile file(folder.filePath(QStringLiteral("com.olmeric.vesktandry.desktop")));
-    if (!file.open(QIODevice::WriteOnly))
+    if (!file.open(QIODevice::WriteOnly)) {
         return;
+    }
     file.write(autostartEntry(program, on));
     file.commit();
 }

@@ -20,11 +20,13 @@ void keepDialogTextSize()
 {
     // Qt has remembered the value; a browser or mail program that we open must not inherit it.
     qunsetenv(fontDpiVariable);
-    if (!qobject_cast<QGuiApplication *>(QCoreApplication::instance()))
+    if (!qobject_cast<QGuiApplication *>(QCoreApplication::instance())) {
         return;
+    }
     QFont font = QGuiApplication::font();
-    if (font.pointSizeF() <= 0) // a size in pixels does not follow the resolution
+    if (font.pointSizeF() <= 0) { // a size in pixels does not follow the resolution
         return;
+    }
     font.setPointSizeF(font.pointSizeF() * usualDpi / documentDpi);
     QGuiApplication::setFont(font);
 }

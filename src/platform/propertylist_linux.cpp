@@ -15,8 +15,9 @@ QVariant readValue(QXmlStreamReader &xml, int depth);
 
 QVariant checked(QXmlStreamReader &xml, bool ok, const QVariant &value)
 {
-    if (!ok)
+    if (!ok) {
         xml.raiseError(QStringLiteral("Not a value of its type"));
+    }
     return value;
 }
 
@@ -26,8 +27,9 @@ QVariant readInteger(QXmlStreamReader &xml)
     const int base = text.contains(QLatin1Char('x'), Qt::CaseInsensitive) ? 16 : 10;
     bool ok = false;
     const qlonglong value = text.toLongLong(&ok, base);
-    if (ok)
+    if (ok) {
         return value;
+    }
     const qulonglong large = text.toULongLong(&ok, base);
     return checked(xml, ok, large);
 }
@@ -59,11 +61,13 @@ QVariant readArray(QXmlStreamReader &xml, int depth)
     while (xml.readNextStartElement()) {
         const QVariant value = readValue(xml, depth + 1);
         values.append(value);
-        if (value.type() == QVariant::String)
+        if (value.type() == QVariant::String) {
             strings.append(value.toString());
+        }
     }
-    if (!values.isEmpty() && strings.size() == values.size())
+    if (!values.isEmpty() && strings.size() == values.size()) {
         return strings;
+    }
     return values;
 }
 
@@ -94,26 +98,27 @@ bool readBoolean(QXmlStreamReader &xml, bool value)
 QVariant readValue(QXmlStreamReader &xml, int depth)
 {
     const QString type = xml.name().toString();
-    if (depth > maximumDepth)
+    if (depth > maximumDepth) {
         xml.raiseError(QStringLiteral("Nested too deep"));
-    else if (type == QLatin1String("string"))
+    } else if (type == QLatin1String("string")) {
         return readText(xml);
-    else if (type == QLatin1String("true") || type == QLatin1String("false"))
+    } else if (type == QLatin1String("true") || type == QLatin1String("false")) {
         return readBoolean(xml, type == QLatin1String("true"));
-    else if (type == QLatin1String("integer"))
+    } else if (type == QLatin1String("integer")) {
         return readInteger(xml);
-    else if (type == QLatin1String("real"))
+    } else if (type == QLatin1String("real")) {
         return readReal(xml);
-    else if (type == QLatin1String("date"))
+    } else if (type == QLatin1String("date")) {
         return readDate(xml);
-    else if (type == QLatin1String("data"))
+    } else if (type == QLatin1String("data")) {
         return QByteArray::fromBase64(xml.readElementText().toLatin1());
-    else if (type == QLatin1String("array"))
+    } else if (type == QLatin1String("array")) {
         return readArray(xml, depth);
-    else if (type == QLatin1String("dict"))
+    } else if (type == QLatin1String("dict")) {
         return readDictionary(xml, depth);
-    else
+    } else {
         xml.raiseError(QStringLiteral("Not a type of a property list"));
+    }
     return QVariant();
 }
 
@@ -124,8 +129,9 @@ bool writeArray(QXmlStreamWriter &xml, const List &values)
 {
     bool ok = true;
     xml.writeStartElement(QStringLiteral("array"));
-    for (const auto &value : values)
+    for (const auto &value : values) {
         ok = writeValue(xml, value) && ok;
+    }
     xml.writeEndElement();
     return ok;
 }
@@ -183,17 +189,22 @@ bool writeValue(QXmlStreamWriter &xml, const QVariant &value)
 bool PropertyList::read(QIODevice &device, QSettings::SettingsMap &values)
 {
     QXmlStreamReader xml(&device);
-    if (!xml.readNextStartElement() || xml.name() != QLatin1String("plist"))
+    if (!xml.readNextStartElement() || xml.name() != QLatin1String("plist")) {
         return false;
-    if (!xml.readNextStartElement() || xml.name() != QLatin1String("dict"))
+    }
+    if (!xml.readNextStartElement() || xml.name() != QLatin1String("dict")) {
         return false;
+    }
     const QVariantMap dictionary = readDictionary(xml, 0);
-    if (xml.readNextStartElement()) // a list holds one value
+    if (xml.readNextStartElement()) { // a list holds one value
         return false;
-    while (!xml.atEnd())
+    }
+    while (!xml.atEnd()) {
         xml.readNext();
-    if (xml.hasError())
+    }
+    if (xml.hasError()) {
         return false;
+    }
     values = dictionary;
     return true;
 }

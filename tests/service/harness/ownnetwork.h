@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QtGlobal>
+#include <QByteArray>
+#include <QFile>
 
 #include <cerrno>
 #include <cstring>
@@ -11,14 +12,17 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
-/// Cuts this process off from the network: from here on it has a loopback interface of its own and nothing else, so
-/// that no test sends a byte beyond it and two tests may listen on the same port. Call it before the first thread.
-inline void enterOwnNetwork()
-{
-    const int user = geteuid() == 0 ? 0 : CLONE_NEWUSER;
-    if (unshare(CLONE_NEWNET | user) != 0)
-        qFatal("No network of the test's own: %s", strerror(errno));
+namespace OwnNetwork {
 
+inline void write(const char *path, const QByteArray &text)
+{
+    QFile file(QString::fromLatin1(path));
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || file.write(text) != text.size())
+        qFatal("%s cannot be written: %s", path, qPrintable(file.errorString()));
+}
+
+inline void raiseLoopback()
+{
     const int any = socket(AF_INET, SOCK_DGRAM, 0);
     ifreq request;
     memset(&request, 0, sizeof request);
@@ -27,4 +31,23 @@ inline void enterOwnNetwork()
     if (ioctl(any, SIOCSIFFLAGS, &request) != 0)
         qFatal("The loopback interface does not come up: %s", strerror(errno));
     close(any);
+}
+
+/// Cuts this process off from the network: from here on it has a loopback interface of its own and nothing else, so
+/// that no test sends a byte beyond it and two tests may listen on the same port. Call it before the first thread.
+inline void enter()
+{
+    const uid_t user = geteuid();
+    const gid_t group = getegid();
+    if (unshare(user == 0 ? CLONE_NEWNET : CLONE_NEWUSER | CLONE_NEWNET) != 0)
+        qFatal("No network of the test's own: %s", strerror(errno));
+    if (user != 0) {
+        // The same user as before, in the eyes of the file system.
+        write("/proc/self/setgroups", "deny");
+        write("/proc/self/uid_map", QByteArray::number(user) + ' ' + QByteArray::number(user) + " 1");
+        write("/proc/self/gid_map", QByteArray::number(group) + ' ' + QByteArray::number(group) + " 1");
+    }
+    raiseLoopback();
+}
+
 }

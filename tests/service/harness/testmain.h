@@ -10,7 +10,7 @@
 #define SERVICE_TEST_MAIN(TestClass)                                                                                   \
     int main(int argc, char *argv[])                                                                                   \
     {                                                                                                                  \
-        enterOwnNetwork();                                                                                             \
+        OwnNetwork::enter();                                                                                           \
         TestHome home;                                                                                                 \
         qputenv("CUPS_SERVER", "localhost:1");                                                                         \
         QApplication application(argc, argv);                                                                          \
