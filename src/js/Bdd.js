@@ -141,13 +141,13 @@ function select(filter, callback) {
         if (filter) {
             found = {
                 startsWith: toArray(tx.executeSql(head + " WHERE `name` LIKE ? ORDER BY name", [filter + "%"]),
-                                    removeNullValues),
+                                    toRecord),
                 contains: toArray(tx.executeSql(head + " WHERE `name` LIKE ? AND `name` NOT LIKE ? ORDER BY name",
                                                 ["%" + filter + "%", filter + "%"]),
-                                  removeNullValues)
+                                  toRecord)
             };
         } else {
-            found = toArray(tx.executeSql(head + " ORDER BY name"), removeNullValues);
+            found = toArray(tx.executeSql(head + " ORDER BY name"), toRecord);
         }
         callback(found);
     });
@@ -156,7 +156,7 @@ function select(filter, callback) {
 /// callback(record) for the row of that id; no callback when there is none.
 function get(id, callback) {
     read(function (tx) {
-        var records = toArray(tx.executeSql(recordHead() + " WHERE `id` = ?", [id]), removeNullValues);
+        var records = toArray(tx.executeSql(recordHead() + " WHERE `id` = ?", [id]), toRecord);
 
         if (records.length > 0) {
             callback(records[0]);
@@ -263,6 +263,20 @@ function selectWaiting(callback) {
         callback(toArray(tx.executeSql("SELECT *, strftime(\"%d/%m/%Y\", created) AS created_format FROM `Patients`"
                                        + waitingCondition() + " ORDER BY name")));
     });
+}
+
+/// The record of a row that nobody else holds. Most rows have no NULL, and copying each of them property by property
+/// took a third of the time of a list.
+function toRecord(row) {
+    return hasNull(row) ? removeNullValues(row) : row;
+}
+
+function hasNull(row) {
+    return row.id === null || row.genderMale === null || row.name === null || row.phone === null
+           || row.created === null || row.test === null || row.test_date === null || row.rdv1 === null
+           || row.date1 === null || row.confirmation === null || row.confirmation_date === null
+           || row.rdv2 === null || row.date2 === null || row.rdv3 === null || row.date3 === null
+           || row.notification_date === null || row.created_format === null || row.waiting === null;
 }
 
 /// A copy of the row with "" in place of every NULL.

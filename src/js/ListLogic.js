@@ -28,7 +28,10 @@ function show(patients) {
     }
     model.append(patients);
     root.printModel = patients;
-    checkAll(checkboxAll.checked);
+    // The rows have just come in without a tick.
+    if (checkboxAll.checked) {
+        checkAll(true);
+    }
 }
 
 /// Deletes the ticked patients, without a question, and tells the world; also when none is ticked.

@@ -9,39 +9,27 @@ ListModel {
     }
 
     function toRow(patient) {
-        var row = {
+        return {
             id: patient.id,
-            genderMale: toFlag(patient.genderMale),
-            name: toText(patient.name),
-            created_format: toText(patient.created_format),
-            phone: toText(patient.phone),
-            created: toText(patient.created),
-            test: toFlag(patient.test),
-            test_date: toText(patient.test_date),
-            rdv1: toFlag(patient.rdv1),
-            date1: toText(patient.date1),
-            confirmation: toFlag(patient.confirmation),
-            confirmation_date: toText(patient.confirmation_date),
-            rdv2: toFlag(patient.rdv2),
-            date2: toText(patient.date2),
-            rdv3: toFlag(patient.rdv3),
-            date3: toText(patient.date3),
-            notification_date: toText(patient.notification_date),
-            checked: patient.checked === true
+            genderMale: patient.genderMale || 0,
+            name: patient.name || "",
+            phone: patient.phone || "",
+            created: patient.created || "",
+            created_format: patient.created_format || "",
+            test: patient.test || 0,
+            test_date: patient.test_date || "",
+            rdv1: patient.rdv1 || 0,
+            date1: patient.date1 || "",
+            confirmation: patient.confirmation || 0,
+            confirmation_date: patient.confirmation_date || "",
+            rdv2: patient.rdv2 || 0,
+            date2: patient.date2 || "",
+            rdv3: patient.rdv3 || 0,
+            date3: patient.date3 || "",
+            notification_date: patient.notification_date || "",
+            // Rows of the waiting tab do not say it: all of them are.
+            waiting: patient.waiting === 0 ? 0 : 1,
+            checked: patient.checked
         };
-
-        // Rows of the waiting tab do not say it: all of them are.
-        if (patient.waiting !== undefined) {
-            row.waiting = toFlag(patient.waiting);
-        }
-        return row;
-    }
-
-    function toText(value) {
-        return value === null || value === undefined ? "" : String(value);
-    }
-
-    function toFlag(value) {
-        return Number(value) || 0;
     }
 }
