@@ -221,7 +221,7 @@ void ServiceStatistics::request_has_its_address_and_headers()
     const QStringList header = QString::fromUtf8(request.left(request.indexOf("\r\n\r\n"))).split("\r\n");
 
     QCOMPARE(header.first(), QString("POST /api/vesktandry/tracking/ HTTP/1.1"));
-    QVERIFY(header.contains("Host: localhost:47443"));
+    QVERIFY(header.contains("Host: 127.0.0.1:47443"));
     COMPARE_LINES(header.filter("Content-Type:", Qt::CaseInsensitive),
                   {"Content-Type: multipart/form-data; boundary=margin"});
     COMPARE_LINES(header.filter("Content-Length:", Qt::CaseInsensitive), {"Content-Length: 995"});
