@@ -4,7 +4,7 @@
 #       SOURCES tst_Name.cpp ...
 #       LIBRARIES tandry_platform ...
 #       [ENVIRONMENT NAME=value ...]      added to, and stronger than, the environment below
-#       [TIMEOUT seconds])                120 when not given
+#       [TIMEOUT seconds])                120 when not given; five times as many under a sanitizer
 function(tandry_add_test name)
     cmake_parse_arguments(arg "" "TIMEOUT" "SOURCES;LIBRARIES;ENVIRONMENT" ${ARGN})
     if(arg_UNPARSED_ARGUMENTS)
@@ -12,6 +12,9 @@ function(tandry_add_test name)
     endif()
     if(NOT arg_TIMEOUT)
         set(arg_TIMEOUT 120)
+    endif()
+    if(CMAKE_CXX_FLAGS MATCHES "-fsanitize=") # notes the stack of every allocation
+        math(EXPR arg_TIMEOUT "${arg_TIMEOUT} * 5")
     endif()
 
     add_executable(${name} ${arg_SOURCES})

@@ -46,8 +46,6 @@ QString readableMacVersion(int version)
 
 WidgetService::WidgetService(QObject *parent)
     : QObject(parent)
-    , firstShow(true)
-    , lastNotifiedCount(0)
 {
     networkManager = new QNetworkAccessManager(this);
 

@@ -97,10 +97,10 @@ private:
     QTimer *refreshTimer;
     QDate lastRefreshDate;
     QWidget *dialogParent;
-    bool firstShow;
+    bool firstShow = true;
     QSettings *settings;
     Autorun *m_autorun;
     QNetworkAccessManager *networkManager;
-    qint32 lastNotifiedCount;
+    qint32 lastNotifiedCount = 0;
     QTimer *statisticsTimer;
 };

@@ -2,10 +2,10 @@
 
 #include <QIcon>
 #include <QList>
+#include <QPointer>
 #include <QString>
 #include <QSystemTrayIcon>
-
-QT_FORWARD_DECLARE_CLASS(QTimer)
+#include <QTimer>
 
 /// What the service asked of Qt where Qt gives nothing to look at: the linker leads these calls of the product's code
 /// past here, and from here they go on to Qt.
@@ -33,7 +33,7 @@ struct Recordings
     /// The answer that the service gets when it asks whether the tray can show messages.
     bool messagesSupported = true;
     QList<Report> reports;
-    QList<QTimer *> startedTimers;
+    QList<QPointer<QTimer>> startedTimers;
     /// What the service is told of the screen; invalid: the truth.
     QSize availableSize;
 

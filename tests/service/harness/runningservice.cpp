@@ -71,9 +71,9 @@ QWidget *RunningService::dialogParent() const
 
 QTimer *RunningService::statisticsTimer() const
 {
-    const QList<QTimer *> timers = Recordings::instance().startedTimers;
-    for (QTimer *timer : timers) {
-        if (timer->interval() == 86400000)
+    const QList<QPointer<QTimer>> timers = Recordings::instance().startedTimers;
+    for (const QPointer<QTimer> &timer : timers) {
+        if (timer && timer->interval() == 86400000)
             return timer;
     }
     return nullptr;

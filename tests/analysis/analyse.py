@@ -1,0 +1,84 @@
+#!/usr/bin/env python3
+"""Lets one analyser read the product's sources, and fails on any finding.
+
+Usage: analyse.py clang_tidy|clazy|cppcheck|qmllint PROGRAM BUILD_FOLDER"""
+
+import concurrent.futures
+import json
+import pathlib
+import re
+import subprocess
+import sys
+
+HERE = pathlib.Path(__file__).resolve().parent
+ROOT = HERE.parents[1]
+CPP_FOLDERS = [ROOT / "src" / name for name in ("app", "platform", "service")]
+HEADERS = "/src/(app|platform|service)/[^/]+\\.h$"
+FINDING = re.compile(r"\b(warning|error):")
+
+
+def files(folders, *patterns):
+    """The files below the folders, sorted; none at all is a mistake of this script's."""
+    found = sorted(file for folder in folders for pattern in patterns for file in folder.rglob(pattern))
+    if not found:
+        sys.exit(f"Nothing to analyse in {', '.join(map(str, folders))}")
+    return found
+
+
+def compiled_sources(build):
+    """The product's C++ files. Each has to be in the build's list of commands, except the other platform's."""
+    commands = json.loads((build / "compile_commands.json").read_text(encoding="utf-8"))
+    compiled = {pathlib.Path(command["directory"], command["file"]).resolve() for command in commands}
+    sources = [file for file in files(CPP_FOLDERS, "*.cpp") if not file.stem.endswith("_mac")]
+    missing = [str(file) for file in sources if file not in compiled]
+    if missing:
+        sys.exit("The build does not compile " + ", ".join(missing))
+    return sources
+
+
+def clang_tidy(program, build):
+    return [[program, "-p", build, "--quiet", file] for file in compiled_sources(build)]
+
+
+def clazy(program, build):
+    # Clazy reads "// clazy:exclude=..." beside the line; the reason stands there, too.
+    return [[program, "-p", build, "-checks=level1", f"-header-filter={HEADERS}", file]
+            for file in compiled_sources(build)]
+
+
+def cppcheck(program, build):
+    # Both platforms at once: it needs no headers of either. It does not read Objective-C++.
+    options = ["--quiet", "--error-exitcode=1", "--enable=warning,style,performance,portability",
+               "--inline-suppr", f"--suppressions-list={HERE / 'cppcheck-suppressions.txt'}",
+               "--library=qt", "--library=posix", "--std=c++17", "--language=c++",
+               "--template={file}:{line}: warning: {message} [{id}]",
+               *(f"-I{folder}" for folder in CPP_FOLDERS), f"-I{build / 'src' / 'generated'}"]
+    return [[program, *options, file] for file in files(CPP_FOLDERS, "*.cpp")]
+
+
+def qmllint(program, build):
+    # Without -U, which warns of valid things: a gate for the syntax.
+    folders = [ROOT / "src", ROOT / "tests", ROOT / "benchmarks", build / "src" / "js"]
+    return [[program, file] for file in files(folders, "*.qml", "*.js")]
+
+
+def run(command):
+    """The command's output, and whether it found something."""
+    done = subprocess.run([str(part) for part in command], stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
+                          text=True, check=False)
+    found = done.returncode != 0 or FINDING.search(done.stdout)
+    return f"{command[-1]}: status {done.returncode}\n{done.stdout}" if found else ""
+
+
+def main():
+    analysis, program, build = sys.argv[1:]
+    commands = {"clang_tidy": clang_tidy, "clazy": clazy, "cppcheck": cppcheck, "qmllint": qmllint}[analysis](
+        program, pathlib.Path(build))
+    with concurrent.futures.ThreadPoolExecutor(max_workers=2) as pool:
+        findings = list(filter(None, pool.map(run, commands)))
+    print("\n".join(findings))
+    print(f"{analysis}: {len(commands)} runs, {len(findings)} with findings")
+    sys.exit(1 if findings else 0)
+
+
+main()
