@@ -2,7 +2,8 @@ import QtQuick 2.2
 import "base"
 import "../js/Bdd.js" as Bdd
 
-// The main widget: search, results and the patient editor that slides in from the right.
+// The main widget: search, results and the patient editor that slides in from the right. The editor is a third of what
+// there is to build, so it is built when it is first wanted and the widget appears without waiting for it.
 Rectangle {
     id: root
 
@@ -34,12 +35,12 @@ Rectangle {
     function removedPatients(list) {
         var i;
 
-        if (list === null) {
+        if (list === null || editor.item === null) {
             return;
         }
         for (i = 0; i < list.length; ++i) {
             // Loosely: an id comes as a number or as text.
-            if (list[i] == detail.currentId) {
+            if (list[i] == editor.item.currentId) {
                 leaveEditor();
                 return;
             }
@@ -57,13 +58,14 @@ Rectangle {
     }
 
     function openEditor(id, name) {
-        detail.load(id, name);
+        editor.active = true;
+        editor.item.load(id, name);
         state = "open";
-        nameStatus.focus();
+        nameBar.focus();
     }
 
     function leaveEditor() {
-        detail.reset();
+        editor.item.reset();
         autocomplete.reset();
         state = "close";
         autocomplete.focus();
@@ -122,8 +124,8 @@ Rectangle {
     Container {
         id: container
 
-        internalContentHeight: detail.height
-        internalContentInternalHeight: detail.internalHeight
+        internalContentHeight: editor.height
+        internalContentInternalHeight: editor.item ? editor.item.internalHeight : 0
         internalState: root.state === "open" ? "detail" : autocomplete.hasResults ? "results" : "base"
         title: qsTr("Tandry")
 
@@ -149,7 +151,7 @@ Rectangle {
         }
 
         NameStatus {
-            id: nameStatus
+            id: nameBar
 
             opacity: 0
             visible: root.state === "open" || opacity > 0
@@ -220,20 +222,24 @@ Rectangle {
             }
         }
 
-        Detail {
-            id: detail
+        Loader {
+            id: editor
 
+            active: false
             anchors {
                 left: listPane.right
                 top: autocomplete.bottom
             }
-            externalGenderMale: nameStatus.genderMale
-            externalName: nameStatus.name
-            nameStatus: nameStatus
             visible: root.state === "open" || listPane.anchors.leftMargin < 0
 
-            onCanceled: root.leaveEditor()
-            onNeedRefresh: root.needRefresh()
+            sourceComponent: Detail {
+                externalGenderMale: nameBar.genderMale
+                externalName: nameBar.name
+                nameStatus: nameBar
+
+                onCanceled: root.leaveEditor()
+                onNeedRefresh: root.needRefresh()
+            }
         }
     }
 
@@ -254,7 +260,7 @@ Rectangle {
                 z: 0
             }
             PropertyChanges {
-                target: nameStatus
+                target: nameBar
                 opacity: 1
                 z: 1
             }

@@ -161,6 +161,7 @@ Item {
             var control;
             var accessible;
 
+            main.openPatient("");
             search().text = "x";
             control = named(main, data.tag);
             accessible = Native.accessible(control);
