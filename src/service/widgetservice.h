@@ -81,10 +81,11 @@ private:
     void incrementCounter(const QString &key);
 
     void compileMessage();
+    void collectGarbage();
     QIcon badgedIcon(const QIcon &icon, int count) const;
 
     QString report(const QString &title, const QVariantList &rows);
-    QString reportRow(const QVariant &row);
+    void appendReportRow(QString &html, const QVariant &row);
     QStringList getDataFromMap(QMap<QString, QVariant> &map);
 
     QByteArray statisticsBody() const;

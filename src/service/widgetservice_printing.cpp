@@ -6,11 +6,14 @@
 #include <QDebug>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QStringBuilder>
 #include <QTextDocument>
 
 namespace {
 
 constexpr int fontPixelSize = 8;
+// A row's markup and some fifty characters of values.
+constexpr int usualRowLength = 600;
 
 /// A column of the report: the head of the column, and what it means.
 struct Column
@@ -22,15 +25,15 @@ struct Column
 // Who the patient is needs no explanation in the legend.
 constexpr int firstExplainedColumn = 3;
 
-bool isGiven(const QMap<QString, QVariant> &map, const char *date)
+bool isGiven(const QMap<QString, QVariant> &map, const QString &date)
 {
-    return !map.value(QLatin1String(date)).toString().isEmpty();
+    return !map.value(date).toString().isEmpty();
 }
 
 /// Here any value above 0 is a yes, on purpose; the list on the screen wants exactly 1.
-bool isYes(const QMap<QString, QVariant> &map, const char *flag)
+bool isYes(const QMap<QString, QVariant> &map, const QString &flag)
 {
-    return map.value(QLatin1String(flag)).toDouble() > 0;
+    return map.value(flag).toDouble() > 0;
 }
 
 } // namespace
@@ -84,8 +87,9 @@ QString WidgetService::report(const QString &title, const QVariantList &rows)
             + QStringLiteral("</b></th>");
     }
     html += QStringLiteral("</tr></thead><tbody>");
+    html.reserve(html.size() + rows.size() * usualRowLength);
     for (const QVariant &row : rows) {
-        html += reportRow(row);
+        appendReportRow(html, row);
     }
     html += QStringLiteral("</tbody></table><br/><br/><p><ul style=\"list-style: none;\">");
     for (int i = firstExplainedColumn; i < columns.size(); ++i) {
@@ -97,24 +101,24 @@ QString WidgetService::report(const QString &title, const QVariantList &rows)
         + QStringLiteral("</p></body>");
 }
 
-QString WidgetService::reportRow(const QVariant &row)
+void WidgetService::appendReportRow(QString &html, const QVariant &row)
 {
     qDebug() << "userType:" << row.userType();
 
     QMap<QString, QVariant> map = row.toMap();
-    QString html = QStringLiteral("<tr><td style=\"vertical-align: center;\">")
-        + map.value(QStringLiteral("name")).toString()
-        + QStringLiteral("</td><td align=center style=\"vertical-align: center;\">")
-        + map.value(QStringLiteral("created_format")).toString()
-        + QStringLiteral("</td><td style=\"vertical-align: center;\">")
-        + map.value(QStringLiteral("phone")).toString() + QStringLiteral("</td>");
+    html += QStringLiteral("<tr><td style=\"vertical-align: center;\">")
+        % map.value(QStringLiteral("name")).toString()
+        % QStringLiteral("</td><td align=center style=\"vertical-align: center;\">")
+        % map.value(QStringLiteral("created_format")).toString()
+        % QStringLiteral("</td><td style=\"vertical-align: center;\">")
+        % map.value(QStringLiteral("phone")).toString() % QStringLiteral("</td>");
 
     const QStringList cells = getDataFromMap(map);
     for (const QString &cell : cells) {
-        html += QStringLiteral("<td align=center style=\"vertical-align: center;\">") + cell
-            + QStringLiteral("</td>");
+        html += QStringLiteral("<td align=center style=\"vertical-align: center;\">") % cell
+            % QStringLiteral("</td>");
     }
-    return html + QStringLiteral("</tr>");
+    html += QStringLiteral("</tr>");
 }
 
 /// The five step cells of a row. After the first step that is open or refused the cells stay empty, whatever answers
@@ -131,18 +135,19 @@ QStringList WidgetService::getDataFromMap(QMap<QString, QVariant> &map)
         cells.append(QString());
     }
     // Fills one cell; true when the pathway goes on behind it.
-    const auto fill = [&](Cell cell, const char *date, const char *flag) {
+    const auto fill = [&](Cell cell, const QString &date, const QString &flag) {
         cells[cell] = !isGiven(map, date) ? pending : isYes(map, flag) ? yes : no;
         return cells[cell] == yes;
     };
 
-    if (fill(SkinTests, "test_date", "test")) {
+    if (fill(SkinTests, QStringLiteral("test_date"), QStringLiteral("test"))) {
         cells[WorkUp] = QStringLiteral("-");
-    } else if (cells[SkinTests] == pending || !fill(WorkUp, "date1", "rdv1")) {
+    } else if (cells[SkinTests] == pending || !fill(WorkUp, QStringLiteral("date1"), QStringLiteral("rdv1"))) {
         return cells;
     }
-    if (fill(Allergy, "confirmation_date", "confirmation") && fill(FirstIntake, "date2", "rdv2")) {
-        fill(Review, "date3", "rdv3");
+    if (fill(Allergy, QStringLiteral("confirmation_date"), QStringLiteral("confirmation"))
+        && fill(FirstIntake, QStringLiteral("date2"), QStringLiteral("rdv2"))) {
+        fill(Review, QStringLiteral("date3"), QStringLiteral("rdv3"));
     }
     return cells;
 }
