@@ -2,18 +2,6 @@
 
 #include "draggablequickview.h"
 
-Focuser::Focuser(DraggableQuickView *w)
-    : m_view(w)
-{
-    Q_ASSERT(w);
-}
-
-void Focuser::show()
-{
-    m_view->show();
-    raise();
-}
-
 void Focuser::raise()
 {
     m_view->requestActivate();

@@ -4,18 +4,6 @@
 
 #import <AppKit/AppKit.h>
 
-Focuser::Focuser(DraggableQuickView *w)
-    : m_view(w)
-{
-    Q_ASSERT(w);
-}
-
-void Focuser::show()
-{
-    m_view->show();
-    raise();
-}
-
 void Focuser::raise()
 {
     [[NSApplication sharedApplication] activateIgnoringOtherApps:YES];
