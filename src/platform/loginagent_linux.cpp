@@ -9,6 +9,16 @@
 
 namespace {
 
+/// A text as the string value of a key.
+QString escaped(QString text)
+{
+    text.replace(QLatin1Char('\\'), QLatin1String("\\\\"));
+    text.replace(QLatin1Char('\n'), QLatin1String("\\n"));
+    text.replace(QLatin1Char('\t'), QLatin1String("\\t"));
+    text.replace(QLatin1Char('\r'), QLatin1String("\\r"));
+    return text;
+}
+
 /// The program as one quoted argument of the key Exec. The escapes come in layers: field codes, then the argument's
 /// quotes, then the string value as such, so that a backslash of the path becomes four.
 QString quotedProgram(const QString &program)
@@ -22,11 +32,7 @@ QString quotedProgram(const QString &program)
         }
         argument += c;
     }
-    argument.replace(QLatin1Char('\\'), QLatin1String("\\\\"));
-    argument.replace(QLatin1Char('\n'), QLatin1String("\\n"));
-    argument.replace(QLatin1Char('\t'), QLatin1String("\\t"));
-    argument.replace(QLatin1Char('\r'), QLatin1String("\\r"));
-    return QLatin1Char('"') + argument + QLatin1Char('"');
+    return QLatin1Char('"') + escaped(argument) + QLatin1Char('"');
 }
 
 QByteArray autostartEntry(const QString &program, bool on)
@@ -34,6 +40,8 @@ QByteArray autostartEntry(const QString &program, bool on)
     QByteArray entry = "[Desktop Entry]\n"
                        "Type=Application\n"
                        "Name=Vesk Tandry\n";
+    // The entry outlives an uninstalled program: a desktop then passes over it without a word.
+    entry += "TryExec=" + escaped(program).toUtf8() + '\n';
     entry += "Exec=" + quotedProgram(program).toUtf8() + " startup\n";
     entry += "Terminal=false\n";
     entry += on ? "Hidden=false\n" : "Hidden=true\n";

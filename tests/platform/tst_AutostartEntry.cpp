@@ -22,7 +22,8 @@ QByteArray entry()
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-/// The command line of the entry, one argument a line, as the desktop's own library takes it apart.
+/// What the desktop's own library reads in the entry: the program that has to be there, then the command line, one
+/// argument a line.
 QByteArrayList commandLine()
 {
     QProcess process;
@@ -32,6 +33,7 @@ QByteArrayList commandLine()
         "entry = GLib.KeyFile()\n"
         "entry.load_from_file(sys.argv[1], GLib.KeyFileFlags.NONE)\n"
         "line = entry.get_string('Desktop Entry', 'Exec').replace('%%', '%')\n"
+        "print(entry.get_string('Desktop Entry', 'TryExec'))\n"
         "print('\\n'.join(GLib.shell_parse_argv(line)[1]))\n", entryPath()});
     if (!process.waitForFinished() || process.exitCode() != 0)
         qWarning("python3: %s", process.readAllStandardError().constData());
@@ -80,6 +82,7 @@ void tst_AutostartEntry::switched_on_it_starts_the_program()
     QCOMPARE(entry(), QByteArray("[Desktop Entry]\n"
                                  "Type=Application\n"
                                  "Name=Vesk Tandry\n"
+                                 "TryExec=" + QCoreApplication::applicationFilePath().toUtf8() + "\n"
                                  "Exec=\"" + QCoreApplication::applicationFilePath().toUtf8() + "\" startup\n"
                                  "Terminal=false\n"
                                  "Hidden=false\n"
@@ -93,7 +96,8 @@ void tst_AutostartEntry::switched_off_it_stays_but_hidden()
     autorun.setAutorun(false);
     QVERIFY(entry().contains("\nHidden=true\n"));
     QVERIFY(entry().contains("\nX-GNOME-Autostart-enabled=false\n"));
-    QCOMPARE(commandLine(), (QByteArrayList{QCoreApplication::applicationFilePath().toUtf8(), "startup"}));
+    const QByteArray program = QCoreApplication::applicationFilePath().toUtf8();
+    QCOMPARE(commandLine(), (QByteArrayList{program, program, "startup"}));
     autorun.setAutorun(true);
     QVERIFY(entry().contains("\nHidden=false\n"));
 }
@@ -146,7 +150,7 @@ void tst_AutostartEntry::any_path_reaches_the_desktop_whole()
     const QString program = root.path() + '/' + folder + "/tandry";
     QVERIFY(QFile::copy(PLATFORM_PROBE, program));
     QCOMPARE(QProcess::execute(program, {"autorun", "on"}), 0);
-    QCOMPARE(commandLine(), (QByteArrayList{program.toUtf8(), "startup"}));
+    QCOMPARE(commandLine(), (QByteArrayList{program.toUtf8(), program.toUtf8(), "startup"}));
 }
 
 void tst_AutostartEntry::the_path_is_quoted_as_the_desktops_agree()
