@@ -133,8 +133,10 @@ void WidgetService::createViews()
     // Before any view exists, or the transparent colour has no effect.
     QQuickWindow::setDefaultAlphaBuffer(true);
 
+    // Nobody sees the titles: a screen reader and the desktop's list of windows name the windows by them.
     view = new DraggableQuickView(true);
     Q_ASSERT(view);
+    view->setTitle(tr("Vesk Tandry"));
     load(*view, QStringLiteral("main"));
     const QQmlEngine *engine = view->engine();
     Q_ASSERT(engine);
@@ -142,10 +144,12 @@ void WidgetService::createViews()
 
     contactView = new DraggableQuickView(false);
     Q_ASSERT(contactView);
+    contactView->setTitle(tr("Vesk Tandry – contacts"));
     load(*contactView, QStringLiteral("ContactPopup"));
 
     listView = new DraggableQuickView(false);
     Q_ASSERT(listView);
+    listView->setTitle(tr("Vesk Tandry – liste des patients"));
     load(*listView, QStringLiteral("ListPopup"));
 }
 
@@ -154,6 +158,7 @@ void WidgetService::load(DraggableQuickView &window, const QString &document)
     window.rootContext()->setContextProperty(QStringLiteral("point_factor"), pointFactor);
     window.setSource(QUrl(QStringLiteral("qrc:///qml/%1.qml").arg(document)));
     window.setColor(Qt::transparent);
+    window.setIcon(dialogParent->windowIcon());
 }
 
 void WidgetService::connectDocuments()

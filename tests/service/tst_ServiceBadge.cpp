@@ -5,6 +5,7 @@
 #include <QFontInfo>
 #include <QPainter>
 #include <QPainterPath>
+#include <QProcess>
 
 namespace {
 
@@ -104,6 +105,7 @@ private slots:
     void numbers_above_99_look_the_same();
     void number_stops_at_the_badge_s_edge();
     void picture_has_one_size();
+    void larger_texts_leave_the_number_its_size();
 
 private:
     static QImage picture(int number);
@@ -230,6 +232,19 @@ void ServiceBadge::picture_has_one_size()
     running.standInFor(running.main)->setProperty("number", 7);
     running.call("refreshIcon");
     QCOMPARE(running.tray().icon().availableSizes(), QList<QSize>({QSize(128, 128)}));
+}
+
+void ServiceBadge::larger_texts_leave_the_number_its_size()
+{
+    // The resolution of texts is read once, so it takes a program of its own: this one, asked for the other test.
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("QT_FONT_DPI", "144");
+    QProcess larger;
+    larger.setProcessEnvironment(environment);
+    larger.setProcessChannelMode(QProcess::MergedChannels);
+    larger.start(QCoreApplication::applicationFilePath(), {"picture_is_right_around_and_in_the_number"});
+    QVERIFY2(larger.waitForFinished(60000), qPrintable(larger.errorString()));
+    QVERIFY2(larger.exitStatus() == QProcess::NormalExit && larger.exitCode() == 0, larger.readAll().constData());
 }
 
 SERVICE_TEST_MAIN(ServiceBadge)

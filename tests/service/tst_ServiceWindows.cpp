@@ -13,6 +13,8 @@ class ServiceWindows : public QObject
 
 private slots:
     void init();
+    void each_window_has_a_title_for_those_who_do_not_see_it();
+    void each_window_has_the_program_s_picture_in_the_desktop_s_list();
     void main_window_is_shown_and_hidden();
     void toggle_hides_what_is_visible_and_shows_what_is_not();
     void closing_slot_hides_its_own_window_only_data();
@@ -30,6 +32,24 @@ private slots:
 void ServiceWindows::init()
 {
     SettingsFile::forgetEverything();
+}
+
+void ServiceWindows::each_window_has_a_title_for_those_who_do_not_see_it()
+{
+    LogCapture log;
+    RunningService running;
+    QCOMPARE(running.main->title(), QString("Vesk Tandry"));
+    QCOMPARE(running.contact->title(), QString::fromUtf8("Vesk Tandry – contacts"));
+    QCOMPARE(running.list->title(), QString::fromUtf8("Vesk Tandry – liste des patients"));
+}
+
+void ServiceWindows::each_window_has_the_program_s_picture_in_the_desktop_s_list()
+{
+    LogCapture log;
+    RunningService running;
+    const QImage picture(":/images/tray.png");
+    for (const DraggableQuickView *window : {running.main, running.contact, running.list})
+        QCOMPARE(window->icon().pixmap(128, 128).toImage().convertToFormat(picture.format()), picture);
 }
 
 void ServiceWindows::main_window_is_shown_and_hidden()
