@@ -39,6 +39,7 @@ Rectangle {
     WidgetText {
         anchors.centerIn: parent
         color: Palette.smsButtonText
+        growth: 1.2
         points: root.width / 8.5
         text: qsTr("Envoi SMS")
     }

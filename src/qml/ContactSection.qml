@@ -12,6 +12,7 @@ Item {
         id: headingText
 
         color: Palette.contactHeading
+        growth: 1.2
         points: 12
 
         Accessible.name: text

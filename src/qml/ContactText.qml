@@ -5,6 +5,7 @@ import "base"
 WidgetText {
     color: Palette.contactText
     font.bold: true
+    growth: 1.2
     points: 10
 
     Accessible.name: text

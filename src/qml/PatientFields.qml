@@ -41,6 +41,7 @@ Rectangle {
         id: phoneLabel
 
         color: Palette.editorLabel
+        growth: 1.2
         height: 40
         points: 10
         text: qsTr("Téléphone :")
@@ -60,6 +61,7 @@ Rectangle {
         }
         bold: true
         color: Palette.editorText
+        growth: 1.2
         maximumLength: 14
         name: qsTr("Téléphone")
         placeholderColor: Palette.editorPlaceholder
@@ -86,6 +88,7 @@ Rectangle {
             bottom: firstAppointmentText.top
         }
         color: Palette.editorLabel
+        growth: 1.2
         points: 10
         text: qsTr("Date du 1<sup>er</sup> rendez-vous :")
         textFormat: Text.RichText
@@ -101,6 +104,7 @@ Rectangle {
         }
         color: Palette.editorText
         font.bold: true
+        growth: 1.5
         points: 11
 
         Accessible.name: qsTr("Date du 1er rendez-vous : %1").arg(text)

@@ -135,17 +135,22 @@ Rectangle {
             width: root.width * Metrics.tickColumn
         }
         TableCell {
+            column: Columns.patientName
             font.bold: true
+            growth: 1.4
             horizontalAlignment: Text.AlignLeft
             points: 9
             text: root.iname
             width: root.width * Metrics.nameColumn
         }
         TableCell {
+            column: Columns.firstAppointment
+            growth: 1.3
             text: root.icreated
             width: root.width * Metrics.firstAppointmentColumn
         }
         StepCell {
+            column: Columns.test
             emphasised: StepCells.isTestEmphasised(root.itest_date)
             red: root.red
             text: StepCells.testText(root.itest_date, root.itest)
@@ -154,6 +159,7 @@ Rectangle {
         StepCell {
             id: workUp
 
+            column: Columns.workUp
             emphasised: StepCells.isWorkUpEmphasised(root.idate1, root.irdv1, text)
             red: root.red
             text: StepCells.workUpText(root.idate1, root.irdv1, root.itest_date, root.itest)
@@ -162,6 +168,7 @@ Rectangle {
         StepCell {
             id: allergy
 
+            column: Columns.allergy
             emphasised: StepCells.isAllergyEmphasised(text)
             red: root.red
             text: StepCells.allergyText(root.iconfirmation_date, root.iconfirmation, workUp.text)
@@ -170,12 +177,14 @@ Rectangle {
         StepCell {
             id: firstIntake
 
+            column: Columns.firstIntake
             emphasised: StepCells.isAppointmentEmphasised(root.idate2, root.irdv2)
             red: root.red
             text: StepCells.appointmentText(root.idate2, root.irdv2, allergy.text)
             width: root.width * Metrics.stepColumn
         }
         StepCell {
+            column: Columns.review
             emphasised: StepCells.isAppointmentEmphasised(root.idate3, root.irdv3)
             red: root.red
             text: StepCells.appointmentText(root.idate3, root.irdv3, firstIntake.text)
@@ -188,6 +197,8 @@ Rectangle {
             // A number of full length is a little wider than its column: it may use the gaps beside it.
             TableCell {
                 anchors.centerIn: parent
+                column: Columns.phone
+                growth: 1.1
                 text: root.iphone
                 width: parent.width + root.width * Metrics.columnGap
             }

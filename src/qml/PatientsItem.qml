@@ -52,6 +52,8 @@ Item {
                 verticalCenter: parent.verticalCenter
             }
             elide: Text.ElideRight
+            // The links can be read whole, the patients' names as large as most of them fit.
+            growth: root.alwaysBold ? 1 : 1.5
             maximumLineCount: 1
             points: 10
             text: root.text.replace(/[\r\n]+/g, " ")
@@ -72,6 +74,7 @@ Item {
                 anchors.centerIn: parent
                 color: Palette.white
                 font.bold: true
+                growth: 1.2
                 points: 7
                 text: root.number
             }

@@ -59,6 +59,7 @@ Item {
                 verticalCenter: parent.verticalCenter
             }
             color: Palette.questionText
+            growth: 1.2
             text: root.text
             textFormat: Text.RichText
             wrapMode: Text.WordWrap
@@ -74,6 +75,7 @@ Item {
             }
             color: yesBox.checked ? Palette.shortYes : Palette.shortNo
             font.bold: true
+            growth: 1.3
             points: 11
             text: yesBox.checked ? qsTr("Oui") : noBox.checked ? qsTr("Non") : ""
 

@@ -34,6 +34,7 @@ Rectangle {
         anchors.centerIn: parent
         color: Palette.white
         font.bold: true
+        growth: 1.2
         points: 11
         text: qsTr("Envoyer le SMS de rappel")
     }

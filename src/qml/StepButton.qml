@@ -27,6 +27,7 @@ Item {
         anchors.centerIn: parent
         color: Palette.editorLabel
         font.bold: true
+        growth: 1
         horizontalAlignment: Text.AlignHCenter
         opacity: clickable.containsMouse ? 0.7 : 1
         text: root.text

@@ -19,39 +19,39 @@ Rectangle {
             width: root.width * Metrics.tickColumn
         }
         TableTitle {
-            text: qsTr("Nom du patient")
+            text: Columns.patientName
             width: root.width * Metrics.nameColumn
         }
         TableTitle {
-            text: qsTr("Date<br/>1<sup>er</sup> RDV")
+            text: Columns.firstAppointment
             width: root.width * Metrics.firstAppointmentColumn
         }
         TableTitle {
-            text: qsTr("Tests<br/>cutanés")
+            text: Columns.test
             width: root.width * Metrics.stepColumn
         }
         TableTitle {
-            text: qsTr("RDV bilan<br/>allergo.")
+            text: Columns.workUp
             width: root.width * Metrics.stepColumn
         }
         TableTitle {
-            text: qsTr("Allergie<br/>confirmée")
+            text: Columns.allergy
             width: root.width * Metrics.stepColumn
         }
         TableTitle {
-            text: qsTr("RDV<br/>1<sup>ère</sup> prise")
+            text: Columns.firstIntake
             width: root.width * Metrics.stepColumn
         }
         TableTitle {
-            text: qsTr("RDV bilan<br/>fin de saison")
+            text: Columns.review
             width: root.width * Metrics.stepColumn
         }
         TableTitle {
-            text: qsTr("Téléphone")
+            text: Columns.phone
             width: root.width * Metrics.phoneColumn
         }
         TableTitle {
-            text: qsTr("Rappel SMS")
+            text: Columns.sms
             width: root.width * Metrics.smsColumn
         }
     }

@@ -13,11 +13,12 @@ Item {
         anchors.centerIn: parent
         color: Palette.white
         font.bold: true
+        growth: 1
         horizontalAlignment: Text.AlignHCenter
         points: 8
         textFormat: Text.RichText
 
-        Accessible.name: text.replace("<br/>", " ").replace(/<[^>]*>/g, "")
+        Accessible.name: Columns.spoken(text)
         Accessible.role: Accessible.StaticText
     }
 }

@@ -23,7 +23,8 @@ Image {
         width: 20
 
         Accessible.ignored: root.number === 0
-        Accessible.name: text
+        Accessible.name: root.number < 2 ? qsTr("%1 patient en attente").arg(root.number)
+                                         : qsTr("%1 patients en attente").arg(root.number)
         Accessible.role: Accessible.StaticText
     }
 }

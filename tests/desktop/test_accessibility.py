@@ -52,6 +52,17 @@ class Accessibility(DesktopTest):
         self.assertEqual([role for role, name in self.shown() if name.strip() == ""], [])
         markup = [name for _, name in self.shown() if "<" in name and name != "Adu <b>"]
         self.assertEqual(markup, [])
+        self.assertEqual(sorted(window.name for window in self.widget.find_all(role="frame")),
+                         ["Vesk Tandry", "Vesk Tandry – contacts", "Vesk Tandry – liste des patients"])
+
+    def test_the_tab_that_is_shown_is_the_selected_one(self):
+        self.widget.click("Liste de tous les patients")
+        self.widget.wait_for_window(LIST_WIDTH)
+        for chosen, other in (("Patients en attente", "Liste de tous les patients"),
+                              ("Liste de tous les patients", "Patients en attente")):
+            self.widget.control(chosen, "page tab").act()
+            wait_equal(lambda: [self.widget.control(name, "page tab").has("selected") for name in (chosen, other)],
+                       [True, False], f"{chosen!r} is selected")
 
     def test_the_press_action_does_what_a_click_does(self):
         self.widget.type("dup")

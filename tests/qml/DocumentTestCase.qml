@@ -119,24 +119,57 @@ TestCase {
 
     /// The part of the document that a path names, its outermost step last: "picture cross.png in control Fermer".
     function part(document, path) {
-        return path === "" ? document : path.split(" in ").reduceRight(step, document);
+        return path === "" ? document : path.split(" in ").reduceRight(function (item, name) {
+            return only(candidates(item, name), name);
+        }, document);
     }
 
-    function step(item, name) {
+    /// The same without a failure: null when the path names nothing, or more than one thing.
+    function findPart(document, path) {
+        return path === "" ? document : path.split(" in ").reduceRight(function (item, name) {
+            var found = item ? candidates(item, name) : [];
+
+            return found.length === 1 ? found[0] : null;
+        }, document);
+    }
+
+    /// What one step of a path may mean: "text Oui", "2 Question", "child 1 of type Container", ...
+    function candidates(item, name) {
         var words = name.split(" ");
         var rest = words.slice(1).join(" ");
 
         switch (words[0]) {
-        case "text": return textItem(item, rest);
-        case "picture": return picture(item, rest);
-        case "control": return named(item, rest);
-        case "type": return only(ofType(item, rest), name);
-        case "parent": return step(item, words.slice(2).join(" ")).parent;
-        case "first": return ofType(item, rest)[0];
-        case "last": return ofType(item, rest).pop();
-        case "input": return only(where(item, isInput), name);
+        case "text": return where(item, function (each) {
+                return isText(each) && each.text === rest.replace("{today}", todayShown());
+            });
+        case "picture": return where(item, function (each) { return isPicture(each, rest); });
+        case "control": return namedAll(item, rest);
+        case "type": return ofType(item, rest);
+        case "parent": return candidates(item, words.slice(2).join(" ")).map(function (each) { return each.parent; });
+        case "child": return candidates(item, words.slice(3).join(" ")).map(function (each) {
+                return each.children[words[1] - 1];
+            });
+        case "first": return ofType(item, rest).slice(0, 1);
+        case "last": return ofType(item, rest).slice(-1);
+        case "input": return where(item, isInput);
+        case "coloured": return where(item, function (each) { return isColoured(each, rest); });
+        case "menu": return menuItems(item).slice(words[2] - 1, words[2]);
         }
-        fail("What is " + name + "?");
+        if (isNaN(words[0])) {
+            fail("What is " + name + "?");
+        }
+        return ofType(item, rest).slice(words[0] - 1, words[0]);
+    }
+
+    function isColoured(item, shade) {
+        return Native.typeName(item) === "Rectangle" && item.color.toString() === shade && item.visible;
+    }
+
+    /// The items of the menu that an item holds.
+    function menuItems(item) {
+        return Array.prototype.slice.call(item.resources).reduce(function (found, each) {
+            return each.items === undefined ? found : found.concat(Array.prototype.slice.call(each.items));
+        }, []);
     }
 
     /// The bare line of text inside a field.
@@ -144,40 +177,22 @@ TestCase {
         return item.hasOwnProperty("echoMode") && item.hasOwnProperty("cursorDelegate");
     }
 
-    /// A property by its dotted name; edges are measured in the document.
+    /// A property by its dotted name; edges and middles are measured in the document.
     function look(document, item, property) {
-        var place = item.mapToItem(document, 0, 0);
-
         switch (property) {
-        case "left": return place.x;
-        case "top": return place.y;
-        case "right": return place.x + item.width;
-        case "bottom": return place.y + item.height;
+        case "left": return item.mapToItem(document, 0, 0).x;
+        case "top": return item.mapToItem(document, 0, 0).y;
+        case "right": return item.mapToItem(document, 0, 0).x + item.width;
+        case "bottom": return item.mapToItem(document, 0, 0).y + item.height;
+        case "centreX": return item.mapToItem(document, 0, 0).x + item.width / 2;
+        case "centreY": return item.mapToItem(document, 0, 0).y + item.height / 2;
+        case "points": return item.font.pointSize / point_factor;
         case "behavior": return behaviorText(item);
+        case "rectangles": return ofType(item, "Rectangle").length;
+        case "inputs": return where(item, isInput).length;
+        case "menuItems": return menuItems(item).length;
         }
         return property.split(".").reduce(function (value, each) { return value[each]; }, item);
-    }
-
-    /// Compares one row of a table of looks: [state, part, property, expected].
-    function compareLook(document, row) {
-        var value = look(document, part(document, row.part), row.property);
-
-        if (typeof row.expected === "number") {
-            fuzzyCompare(value, row.expected, 0.001);
-        } else if (typeof row.expected === "string") {
-            compare(value.toString(), row.expected);
-        } else {
-            compare(value, row.expected);
-        }
-    }
-
-    /// Data rows of a table of looks.
-    function lookRows(table) {
-        return table.map(function (row) {
-            return {
-                tag: row.slice(0, 3).join("/"), state: row[0], part: row[1], property: row[2], expected: row[3]
-            };
-        });
     }
 
     function behaviorText(item) {

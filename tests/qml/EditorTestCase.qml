@@ -9,41 +9,11 @@ DocumentTestCase {
     readonly property var keys: ["test", "rdv1", "confirmation", "rdv2", "rdv3"]
     readonly property var dates: ["test_date", "date1", "confirmation_date", "date2", "date3"]
 
-    // A pane that serves all rows of one table, and the name of that table's test.
-    property Item kept
-    property string keptFor
-
     function prepare() {
-        if (keptFor !== qtest_results.functionName) {
-            drop();
-            pane = createTemporaryObject(paneComponent(), stage);
-        }
-    }
-
-    function paneComponent() {
         var component = Qt.createComponent("EditorPane.qml");
 
         compare(component.errorString(), "");
-        return component;
-    }
-
-    /// One pane for all rows of the running test's table, brought into its state by the first of them.
-    function keep(bring) {
-        if (!kept) {
-            pane.visible = false;
-            pane = kept = paneComponent().createObject(stage);
-            keptFor = qtest_results.functionName;
-            bring();
-            rest();
-        }
-    }
-
-    function drop() {
-        if (kept) {
-            kept.destroy();
-        }
-        kept = null;
-        keptFor = "";
+        pane = createTemporaryObject(component, stage);
     }
 
     /// Stores one patient of id 1 with these fields and opens him.

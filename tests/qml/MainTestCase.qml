@@ -3,35 +3,11 @@ import QtQuick 2.2
 // A test of the whole main widget.
 DocumentTestCase {
     property Item main
-    // A widget that serves all rows of one table, and the name of that table.
-    property Item kept
-    property string keptFor
 
     /// The main widget as it starts, over the patients that the store holds.
     function start() {
-        drop();
         main = load("main");
         return main;
-    }
-
-    /// One widget for all rows of the table of that name, brought into its state by the first of them.
-    function keep(table, bring) {
-        if (keptFor !== table) {
-            drop();
-            kept = Qt.createComponent("qrc:/qml/main.qml").createObject(stage);
-            keptFor = table;
-            main = kept;
-            bring();
-        }
-        main = kept;
-    }
-
-    function drop() {
-        if (kept) {
-            kept.destroy();
-        }
-        kept = null;
-        keptFor = "";
     }
 
     function frame() { return ofType(main, "Container")[0]; }

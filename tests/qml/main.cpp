@@ -24,7 +24,8 @@ int main(int argc, char **argv)
 {
     TestHome home;
     // As the program does, so that a text is as wide here as it is for the user.
-    qputenv("QT_FONT_DPI", "72");
+    if (!qEnvironmentVariableIsSet("QT_FONT_DPI"))
+        qputenv("QT_FONT_DPI", "72");
     // Of the program's own kind: the controls look for their style by it.
     QApplication application(argc, argv);
     application.setApplicationName("documents");

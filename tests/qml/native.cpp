@@ -181,9 +181,11 @@ QVariant Native::accessible(QObject *object) const
     return QVariantMap{
         {"role", QString::fromLatin1(roles.valueToKey(interface->role()))},
         {"name", interface->text(QAccessible::Name)},
+        {"description", interface->text(QAccessible::Description)},
         {"focusable", bool(interface->state().focusable)},
         {"checkable", bool(interface->state().checkable)},
         {"checked", bool(interface->state().checked)},
+        {"selected", bool(interface->state().selected)},
         {"actions", actions},
     };
 }

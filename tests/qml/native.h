@@ -35,7 +35,8 @@ public:
     /// The host of the SMS service that this build was configured with.
     Q_INVOKABLE QString smsHost() const;
 
-    /// {role, name, focusable, checkable, checked, actions} of an item in the accessibility tree; null when it is not in it.
+    /// {role, name, description, focusable, checkable, checked, selected, actions} of an item in the accessibility tree;
+    /// null when it is not in it.
     Q_INVOKABLE QVariant accessible(QObject *object) const;
     /// Does what an assistive tool does to press the item; false when the item has no press action.
     Q_INVOKABLE bool press(QObject *object) const;

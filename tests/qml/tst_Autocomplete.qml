@@ -32,53 +32,6 @@ Item {
             return list;
         }
 
-        function test_look_data() {
-            return lookRows([
-                ["", "", "height", 53],
-                ["", "", "color", "#8192ad"],
-                ["", "parent of picture loop.png", "color", "#405b82"],
-                ["", "parent of picture loop.png", "left", 0],
-                ["", "parent of picture loop.png", "width", 53],
-                ["", "parent of picture loop.png", "height", 53],
-                ["", "picture loop.png", "status", Image.Ready],
-                ["", "picture loop.png", "opacity", 0.6],
-                ["", "text NOM Prénom in control Rechercher un patient", "color", "#cbd2dd"],
-                ["", "input", "color", "#ffffff"],
-                ["", "input", "font.family", "Arial"],
-                ["", "input", "font.pointSize", 13],
-                ["", "input", "selectionColor", "#ffffff"],
-                ["", "input", "selectedTextColor", "#8192ad"],
-                ["", "control Effacer la recherche", "width", 40],
-                ["", "control Effacer la recherche", "right", 275],
-                ["", "picture cross.png", "status", Image.Ready],
-                ["", "picture cross.png", "opacity", 0.33]
-            ]);
-        }
-
-        function test_look(data) {
-            compareLook(bar(), data);
-        }
-
-        function test_field_has_no_background() {
-            compare(ofType(field(bar()), "Rectangle").length, 0);
-        }
-
-        function test_pictures_light_up_while_hovered_data() {
-            return [
-                { tag: "magnifier", control: "Rechercher", file: "loop.png", idle: 0.6 },
-                { tag: "cancel", control: "Effacer la recherche", file: "cross.png", idle: 0.33 }
-            ];
-        }
-
-        function test_pictures_light_up_while_hovered(data) {
-            var item = bar();
-
-            hover(named(item, data.control));
-            tryCompare(picture(item, data.file), "opacity", 1);
-            mouseMove(desk, 390, 190);
-            tryCompare(picture(item, data.file), "opacity", data.idle);
-        }
-
         function test_starting_names_come_before_containing_ones_each_in_name_order() {
             var item;
 

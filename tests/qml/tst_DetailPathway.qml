@@ -214,5 +214,23 @@ Item {
             mouseClick(question("test"), 100, 30);
             compare(question("test").checked, true);
         }
+
+        function test_fields_grow_over_an_animation() {
+            openPatient();
+            rest();
+            phone().text = "07";
+            compare(fields().height, 100);
+            compare(detail.internalHeight, 176);
+            tryVerify(function () { return fields().height > 100 && fields().height < 138; });
+            tryCompare(fields(), "height", 138);
+        }
+
+        function test_first_question_has_a_margin_of_one_only_while_displayed() {
+            detail.load("", "");
+            rest();
+            compare(detail.internalHeight, 100);
+            openPatient();
+            compare(detail.internalHeight, 100 + 1 + 100 + 38);
+        }
     }
 }

@@ -19,12 +19,6 @@ Item {
             menu().__dismissMenu();
         }
 
-        function test_items_are_three_in_order() {
-            compare(listOf(menu().items).map(function (each) { return each.text; }),
-                    ["Lancer au démarrage", "A propos", "Quitter"]);
-            compare(listOf(menu().items).map(function (each) { return each.checkable; }), [true, false, false]);
-        }
-
         function test_items_tell_their_signal_data() {
             return [
                 { tag: "A propos", signalName: "openAbout" },

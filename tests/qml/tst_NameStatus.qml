@@ -18,64 +18,6 @@ Item {
             return made;
         }
 
-        function test_look_data() {
-            return lookRows([
-                ["", "", "height", 53],
-                ["", "", "color", "#66c2b7"],
-                ["", "control Retour", "left", 0],
-                ["", "control Retour", "width", 53],
-                ["", "control Retour", "height", 53],
-                ["", "control Retour", "tooltip", "Enregistrer"],
-                ["", "picture back.png", "status", Image.Ready],
-                ["", "picture back.png", "opacity", 0.5],
-                ["", "control Nom du patient", "placeholderText", "NOM Prénom"],
-                ["", "control Nom du patient", "left", 53],
-                ["", "control Nom du patient", "right", 222],
-                ["", "text NOM Prénom in control Nom du patient", "color", "#befff8"],
-                ["", "input", "color", "#ffffff"],
-                ["", "input", "font.bold", true],
-                ["", "input", "font.family", "Arial"],
-                ["", "input", "font.pointSize", 13],
-                ["", "control Sexe : homme", "right", 275],
-                ["", "control Sexe : homme", "width", 53],
-                ["", "control Sexe : homme", "height", 53],
-                ["", "control Sexe : homme", "cursorShape", Qt.PointingHandCursor],
-                ["", "picture male-big.png", "status", Image.Ready],
-                ["", "picture male-big.png", "opacity", 1]
-            ]);
-        }
-
-        function test_look(data) {
-            compareLook(bar(), data);
-        }
-
-        function test_name_field_has_no_background() {
-            compare(ofType(named(bar(), "Nom du patient"), "Rectangle").length, 0);
-        }
-
-        function test_back_is_brighter_hovered_and_pressed() {
-            var item = bar();
-            var back = named(item, "Retour");
-
-            hover(back);
-            tryCompare(picture(item, "back.png"), "opacity", 1);
-            mousePress(back, 20, 20);
-            compare(picture(item, "back.png").opacity, 0.8);
-            mouseRelease(back, 20, 20);
-            compare(picture(item, "back.png").opacity, 1);
-            mouseMove(desk, 390, 190);
-            tryCompare(picture(item, "back.png"), "opacity", 0.5);
-        }
-
-        function test_gender_fades_while_hovered() {
-            var item = bar();
-
-            hover(named(item, "Sexe : homme"));
-            tryCompare(picture(item, "male-big.png"), "opacity", 0.6);
-            mouseMove(desk, 390, 190);
-            tryCompare(picture(item, "male-big.png"), "opacity", 1);
-        }
-
         function test_back_tells_reset_and_changes_nothing_data() {
             return [{ tag: "mouse" }, { tag: "Return", key: Qt.Key_Return }, { tag: "Enter", key: Qt.Key_Enter },
                     { tag: "Space", key: Qt.Key_Space }, { tag: "press action", press: true }];

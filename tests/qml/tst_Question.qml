@@ -21,93 +21,6 @@ Item {
             return item;
         }
 
-        function test_defaults() {
-            var item = load("Question");
-
-            compare(item.text, "");
-            compare(item.changed, false);
-            compare(item.date, "");
-            compare(item.checked, false);
-            compare(item.displayed, true);
-            compare(item.yes.checked, false);
-            compare(item.no.checked, false);
-            compare(item.internalHeight, 60);
-            compare(item.width, 275);
-        }
-
-        function test_look_data() {
-            return lookRows([
-                ["", "first Rectangle", "color", "#002559"],
-                ["", "first Rectangle", "width", 4],
-                ["", "first Rectangle", "left", 0],
-                ["", "parent of first Rectangle", "height", 40],
-                ["", "text " + asked, "font.family", "Arial"],
-                ["", "text " + asked, "font.pointSize", 11.7],
-                ["", "text " + asked, "color", "#405a82"],
-                ["", "text " + asked, "textFormat", Text.RichText],
-                ["", "text " + asked, "wrapMode", Text.WordWrap],
-                ["", "picture next.png", "status", Image.Ready],
-                ["", "control Oui", "left", 30],
-                ["", "parent of control Oui", "height", 40],
-                ["", "parent of control Oui", "top", 50],
-                ["", "type TickMark in control Oui", "width", 18],
-                ["", "type TickMark in control Oui", "height", 18],
-                ["", "type TickMark in control Non", "width", 18],
-                ["", "type TickMark in control Non", "height", 18],
-                ["", "text Oui in control Oui", "font.bold", true],
-                ["", "text Oui in control Oui", "font.family", "Arial"],
-                ["", "text Oui in control Oui", "font.pointSize", 14.3],
-                ["", "text Oui in control Oui", "color", "#002458"],
-                ["", "text Non in control Non", "font.bold", true],
-                ["", "text Non in control Non", "font.pointSize", 14.3],
-                ["", "text Non in control Non", "color", "#002458"],
-                ["", "", "behavior", "smoothed 300 InOutQuad"],
-                ["", "picture next.png", "behavior", "smoothed 300 InOutQuad"]
-            ]);
-        }
-
-        function test_look(data) {
-            compareLook(unfolded(), data);
-        }
-
-        function test_a_ticked_box_is_filled_with_its_colour_data() {
-            return [{ tag: "Oui", fill: "#68c268" }, { tag: "Non", fill: "#e02b0e" }];
-        }
-
-        function test_a_ticked_box_is_filled_with_its_colour(data) {
-            var item = unfolded();
-            var mark = part(item, "type TickMark in control " + data.tag);
-
-            compare(picture(mark, "tiny-tick.png").visible, false);
-            click(named(item, data.tag));
-            compare(mark.color.toString(), data.fill);
-            compare(picture(mark, "tiny-tick.png").visible, true);
-            compare(picture(mark, "tiny-tick.png").status, Image.Ready);
-        }
-
-        // The first state that holds wins.
-        function test_states_data() {
-            return [
-                { tag: "missing", displayed: false, checked: false, height: 0, rotation: 0, shortAnswer: 1 },
-                { tag: "missing though unfolded", displayed: false, checked: true, height: 0, rotation: 0,
-                  shortAnswer: 1 },
-                { tag: "base", displayed: true, checked: false, height: 60, rotation: 0, shortAnswer: 1 },
-                { tag: "buttons", displayed: true, checked: true, height: 100, rotation: 90, shortAnswer: 0 }
-            ];
-        }
-
-        function test_states(data) {
-            var item = load("Question", { text: asked, displayed: data.displayed, checked: data.checked });
-
-            item.yes.checked = true;
-            compare(item.state, data.tag.split(" ")[0]);
-            compare(item.internalHeight, data.height);
-            tryCompare(item, "height", data.height);
-            tryCompare(picture(item, "next.png"), "rotation", data.rotation);
-            tryCompare(shortAnswer(item, "Oui"), "opacity", data.shortAnswer);
-            compare(item.visible, data.height > 0);
-        }
-
         /// The answer at the right of the question.
         function shortAnswer(item, text) {
             return where(picture(item, "next.png").parent, function (each) {
@@ -128,28 +41,6 @@ Item {
             compare(item.internalHeight, 0);
             compare(item.height, 100);
             tryCompare(item, "height", 0);
-        }
-
-        function test_short_answer_data() {
-            return [
-                { tag: "yes", yes: true, no: false, text: "Oui", shade: "#67c265" },
-                { tag: "no", yes: false, no: true, text: "Non", shade: "#e12c0d" }
-            ];
-        }
-
-        function test_short_answer(data) {
-            var item = load("Question", { text: asked });
-            var answer;
-
-            item.yes.checked = data.yes;
-            item.no.checked = data.no;
-            answer = shortAnswer(item, data.text);
-            compare(answer.color.toString(), data.shade);
-            compare(answer.font.bold, true);
-            compare(answer.font.family, "Arial");
-            fuzzyCompare(answer.font.pointSize, 14.3, 0.001);
-            compare(behaviorText(answer), "smoothed 300 InOutQuad");
-            verify(look(item, answer, "right") <= look(item, picture(item, "next.png"), "left"));
         }
 
         function test_no_answer_no_short_answer() {

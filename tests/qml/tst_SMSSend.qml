@@ -13,42 +13,6 @@ Item {
 
         readonly property string caption: "Envoyer le SMS de rappel"
 
-        function test_look_data() {
-            return lookRows([
-                ["", "", "displayed", true],
-                ["", "", "internalHeight", 38],
-                ["", "", "height", 38],
-                ["", "", "width", 275],
-                ["", "", "clip", true],
-                ["", "", "color", "#6989ba"],
-                ["", "", "behavior", "number 300 InOutQuad"],
-                ["", "picture next-white.png", "status", Image.Ready],
-                ["", "picture next-white.png", "right", 265],
-                ["", "picture next-white.png", "top", 0],
-                ["", "picture next-white.png", "height", 38],
-                ["", "picture next-white.png", "fillMode", Image.PreserveAspectFit],
-                ["", "text " + caption, "color", "#ffffff"],
-                ["", "text " + caption, "font.family", "Arial"],
-                ["", "text " + caption, "font.bold", true],
-                ["", "text " + caption, "font.pointSize", 14.3],
-                ["", "text " + caption, "renderType", Text.NativeRendering],
-                ["", "control " + caption, "cursorShape", Qt.PointingHandCursor]
-            ]);
-        }
-
-        function test_look(data) {
-            compareLook(load("SMSSend"), data);
-        }
-
-        function test_hovering_changes_the_colour_and_leaving_restores_it() {
-            var item = load("SMSSend");
-
-            hover(item);
-            tryVerify(function () { return item.color.toString() === "#4f79b8"; });
-            mouseMove(desk, 390, 190);
-            tryVerify(function () { return item.color.toString() === "#6989ba"; });
-        }
-
         function test_hiding_shuts_the_bar_over_an_animation_around_its_centred_text() {
             var item = load("SMSSend");
             var text = textItem(item, caption);

@@ -11,46 +11,6 @@ Item {
         stage: desk
         when: windowShown
 
-        readonly property string byDefault: "Si la consultation continue,<br/>cliquez ici"
-
-        function test_look_data() {
-            return lookRows([
-                ["", "", "displayed", true],
-                ["", "", "text", "Si la consultation continue,<br/>cliquez ici"],
-                ["", "", "height", 38],
-                ["", "", "clip", true],
-                ["", "", "behavior", "number 200 Linear"],
-                ["", "text " + byDefault, "textFormat", Text.RichText],
-                ["", "text " + byDefault, "font.bold", true],
-                ["", "text " + byDefault, "font.family", "Arial"],
-                ["", "text " + byDefault, "font.pointSize", 11.7],
-                ["", "text " + byDefault, "color", "#405a82"],
-                ["", "text " + byDefault, "horizontalAlignment", Text.AlignHCenter],
-                ["", "text " + byDefault, "opacity", 1]
-            ]);
-        }
-
-        function test_look(data) {
-            compareLook(load("StepButton"), data);
-        }
-
-        function test_text_is_centred() {
-            var item = load("StepButton");
-            var text = textItem(item, byDefault);
-
-            fuzzyCompare(text.x + text.width / 2, item.width / 2, 1);
-            fuzzyCompare(text.y + text.height / 2, 19, 1);
-        }
-
-        function test_text_fades_while_hovered() {
-            var item = load("StepButton");
-
-            hover(item);
-            tryCompare(textItem(item, byDefault), "opacity", 0.7);
-            mouseMove(desk, 390, 190);
-            tryCompare(textItem(item, byDefault), "opacity", 1);
-        }
-
         function test_height_follows_displayed_over_an_animation() {
             var item = load("StepButton");
 

@@ -26,48 +26,6 @@ Item {
             return item;
         }
 
-        function test_look_data() {
-            return lookRows([
-                ["", "", "checked", false],
-                ["", "", "hovered", false],
-                ["", "", "state", "base"],
-                ["", "", "color", "#c8dcfc"],
-                ["", "", "normalColor", "#c8dcfc"],
-                ["", "", "hoveredColor", "#b0ccfd"],
-                ["", "", "checkedColor", "#f9f9f9"],
-                ["", "text Onglet", "color", "#002357"],
-                ["", "text Onglet", "font.family", "Arial"],
-                ["", "text Onglet", "font.bold", true],
-                ["", "text Onglet", "font.pointSize", 14.3],
-                ["", "control Onglet", "cursorShape", Qt.PointingHandCursor],
-                ["checked", "", "state", "checked"],
-                ["checked", "", "color", "#f9f9f9"],
-                ["checked", "control Onglet", "cursorShape", Qt.ArrowCursor],
-                ["hovered", "", "state", "hovered"],
-                ["hovered", "", "color", "#b0ccfd"],
-                ["checked hovered", "", "state", "checked"],
-                ["checked hovered", "", "color", "#f9f9f9"]
-            ]);
-        }
-
-        function test_look(data) {
-            var item = tab({ checked: data.state.indexOf("checked") >= 0 });
-
-            if (data.state.indexOf("hovered") >= 0) {
-                hover(item);
-                tryCompare(item, "hovered", true);
-            }
-            compareLook(item, data);
-        }
-
-        function test_title_is_centred() {
-            var item = tab();
-            var text = textItem(item, "Onglet");
-
-            fuzzyCompare(text.x + text.width / 2, 100, 1);
-            fuzzyCompare(text.y + text.height / 2, 21, 1);
-        }
-
         function test_children_stand_left_of_the_title() {
             var item = createTemporaryQmlObject(
                 "import QtQuick 2.2; import 'qrc:/qml'; TabPopup { width: 200; height: 42; title: 'Onglet';"
@@ -126,8 +84,10 @@ Item {
 
             compare(Native.accessible(control).role, "PageTab");
             compare(Native.accessible(control).checked, false);
+            compare(Native.accessible(control).selected, false);
             item.checked = true;
             compare(Native.accessible(control).checked, true);
+            compare(Native.accessible(control).selected, true);
         }
     }
 }

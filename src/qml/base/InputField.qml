@@ -8,6 +8,8 @@ TextField {
 
     property string name
     property real points: 10
+    /// As that of a text: how often its drawn size the box has room for.
+    property real growth: 1.5
     property bool bold: false
     property color color: Palette.white
     property color placeholderColor: Palette.white
@@ -21,7 +23,7 @@ TextField {
         font {
             bold: root.bold
             family: Metrics.fontFamily
-            pointSize: root.points * point_factor
+            pointSize: root.points * point_factor * Math.min(1, root.growth / Metrics.textScale)
         }
         padding {
             left: 0

@@ -5,6 +5,17 @@ import QtQuick 2.2
 QtObject {
     readonly property string fontFamily: "Arial"
 
+    // How much larger than drawn the user's system asks texts to be: 1 at 72 dots per inch, 2 at 144.
+    readonly property real textScale: inPoints.implicitHeight / inPixels.implicitHeight
+    readonly property Text inPoints: Text {
+        font.pointSize: 72
+        text: "X"
+    }
+    readonly property Text inPixels: Text {
+        font.pixelSize: 72
+        text: "X"
+    }
+
     readonly property int widgetWidth: 275
     readonly property int headerHeight: 42
     readonly property int barHeight: 53

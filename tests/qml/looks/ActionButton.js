@@ -1,0 +1,49 @@
+// The wide coloured button, alone.
+var type = "ActionButton";
+var properties = { text: "Enregistrer", width: 138 };
+var icon = { image: "qrc:/images/yes-white.png" };
+
+var states = {
+    "plain": {},
+    "hovered": { steps: [["hover", ""]] },
+    "disabled": { properties: { disabled: true } },
+    "disabled, hovered": { properties: { disabled: true }, steps: [["hover", ""]] },
+    "icon": { properties: icon },
+    "icon, hovered": { properties: icon, steps: [["hover", ""]] },
+    "given": { properties: { backgroundColor: "#112233", hoveredBackgroundColor: "#445566",
+                             disabledBackgroundColor: "#778899", textColor: "#010203", textBold: false } },
+    "given, hovered": { properties: { hoveredBackgroundColor: "#445566" }, steps: [["hover", ""]] },
+    "given, disabled": { properties: { disabledBackgroundColor: "#778899", disabled: true } }
+};
+
+// state | item | property | expected
+var rows = [
+    ["plain", "", "height", 38],
+    ["plain", "", "color", "#55b03b"],
+    ["plain", "", "state", "base"],
+    ["plain", "", "disabled", false],
+    ["plain", "", "textBold", true],
+    ["plain", "", "image", ""],
+    ["plain", "text Enregistrer", "font.bold", true],
+    ["plain", "text Enregistrer", "left", 5],
+    ["plain", "text Enregistrer", "right", 133],
+    ["plain", "text Enregistrer", "horizontalAlignment", Text.AlignHCenter],
+    ["plain", "text Enregistrer", "centreY", 19],
+    ["hovered", "", "state", "hovered"],
+    ["hovered", "", "color", "#7abb67"],
+    ["disabled", "", "state", "disabled"],
+    ["disabled", "", "color", "#a9a9a9"],
+    ["disabled, hovered", "", "state", "disabled"],
+    ["disabled, hovered", "", "color", "#a9a9a9"],
+    ["icon", "picture yes-white.png", "left", 14],
+    ["icon", "picture yes-white.png", "visible", true],
+    ["icon", "picture yes-white.png", "centreY", 19],
+    ["icon", "text Enregistrer", "left", ["right", "picture yes-white.png", 20]],
+    ["icon", "text Enregistrer", "horizontalAlignment", Text.AlignLeft],
+    ["icon, hovered", "", "color", "#7abb67"],
+    ["given", "", "color", "#112233"],
+    ["given", "text Enregistrer", "color", "#010203"],
+    ["given", "text Enregistrer", "font.bold", false],
+    ["given, hovered", "", "color", "#445566"],
+    ["given, disabled", "", "color", "#778899"]
+];
