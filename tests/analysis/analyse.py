@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""Lets one analyser read the product's sources, and fails on any finding.
+"""Lets one analyser read the sources, and fails on any finding.
 
-Usage: analyse.py clang_tidy|clazy|cppcheck|qmllint PROGRAM BUILD_FOLDER"""
+Usage: analyse.py clang_tidy|clazy|cppcheck|qmllint|shellcheck PROGRAM BUILD_FOLDER"""
 
 import concurrent.futures
 import json
@@ -62,6 +62,19 @@ def qmllint(program, build):
     return [[program, file] for file in files(folders, "*.qml", "*.js")]
 
 
+def shellcheck(program, build):
+    scripts = [file for file in files([ROOT / "scripts", ROOT / ".ci", ROOT / "packaging"], "*") if is_shell(file)]
+    return [[program, "--format=gcc", file] for file in scripts]
+
+
+def is_shell(file):
+    """Whether the first line says so: the scripts carry no suffix."""
+    if not file.is_file():
+        return False
+    with open(file, "rb") as opened:
+        return re.match(rb"#!.*\b(ba)?sh\b", opened.readline()) is not None
+
+
 def run(command):
     """The command's output, and whether it found something."""
     done = subprocess.run([str(part) for part in command], stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
@@ -72,8 +85,9 @@ def run(command):
 
 def main():
     analysis, program, build = sys.argv[1:]
-    commands = {"clang_tidy": clang_tidy, "clazy": clazy, "cppcheck": cppcheck, "qmllint": qmllint}[analysis](
-        program, pathlib.Path(build))
+    analyses = {"clang_tidy": clang_tidy, "clazy": clazy, "cppcheck": cppcheck, "qmllint": qmllint,
+                "shellcheck": shellcheck}
+    commands = analyses[analysis](program, pathlib.Path(build))
     with concurrent.futures.ThreadPoolExecutor(max_workers=2) as pool:
         findings = list(filter(None, pool.map(run, commands)))
     print("\n".join(findings))

@@ -14,6 +14,8 @@ SPARKLE = "{http://www.andymatuschak.org/xml-namespaces/sparkle}"
 # The kinds of picture in an icon file, by the edge that each is for: pixels and their mask, or one compressed picture.
 ICON_KINDS = {16: ("is32", "s8mk"), 32: ("il32", "l8mk"), 48: ("ih32", "h8mk"), 128: ("it32", "t8mk"),
               256: ("ic08",), 512: ("ic09",)}
+# The twins for dense screens: the kind and the edge in pixels, twice that of the picture it stands for.
+DENSE_ICON_KINDS = {"ic11": 32, "ic12": 64, "ic13": 256, "ic14": 512, "ic10": 1024}
 
 
 def property_list(**settings):
@@ -58,18 +60,28 @@ class Bundle(unittest.TestCase):
     def test_updates_are_signed_for_the_key_of_the_build(self):
         self.assertEqual(property_list(TANDRY_UPDATE_PUBLIC_KEY="c2VjcmV0")["SUPublicEDKey"], "c2VjcmV0")
 
-    def test_the_icon_holds_its_sizes(self):
+    def test_the_icon_holds_its_sizes_and_their_twins(self):
+        kinds = [kind for kind, _ in self.icon_entries()]
+        self.assertEqual(kinds, [kind for edge in ICON_KINDS for kind in ICON_KINDS[edge]] + list(DENSE_ICON_KINDS))
+
+    def test_each_twin_of_the_icon_has_the_size_of_its_kind(self):
+        sizes = {kind: (int.from_bytes(picture[16:20], "big"), int.from_bytes(picture[20:24], "big"))
+                 for kind, picture in self.icon_entries() if kind in DENSE_ICON_KINDS and picture[1:4] == b"PNG"}
+        self.assertEqual(sizes, {kind: (edge, edge) for kind, edge in DENSE_ICON_KINDS.items()})
+
+    def icon_entries(self):
+        """The entries of the icon file in order, each its kind and its content."""
         content = (MACOS / "tandry.icns").read_bytes()
         self.assertEqual(content[:4], b"icns")
         self.assertEqual(int.from_bytes(content[4:8], "big"), len(content))
-        kinds, place = [], 8
+        entries, place = [], 8
         while place < len(content):
             length = int.from_bytes(content[place + 4:place + 8], "big")
             self.assertGreater(length, 8)
-            kinds.append(content[place:place + 4].decode("ascii"))
+            entries.append((content[place:place + 4].decode("ascii"), content[place + 8:place + length]))
             place += length
         self.assertEqual(place, len(content))
-        self.assertEqual(kinds, [kind for edge in ICON_KINDS for kind in ICON_KINDS[edge]])
+        return entries
 
     def test_the_rights_are_those_of_the_script_engine_alone(self):
         with open(MACOS / "tandry.entitlements", "rb") as file:

@@ -92,6 +92,8 @@ class DebianPackage(unittest.TestCase):
         self.assertEqual(entry["Exec"], "tandry")
         self.assertEqual(entry["Icon"], APPLICATION_ID)
         self.assertEqual(entry["Terminal"], "false")
+        # By it a desktop finds the entry of a window, and with it the icon and the name.
+        self.assertEqual(entry["StartupWMClass"], "tandry")
         self.assertTrue(entry["Categories"].endswith(";"))
 
     def test_nothing_starts_at_login_before_the_first_start(self):
@@ -115,6 +117,8 @@ class DebianPackage(unittest.TestCase):
         self.assertRegex(self.read("share/man/man1/tandry.1.gz"), rf'\A\.TH TANDRY 1 "[-0-9]+" "Vesk Tandry {version}"')
         first = re.search(r"^## (\S+?),", self.read("share/doc/vesk-tandry/CHANGELOG.md.gz"), re.MULTILINE)
         self.assertEqual(first.group(1), version, "CHANGELOG.md")
+        manual = (ROOT / "docs" / "manuel.md").read_text(encoding="utf-8")
+        self.assertEqual(set(re.findall(r"vesk-tandry_([0-9.]+)_amd64\.deb", manual)), {version}, "manuel.md")
         self.assertEqual(self.packager_settings()["CPACK_PACKAGE_VERSION"], version)
 
     def test_the_package_asks_for_what_no_tool_finds(self):
