@@ -1,7 +1,5 @@
 """A database that cannot be used: the program starts, says so in its log, loses nothing and does not hang."""
 
-import os
-
 from harness import isolation
 from harness.case import DesktopTest, complaints, main
 from harness.tandry import PHONE_FIELD, QUESTIONS
@@ -61,7 +59,7 @@ class BrokenStore(DesktopTest):
     def test_a_full_disk(self):
         self.put_on_a_disk_of_its_own()
         self.store.seed(PATIENT)
-        self.fill_disk()
+        isolation.fill_disk(self.store.folder)
         self.assertNotStored(self.start_ready())
 
     def test_locked_by_another_process_from_the_start(self):
@@ -91,15 +89,6 @@ class BrokenStore(DesktopTest):
         widget.click("Annuler")
         widget.answer("test", "Oui")
         wait_until(lambda: self.store.patient("Dupont")["test_date"], "the answer is stored once the file is free")
-
-    def fill_disk(self):
-        """Leaves no byte free beside the database."""
-        with open(os.path.join(self.store.folder, "ballast"), "wb", buffering=0) as ballast:
-            try:
-                while True:
-                    ballast.write(b"\0" * 4096)
-            except OSError:
-                pass
 
 
 if __name__ == "__main__":

@@ -36,7 +36,7 @@ class Content(PatientListTest):
             ["adam Léo", "02/03/2014", "Non", "Non"],
             ["DUPONT Marie", "10/04/2014", "?", "0601020304"],
             ["ZOLA Émile", "24/12/2013", "Oui", "-", "?"]], "the waiting patients in name order")
-        self.assertIsNotNone(self.list.window.find("3", "label"), "the badge")
+        self.assertIsNotNone(self.list.window.find("3 patients en attente", "label"), "the badge")
         self.picture("list-waiting")
 
     def test_all_patients(self):

@@ -62,6 +62,40 @@ class Desktop:
         """Starts one more program on this desktop."""
         return processes.start(command, environment or self.environment, **streams)
 
+    def stop_tray(self):
+        """Ends the tray; `start_tray` brings a new one."""
+        self._stop("trayer")
+
+    def start_tray(self):
+        """Starts a tray at the bottom right, where there is none."""
+        self._start_tray()
+
+    def stop_window_manager(self):
+        """Ends the window manager; `start_window_manager` brings a new one."""
+        self._stop("openbox")
+
+    def start_window_manager(self):
+        """Starts a window manager where there is none."""
+        self._start_window_manager()
+
+    def resize(self, width, height):
+        """Changes the size of the screen, which can be no larger than it was at first."""
+        mode = f"{width}x{height}"
+        if mode not in self._answer("xrandr"):
+            # The server has no beam to keep to: any timing with this visible part will do.
+            numbers = [1] + [width + step for step in range(0, 40, 10)] + [height + step for step in range(0, 40, 10)]
+            self._answer("xrandr", "--newmode", mode, *map(str, numbers))
+            self._answer("xrandr", "--addmode", "screen", mode)
+        self._answer("xrandr", "--output", "screen", "--mode", mode)
+        # Until the window manager has told everyone, a program may still reckon with the old size.
+        wait_until(lambda: f"0, 0, {width}, {height}" in self.screen.property("root", "_NET_WORKAREA"),
+                   f"the screen is {mode}")
+
+    def _stop(self, name):
+        process = next(process for process in self._processes if process.args[0] == name)
+        self._processes.remove(process)
+        processes.stop(process, gently=False)
+
     def _own_environment(self):
         environment = {key: value for key, value in os.environ.items() if not key.startswith(_FOREIGN)}
         home = os.path.join(self.folder, "desktop-home")

@@ -48,6 +48,16 @@ def read_only_disk(folder):
     _mount(b"tmpfs", os.fsencode(folder), b"tmpfs", _MS_REMOUNT | _MS_RDONLY, None)
 
 
+def fill_disk(folder):
+    """Leaves no byte free on what `small_disk` made."""
+    with open(os.path.join(folder, "ballast"), "wb", buffering=0) as ballast:
+        try:
+            while True:
+                ballast.write(b"\0" * 4096)
+        except OSError:
+            pass
+
+
 def release_disk(folder):
     """Takes away what `small_disk` put there, at once even if something still holds a file of it."""
     lazily = 2

@@ -79,6 +79,13 @@ class Store:
         other.execute("SELECT * FROM `Patients`").fetchall()
         return other
 
+    def write_lock(self, statement):
+        """Another process in the middle of a write, with `statement` done and not committed: nobody else may write."""
+        other = sqlite3.connect(self.file, isolation_level=None)
+        other.execute("BEGIN IMMEDIATE")
+        other.execute(statement)
+        return other
+
     def _query(self, statement):
         # Only looking: neither this reader nor a journal it might make may get in the program's way.
         database = sqlite3.connect(f"file:{self.file}?mode=ro", uri=True, timeout=5)

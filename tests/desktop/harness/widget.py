@@ -5,6 +5,7 @@ import re
 import subprocess
 import time
 
+from . import clock as clock_of
 from . import processes, tree
 from .screen import LEFT, RIGHT
 from .waiting import PATIENCE_SECONDS, NeverHappened, wait_until
@@ -15,8 +16,6 @@ MAIN_WIDTH, LIST_WIDTH, CONTACT_WIDTH = 275, 800, 500
 _SANITIZER = ":".join(filter(None, ["detect_leaks=0", "verify_asan_link_order=0", os.environ.get("ASAN_OPTIONS")]))
 # An animation moves by less than a pixel in its first 40 ms.
 _STILL_SECONDS = 0.12
-_CLOCK_LIBRARIES = ("/usr/lib/x86_64-linux-gnu/faketime/libfaketime.so.1",
-                    "/usr/lib/aarch64-linux-gnu/faketime/libfaketime.so.1")
 
 
 class Widget:
@@ -31,7 +30,7 @@ class Widget:
         full = {**desktop.environment, **home.environment, **(environment or {}),
                 "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1", "QT_ASSUME_STDERR_HAS_CONSOLE": "1",
                 "QT_MESSAGE_PATTERN": "%{type}: %{message}", "ASAN_OPTIONS": _SANITIZER,
-                **(_moved_clock(clock, speed) if clock else {})}
+                **(clock_of.moved(clock, speed) if clock else {})}
         with open(self._log_path, "ab") as log:
             self.process = desktop.start([self.program, *arguments], full, stdin=subprocess.DEVNULL, stdout=log,
                                          stderr=log, cwd=home.folder)
@@ -220,16 +219,3 @@ class Widget:
         if not self.running:
             raise AssertionError(f"The program ended with status {self.process.returncode}:\n{self.log[-2000:]}")
         return True
-
-
-def _moved_clock(start, speed):
-    library = next((path for path in _CLOCK_LIBRARIES if os.path.exists(path)), None)
-    if library is None:
-        raise RuntimeError("libfaketime is not installed")
-    faked = {"LD_PRELOAD": library, "FAKETIME": f"@{start}"}
-    if speed != 1:
-        faked["FAKETIME"] += f" x{speed}"
-    else:
-        # The monotonic clock is left alone: timers and animations keep their pace.
-        faked["FAKETIME_DONT_FAKE_MONOTONIC"] = "1"
-    return faked

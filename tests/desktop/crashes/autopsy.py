@@ -1,0 +1,68 @@
+"""What a killed program has left of its database."""
+
+import collections
+import os
+import shutil
+import sqlite3
+
+from .ledger import Lost
+
+_JOURNAL_MAGIC = bytes.fromhex("d9d505f920a163d7")
+
+# `journal`: a journal lies beside the database; `hot`: its head is whole, so that the next reader rolls it back; `torn`:
+# this roll-back changes the database, to which the program had begun to write; `mark` tells this journal from others.
+Autopsy = collections.namedtuple("Autopsy", "rows journal hot torn mark")
+
+
+def journal_mark(store):
+    """What tells the journal beside the database from an earlier one, None when there is none."""
+    try:
+        found = os.stat(store.file + "-journal")
+        return found.st_ino, found.st_mtime_ns
+    except FileNotFoundError:
+        return None
+
+
+def examine(store, folder):
+    """Checks a copy of the database in `folder`: the files themselves are the next start's to recover."""
+    shutil.rmtree(folder, ignore_errors=True)
+    os.makedirs(folder)
+    mark = journal_mark(store)
+    for path in (store.file, store.file + "-journal"):
+        if os.path.exists(path):
+            shutil.copy(path, folder)
+    copy = os.path.join(folder, os.path.basename(store.file))
+    head = _read(copy + "-journal")[:12]
+    if not os.path.exists(copy):
+        return Autopsy([], mark is not None, False, False, mark)
+    before = _read(copy)
+    rows = _rows(copy)
+    torn = _read(copy) != before
+    # A database that is just being made has no old pages for a journal to count.
+    hot = torn or head.startswith(_JOURNAL_MAGIC) and any(head[8:])
+    return Autopsy(rows, mark is not None, hot, torn, mark)
+
+
+def _rows(path):
+    database = sqlite3.connect(path)
+    try:
+        database.row_factory = sqlite3.Row
+        verdict = [row[0] for row in database.execute("PRAGMA integrity_check")]
+        if verdict != ["ok"]:
+            raise Lost(f"the database is damaged: {verdict}")
+        # A first start may have been cut before it made the table.
+        if not database.execute("SELECT 1 FROM sqlite_master WHERE name = 'Patients'").fetchone():
+            return []
+        return [dict(row) for row in database.execute("SELECT * FROM `Patients` ORDER BY id")]
+    except sqlite3.DatabaseError as problem:
+        raise Lost(f"the database cannot be read: {problem}") from problem
+    finally:
+        database.close()
+
+
+def _read(path):
+    try:
+        with open(path, "rb") as file:
+            return file.read()
+    except FileNotFoundError:
+        return b""

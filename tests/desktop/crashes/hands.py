@@ -1,0 +1,137 @@
+"""The widget in the hands of someone whose program may die at any moment: quicker verbs, cut where a press begins."""
+
+from harness.tandry import GATE_1, GATE_2, NAME_FIELD, QUESTIONS, SEARCH_FIELD, WAITING_LINK, Tandry
+from harness.tree import Vanished
+from harness.waiting import NeverHappened, wait_equal, wait_until
+
+
+class Hands(Tandry):
+    """`mouse` presses with the mouse, at the place where a control has come to rest; else a control is pressed as a
+    screen reader does it, which needs no rest and takes a fifth of the time. The functions that store something call
+    their `about_to` right before the press."""
+
+    mouse = False
+    # What is there as long as the program lives is looked up once: to search the whole tree at every glance takes most
+    # of a trial's time.
+    _root = _field = None
+    _questions = {}
+
+    @property
+    def root(self):
+        """The program's accessibility tree."""
+        self._root = self._root or super().root
+        self._alive()
+        return self._root
+
+    def wait_until_ready(self):
+        """Waits until the search field has the keyboard, which it has once everything is there."""
+        wait_until(self._search_field_has_the_keyboard, "the search field has the keyboard")
+        return self
+
+    def expect_waiting(self, count):
+        """Waits until the link to the waiting patients names that number."""
+        self.control(f"{WAITING_LINK} ({count})" if count else WAITING_LINK, "push button")
+
+    def open_and_expect(self, name, asked):
+        """Opens a patient and waits until the editor shows these questions with their answers."""
+        if self.mouse:
+            self.open_patient(name)
+        else:
+            self._search(name)
+            row = wait_until(lambda: self._result(name), f"a result called {name!r}")
+            row.act()
+            wait_equal(lambda: self.control(NAME_FIELD, "text").text, name, "the editor shows the patient")
+        wait_equal(self.shown, asked, f"what the window shows of {name}")
+
+    def leave(self):
+        """Leaves the editor."""
+        self._press("Retour")
+        self.control(SEARCH_FIELD, "text")
+        wait_equal(self.shown, {}, "no question is left from the last patient")
+
+    def create_patient(self, name, about_to):
+        """Creates a patient out of the search field; returns when his first question is shown."""
+        self._search(name)
+        self._press("Créer la fiche patient")
+        wait_equal(lambda: self.control(NAME_FIELD, "text").text, name, "the editor has the typed name")
+        wait_equal(self.shown, {}, "no question is shown yet")
+        self._press("Enregistrer", about_to)
+        wait_until(lambda: "test" in self.shown(), "the questions appear")
+
+    def give_answer(self, key, answer, about_to):
+        """Answers a question; returns when the window shows the answer."""
+        self._reach(key)
+        self._do(self._answer_at_rest(key, answer), about_to)
+        wait_until(lambda: self.shown().get(key) == answer, f"the answer {answer} to {key} is shown")
+
+    def shown(self):
+        """The questions in the window, each with its answer or ""."""
+        self._alive()
+        if not self._questions:
+            # They come into being when the editor is first opened.
+            found = self._named(QUESTIONS)
+            self._questions = found if len(found) == len(QUESTIONS) else {}
+        names = {key: control.name for key, control in self._questions.items() if control.has("showing")}
+        return {key: names[key][len(QUESTIONS[key]):].strip() for key in QUESTIONS if key in names}
+
+    def _search_field_has_the_keyboard(self):
+        self._alive()
+        self._field = self._field or self._named({SEARCH_FIELD: SEARCH_FIELD}).get(SEARCH_FIELD)
+        return self._field and self._field.has("focused")
+
+    def _named(self, starts):
+        """The controls, shown or not, whose names start with these, by the same keys."""
+        try:
+            named = [(control.name, control) for control in self.root.find_all(showing=False)]
+        except Vanished:
+            return {}
+        return {key: control for name, control in named for key, start in starts.items() if name.startswith(start)}
+
+    def _search(self, text):
+        """Types over what stands in the search field, which has the keyboard."""
+        if self.mouse:
+            return self.search(text)
+        self.wait_until_ready()
+        self.type(text)
+        wait_equal(lambda: self._field.text, text, "the search field holds what was typed")
+
+    def _result(self, name):
+        found = self.find("Patients trouvés", "list")
+        return found and found.find(name, "push button")
+
+    def _press(self, name, about_to=None):
+        if self.mouse:
+            self._do(self.resting_place(lambda: self.find(name, "push button"), repr(name)), about_to)
+        else:
+            self._do(self.control(name, "push button"), about_to)
+
+    def _do(self, target, about_to):
+        """Clicks a place or presses a control."""
+        if about_to:
+            about_to()
+        if self.mouse:
+            self.screen.click(*target)
+        else:
+            target.act()
+
+    def _reach(self, key):
+        """Waits until a question is shown; opens the gate before it."""
+        gate = GATE_1 if key == "confirmation" else GATE_2
+        wait_until(lambda: key in self.shown() or self.find(gate, "push button"), f"the question {key!r} or its gate")
+        if key not in self.shown():
+            self._press(gate)
+            wait_until(lambda: key in self.shown(), f"the question {key!r} behind its gate")
+
+    def _answer_at_rest(self, key, answer):
+        """The place of an answer for the mouse, or its box for a screen reader; a folded question is unfolded."""
+        what = f"{answer!r} below the question {key!r}"
+        for _ in range(15):
+            try:
+                if self.mouse:
+                    return self.resting_place(lambda: self._box(key, answer), what, limit=1,
+                                              beside=lambda: self._below(key))
+                return wait_until(lambda: self._box(key, answer), what, limit=1)
+            except NeverHappened:
+                if not self._box(key, answer):
+                    self._questions[key].act()
+        raise NeverHappened(f"{what} is not to be reached")

@@ -1,0 +1,135 @@
+"""The desktop changes under the running program: its tray, its window manager, the size of its screen."""
+
+from harness.case import DesktopTest, main
+from harness.desktop import HEIGHT, WIDTH
+from harness.waiting import wait_equal, wait_until
+from harness.widget import CONTACT_WIDTH
+
+CLOCK = "2014-05-12 10:00:00"
+WAITING = {"name": "Dupont", "created": "2014-04-10", "notification_date": "2014-05-01"}
+SMALL = (800, 600)
+
+
+class DesktopChanges(DesktopTest):
+
+    def icon(self, widget):
+        """The pixels of the icon in the tray."""
+        return self.desktop.screen.region(self.desktop.screen.geometry(wait_until(widget.tray_window, "an icon")))
+
+    def state(self, window):
+        """What the window manager says of the window."""
+        return self.desktop.screen.property(window, "_NET_WM_STATE")
+
+    def resize(self, width, height):
+        """Changes the screen's size, for this test."""
+        self.addCleanup(self.desktop.resize, WIDTH, HEIGHT)
+        self.desktop.resize(width, height)
+
+    @staticmethod
+    def inside(place):
+        """Whether a window lies in the small screen."""
+        return place.x >= 0 and place.y >= 0 and place.x + place.width <= SMALL[0] and place.y + place.height <= SMALL[1]
+
+    def test_the_tray_goes_and_comes_back(self):
+        self.store.seed(WAITING)
+        widget = self.start_ready(clock=CLOCK)
+        wait_until(lambda: "icon 1" in widget.log, "the first refresh is done")
+        wait_until(widget.tray_window, "the icon is in the tray")
+        widget.create("Martin")
+        widget.back()
+        wait_until(lambda: "icon 2" in widget.log, "the badge follows")
+        self.desktop.stop_tray()
+        try:
+            wait_until(lambda: widget.tray_window() is None, "the icon is gone with its tray")
+            # Without a tray the widget works on.
+            widget.create("Durand")
+            widget.back()
+            wait_until(lambda: "icon 3" in widget.log, "the count follows")
+        finally:
+            self.desktop.start_tray()
+        wait_until(widget.tray_window, "the icon is in the new tray")
+        wait_until(lambda: self.is_red(widget), "the badge is on the icon")
+        self.picture("tray-came-back")
+        with_badge = self.icon(widget)
+        widget.create("Petit")
+        widget.back()
+        wait_until(lambda: self.icon(widget) != with_badge, "the badge follows in the new tray")
+        widget.click_tray()
+        wait_until(lambda: widget.window() is None, "a click on the new icon hides the widget")
+        widget.click_tray()
+        widget.wait_for_window()
+
+    def is_red(self, widget):
+        """Whether the lower right of the icon has the badge's colour somewhere."""
+        pixels = self.icon(widget)
+        return any(pixels[i] > 200 and pixels[i + 1] < 80 and pixels[i + 2] < 80 for i in range(0, len(pixels), 3))
+
+    def test_a_tray_that_comes_later(self):
+        self.desktop.stop_tray()
+        try:
+            self.store.seed(WAITING)
+            widget = self.start_ready(clock=CLOCK)
+            wait_until(lambda: "icon 1" in widget.log, "the first refresh is done")
+            self.assertIsNone(widget.tray_window())
+        finally:
+            self.desktop.start_tray()
+        wait_until(widget.tray_window, "the icon is in the tray")
+        wait_until(lambda: self.is_red(widget), "the badge is on the icon")
+
+    def test_the_window_manager_restarts(self):
+        widget = self.start_ready()
+        window, screen = widget.wait_for_window(), self.desktop.screen
+        self.desktop.screen.drag((830, 50), (530, 250))
+        place = (410, 235, 275, 174)
+        wait_equal(widget.geometry, place, "the window follows the header")
+        self.desktop.stop_window_manager()
+        try:
+            self.assertEqual(widget.geometry(), place)
+        finally:
+            self.desktop.start_window_manager()
+        wait_until(lambda: "0, 0, 0, 0" in screen.property(window, "_NET_FRAME_EXTENTS"), "it has no frame")
+        wait_until(lambda: "_NET_WM_STATE_ABOVE" in self.state(window), "it is kept above")
+        wait_equal(widget.geometry, place, "it is where it was")
+        widget.search("du")
+        widget.control("Créer la fiche patient")
+        widget.search("")
+        wait_equal(lambda: widget.geometry()[:2], place[:2], "it is where it was")
+        widget.click("Contacts VESK")
+        popup = widget.wait_for_window(CONTACT_WIDTH)
+        wait_until(lambda: screen.stacked_above(window, popup), "it stays above the popup")
+        screen.drag((530, 250), (600, 270))
+        wait_equal(lambda: widget.geometry()[:2], (480, 255), "it can be dragged")
+
+    def test_a_smaller_screen(self):
+        widget = self.start_ready()
+        self.assertEqual(widget.geometry()[:2], (WIDTH - 570, 35))
+        self.resize(*SMALL)
+        # What is not at its place when it is shown the next time comes back into the screen.
+        widget.click_tray()
+        wait_until(lambda: widget.window() is None, "the widget is hidden")
+        widget.click_tray()
+        wait_equal(lambda: widget.geometry()[:2], (SMALL[0] - 570, 35), "the widget is in the screen")
+        widget.click("Contacts VESK")
+        wait_until(lambda: self.inside(widget.geometry(CONTACT_WIDTH)), "the popup is in the screen")
+        widget.search("Martin")
+        widget.control("Créer la fiche patient")
+
+    def test_a_second_start_brings_it_into_a_smaller_screen(self):
+        widget = self.start_ready()
+        self.resize(*SMALL)
+        self.assertEqual(self.start().wait_for_exit(), 0)
+        wait_equal(lambda: widget.geometry()[:2], (SMALL[0] - 570, 35), "the widget is in the screen")
+
+    def test_a_larger_screen_leaves_it_where_it_is(self):
+        self.resize(*SMALL)
+        widget = self.start_ready()
+        self.assertEqual(widget.geometry()[:2], (SMALL[0] - 570, 35))
+        self.desktop.resize(WIDTH, HEIGHT)
+        widget.click_tray()
+        wait_until(lambda: widget.window() is None, "the widget is hidden")
+        widget.click_tray()
+        self.assertEqual(widget.geometry()[:2], (SMALL[0] - 570, 35))
+
+
+if __name__ == "__main__":
+    main()

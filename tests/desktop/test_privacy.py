@@ -1,0 +1,189 @@
+"""What is known of a patient stands in the database, in the windows and on the paper asked for; nowhere else."""
+
+import os
+import re
+import subprocess
+
+from harness import traces
+from harness.case import DesktopTest, complaints, main
+from harness.patient_list import ALL, PatientList
+from harness.statistics import StatisticsService
+from harness.tandry import PHONE_FIELD
+from harness.waiting import wait_equal, wait_until
+from harness.widget import LIST_WIDTH
+
+NAME, PHONE = "ZQUIXOTAV Wplimbrond", "0739184620"
+DELETED, DELETED_PHONE = "KRVELSTUN Jhopazdig", "0628451973"
+MARKS = NAME.split() + [PHONE] + DELETED.split() + [DELETED_PHONE]
+PRINT_TITLE = "Liste de tous les patients"
+# The program's own lines and the toolkit's at every level, but the toolkit's inner traces: they name every key press.
+EVERYTHING = {"QT_LOGGING_RULES": "*=true;qt.*.debug=false;qt.*.info=false"}
+FRAME, GROWN_HEIGHT = "#002457", 399  # of the editor with two questions, one of them unfolded
+FILE, FOLDER, SOCKET = "-rw-------", "drwx------", "srwx------"
+
+
+class Privacy(DesktopTest):
+    complains = True  # an answer is refused on the way: what is said then is looked at, too
+
+    def setUp(self):
+        super().setUp()
+        self.service = StatisticsService()
+        self.addCleanup(self.service.stop)
+        self.pdf = os.path.join(self.home.folder, "liste.pdf")
+
+    def start_looking(self):
+        """Starts the program with every line of its log and waits until it has done what it does by itself."""
+        uploads, refreshes = len(self.service.requests), self.log().count("Refreshing icon.")
+        self.widget = self.start(environment=EVERYTHING).wait_until_ready()
+        wait_until(lambda: self.log().count("Refreshing icon.") > refreshes, "the first refresh is done")
+        wait_until(lambda: len(self.service.requests) > uploads, "the statistics are uploaded")
+
+    def log(self):
+        """All that the runs have written to their output."""
+        with open(os.path.join(self.home.notes, "program.log"), "ab+") as file:
+            file.seek(0)
+            return file.read().decode("utf-8", errors="replace")
+
+    def create(self, name, phone):
+        """Creates a patient with a telephone number."""
+        self.widget.create(name)
+        self.widget.replace_text(PHONE_FIELD, phone)
+        self.widget.click("Enregistrer")
+        wait_equal(lambda: self.store.patient(name)["phone"], phone, "the number is stored")
+
+    def answer_while_another_reads(self):
+        """An answer that cannot be stored; the modes of all that lies there while its transaction is open."""
+        other = self.store.read_lock()
+        try:
+            self.widget.answer("test", "Oui")
+            wait_until(lambda: os.path.exists(self.store.file + "-journal"), "the transaction has its journal")
+            seen = traces.modes(self.home.folder)
+            wait_until(lambda: complaints(self.log()), "the log says that the answer is lost")
+        finally:
+            other.close()
+        return seen
+
+    def open_sms_page(self):
+        """Presses the bar below the questions. It lies at its place before the frame has grown around it, and what the
+        frame does not show yet cannot be pressed."""
+        def frame_has_grown():
+            place = self.widget.geometry()
+            bottom = self.desktop.screen.pixel(place.x + place.width // 2, place.y + place.height - 3)
+            return place.height == GROWN_HEIGHT and bottom == FRAME
+
+        wait_until(frame_has_grown, "the frame has grown")
+        self.widget.click("Envoyer le SMS de rappel")
+        wait_until(self.browser.visited, "the SMS page is opened")
+
+    def print_list(self):
+        """Prints the current tab into the file that the user names."""
+        self.list.click("Imprimer")
+        dialog = self.widget.control(PRINT_TITLE, "dialog")
+        field = dialog.find(role="text")
+        self.widget.click_found(lambda: field, "the field for the file")
+        wait_until(lambda: field.has("focused"), "the field has the keyboard")
+        self.widget.press("ctrl+a")
+        self.widget.type(self.pdf)
+        wait_equal(lambda: field.text, self.pdf, "the file is named")
+        self.look_around()
+        self.widget.press("Return")
+        wait_equal(lambda: self.home.settings().get("PrinterCounter"), "1", "the print is counted")
+
+    def look_around(self):
+        """Nothing that other programs see of the running one names a patient."""
+        pid = self.widget.process.pid
+        self.assertEqual(traces.in_process(MARKS, pid), [])
+        self.assertEqual(traces.found(MARKS, self.window_properties(pid)), [])
+
+    def window_properties(self, pid):
+        """Titles, classes and whatever else the windows carry."""
+        windows = self.desktop.screen.windows(pid)
+        self.assertTrue(windows)
+        return b"\n".join(subprocess.run(["xprop", "-id", str(window), "-notype"], env=self.desktop.environment,
+                                         capture_output=True, check=False).stdout for window in windows)
+
+    def tray_message(self):
+        """The text of the message at the tray, or None."""
+        label = next((each for each in self.widget.find_all(role="label") if each.name.startswith("Vous avez")), None)
+        return label and label.name
+
+    def quit(self):
+        """Ends the program by its menu."""
+        self.widget.open_menu()
+        self.widget.choose("Quitter")
+        self.widget.click("OK", "push button")
+        self.assertEqual(self.widget.wait_for_exit(), 0)
+
+    def assertOwnersAlone(self, seen, *kinds):
+        """Every file, folder and socket is its owner's; among them is at least one of each kind."""
+        right = {"-": FILE, "d": FOLDER, "s": SOCKET}
+        self.assertEqual({path: mode for path, mode in seen.items() if mode != right[mode[0]]}, {})
+        for kind in kinds:
+            self.assertTrue([path for path in seen if re.search(kind, path)], f"{kind} in {sorted(seen)}")
+
+    def test_a_patients_name_and_number_are_found_nowhere_else(self):
+        self.start_looking()
+        self.create(DELETED, DELETED_PHONE)
+        self.widget.back()
+        self.create(NAME, PHONE)
+        seen = self.answer_while_another_reads()
+        self.assertOwnersAlone(seen, r"\.sqlite$", r"\.sqlite-journal$", r"Databases/\w+\.ini$", r"Olmeric\.conf$",
+                               r"LaunchAgents/.*\.plist$", r"autostart/.*\.desktop$", r"tmp/.*-lockfile$",
+                               r"tmp/qtsingleapp-\w+-\w+-\w+$")
+        self.widget.answer("test", "Oui")
+        wait_until(lambda: self.store.patient(NAME)["test_date"], "the answer is stored once the file is free")
+        self.look_around()
+        self.open_sms_page()
+        self.widget.back()
+        self.widget.search(NAME.split()[1])
+        wait_equal(self.widget.results, [NAME], "the patient is found")
+        self.look_around()
+
+        self.list = PatientList(self.widget).open()
+        self.list.show_tab(ALL)
+        wait_equal(self.list.names, [DELETED, NAME], "the list has both")
+        self.list.tick(DELETED)
+        self.list.click("Supprimer les patients sélectionnés")
+        wait_equal(self.list.names, [NAME], "one is deleted")
+        self.print_list()
+        self.assertIn(NAME, " ".join(subprocess.run(["pdftotext", "-layout", self.pdf, "-"], capture_output=True,
+                                                    check=True, text=True).stdout.split()))
+        self.widget.click_found(lambda: self.list.window.find("Fermer"), "the list's cross")
+        wait_until(lambda: self.widget.window(LIST_WIDTH) is None, "the list is closed")
+        self.quit()
+
+        self.make_waiting()
+        self.start_looking()
+        wait_equal(self.tray_message, "Vous avez 1 patient en attente", "the message says how many, not who")
+        self.look_around()
+        self.quit()
+        self.assertNothingIsLeft()
+
+    def make_waiting(self):
+        """The patient's day has come."""
+        other = self.store.write_lock("UPDATE `Patients` SET notification_date = date('now')")
+        other.execute("COMMIT")
+        other.close()
+
+    def assertNothingIsLeft(self):
+        """The marks stand in the database, where this search finds them, and in no other place."""
+        self.assertEqual(traces.in_files(MARKS, self.home.folder), [self.store.file])
+        self.assertEqual(traces.in_files(MARKS, self.home.notes), [])
+        self.assertEqual(traces.in_files(MARKS, self.desktop.folder), [])
+        with open(self.store.file, "rb") as file:
+            self.assertEqual(traces.found(MARKS, file.read()), NAME.split() + [PHONE])
+        self.assertIn("Insert called", self.log())
+        self.assertIn("userType:", self.log())
+        self.assertEqual(traces.found(MARKS, self.log().encode()), [])
+        self.assertGreaterEqual(len(self.service.requests), 2)
+        for request in self.service.requests:
+            self.assertEqual(traces.found(MARKS, request.head + request.body), [])
+        self.assertEqual(traces.found(MARKS, " ".join(self.browser.visited()).encode()), [])
+        left = traces.modes(self.home.folder)
+        self.assertOwnersAlone(left, r"^liste\.pdf$")
+        self.assertEqual([path for path in left if re.search(r"-(journal|wal|shm)$", path)], [])
+        self.assertEqual(self.home.settings("Vesk Korrin"), {}, "the sibling's settings are never written")
+
+
+if __name__ == "__main__":
+    main()

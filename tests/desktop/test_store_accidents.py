@@ -1,0 +1,108 @@
+"""Accidents of the database while the program runs: what cannot be stored is said in the log and not shown as stored,
+and nothing that was stored is lost."""
+
+import os
+
+from harness.case import DesktopTest, complaints, main
+from harness.patient_list import PatientList
+from harness.tandry import PHONE_FIELD, QUESTIONS
+from harness.waiting import wait_equal, wait_until
+
+PATIENT = {"name": "Dupont", "created": "2014-04-10", "phone": "0601020304"}
+CLOCK = "2014-05-12 10:00:00"
+PAGE_BYTES = 4096
+
+
+class StoreAccidents(DesktopTest):
+    complains = True
+
+    def open_dupont(self):
+        """Starts the program with one patient and opens him."""
+        self.store.seed(PATIENT)
+        widget = self.start_ready()
+        widget.open_patient("Dupont")
+        return widget
+
+    def assertAnswerRefused(self, widget, reason):
+        """An answer and a new patient are refused: the log says why and nothing is shown as stored."""
+        said = len(complaints(widget.log))
+        widget.answer("test", "Oui")
+        wait_until(lambda: any(reason in line for line in complaints(widget.log)[said:]), f"the log says {reason!r}")
+        wait_equal(widget.asked, ["test"], "the answer is not shown as stored")
+        widget.control(QUESTIONS["test"], "push button")  # without an answer in its name
+
+    def answer_again(self, widget):
+        """Answers once more, now that the file is in order."""
+        widget.answer("test", "Oui")
+        wait_until(lambda: self.store.patient("Dupont")["test_date"], "the answer is stored")
+
+    def test_taken_away_and_brought_back(self):
+        widget = self.open_dupont()
+        before = self.store.patients()
+        away = self.store.file + ".away"
+        os.rename(self.store.file, away)
+        self.assertAnswerRefused(widget, "attempt to write a readonly database")
+        self.assertFalse(os.path.exists(self.store.file), "an empty database took the place of the lost one")
+        os.rename(away, self.store.file)
+        self.assertEqual(self.store.patients(), before)
+        self.answer_again(widget)
+
+    def test_deleted(self):
+        widget = self.open_dupont()
+        os.remove(self.store.file)
+        self.assertAnswerRefused(widget, "attempt to write a readonly database")
+        # What it still holds open can be read: the practice can write the patients down before it ends the program.
+        widget.back()
+        widget.open_patient("Dupont")
+        self.assertEqual(widget.control(PHONE_FIELD, "text").text, PATIENT["phone"])
+        # The next start begins with an empty database and works.
+        widget = self.restart(widget)
+        widget.create("Martin")
+        self.assertEqual([row["name"] for row in self.store.patients()], ["Martin"])
+
+    def test_its_folder_taken_away_and_brought_back(self):
+        widget = self.open_dupont()
+        away = self.store.folder + ".away"
+        os.rename(self.store.folder, away)
+        self.assertAnswerRefused(widget, "attempt to write a readonly database")
+        os.rename(away, self.store.folder)
+        self.answer_again(widget)
+
+    def test_written_by_another_process_while_an_answer_is_given(self):
+        widget = self.open_dupont()
+        other = self.store.write_lock("INSERT INTO `Patients` (name, created) VALUES ('Autre', '2014-04-11')")
+        try:
+            self.assertAnswerRefused(widget, "database is locked")
+        finally:
+            other.execute("COMMIT")
+            other.close()
+        self.answer_again(widget)
+        self.assertEqual([row["name"] for row in self.store.patients()], ["Dupont", "Autre"])
+        widget.back()
+        widget.open_patient("Autre")
+
+    def test_a_damaged_page(self):
+        # Enough rows for many pages: one in the middle is damaged, as by a failing disk.
+        seeded = [{"name": f"Patient {number:03}", "created": "2014-04-10", "notification_date": "2014-05-01"}
+                  for number in range(600)]
+        self.store.seed(*seeded)
+        with open(self.store.file, "r+b") as file:
+            file.seek(5 * PAGE_BYTES)
+            file.write(b"\xa5" * PAGE_BYTES)
+        with open(self.store.file, "rb") as file:
+            damaged = file.read()
+        widget = self.start_ready(clock=CLOCK)
+        wait_until(lambda: "icon 0." in widget.log, "the first refresh is done")
+        widget.search("Patient 001")
+        widget.control("Créer la fiche patient")
+        self.assertEqual(widget.results(), [])
+        self.assertEqual(PatientList(widget).open().names(), [])
+        self.assertEqual({line.split("Error: ")[1] for line in complaints(widget.log)},
+                         {"database disk image is malformed Unable to fetch row"})
+        # It is left as it is, so that what the other pages hold can be saved by a tool.
+        with open(self.store.file, "rb") as file:
+            self.assertEqual(file.read(), damaged)
+
+
+if __name__ == "__main__":
+    main()

@@ -1,0 +1,25 @@
+"""The program is killed at random moments, a thousand times, and must lose nothing that its window had confirmed."""
+
+from crashes.report import lines
+from crashes.trials import Trials
+from harness import tree
+from harness.desktop import Desktop
+
+DESCRIPTION = "kills the program at random moments: what its window had confirmed must be there at the next start"
+_PROGRESS = 50
+
+
+def add_arguments(parser):
+    parser.add_argument("--trials", type=int, default=1000, help="how often it is killed (1000)")
+
+
+def run(options, report):
+    desktop = Desktop.shared()
+    tree.connect()
+    trials = Trials(desktop, options.seed, {"QT_QUICK_BACKEND": "software"})
+    try:
+        trials.run(options.trials, lambda number: number % _PROGRESS or report.progress(f"{number} trials"))
+    finally:
+        trials.close()
+        for label, value in lines(trials.counts):
+            report.figure(label, value)

@@ -1,0 +1,61 @@
+"""Makes the long trials: all of them, or the one that is named. Each is a module of the folder above that has
+
+    DESCRIPTION                what it tries, in one line
+    add_arguments(parser)      its own options, each with a default
+    run(options, report)       does it; `options` has also build (folder of the build), program, folder (for what it
+                               leaves behind) and seed; raises when something did not hold"""
+
+import argparse
+import importlib
+import os
+import pathlib
+import random
+import sys
+import traceback
+
+from report import Report
+
+TRIALS = pathlib.Path(__file__).resolve().parents[1]
+HARNESS = TRIALS.parent / "desktop"
+
+
+def arguments(trials):
+    parser = argparse.ArgumentParser(prog="scripts/soak", description="Makes the long trials, or one of them.")
+    parser.add_argument("--build", type=pathlib.Path, required=True, help=argparse.SUPPRESS)
+    commands = parser.add_subparsers(dest="trial", metavar="TRIAL")
+    for name, module in trials.items():
+        command = commands.add_parser(name, help=module.DESCRIPTION, description=module.DESCRIPTION)
+        command.add_argument("--seed", type=int, help="of the random generator, to repeat a run; its own when not given")
+        module.add_arguments(command)
+    given = parser.parse_args()
+    for name in [given.trial] if given.trial else trials:
+        options = given if given.trial else parser.parse_args(["--build", str(given.build), name])
+        options.seed = random.SystemRandom().randrange(10 ** 9) if options.seed is None else options.seed
+        yield name, options
+
+
+def main():
+    sys.path[:0] = [str(TRIALS), str(HARNESS)]
+    build = pathlib.Path(sys.argv[sys.argv.index("--build") + 1]).resolve()
+    # Before the modules are loaded: the harness takes the program and the place for pictures from here.
+    os.environ["TANDRY_PROGRAM"] = str(build / "src" / "tandry")
+    os.environ["TANDRY_ARTEFACTS"] = str(build / "desktop-artefacts")
+    modules = {path.stem: importlib.import_module(path.stem) for path in sorted(TRIALS.glob("*.py"))}
+    runs = list(arguments({name: module for name, module in modules.items() if hasattr(module, "run")}))
+
+    report = Report(build / "report.txt")
+    for name, options in runs:
+        options.build, options.program, options.folder = build, os.environ["TANDRY_PROGRAM"], build / name
+        options.folder.mkdir(exist_ok=True)
+        report.begin(name, options.seed)
+        try:
+            modules[name].run(options, report)
+        except Exception as problem:
+            traceback.print_exc()
+            report.failed(f"{type(problem).__name__}: {problem}")
+        report.end()
+    return report.close()
+
+
+if __name__ == "__main__":
+    sys.exit(main())

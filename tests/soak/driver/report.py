@@ -1,0 +1,52 @@
+"""What the long trials found: on the screen at once, and in a file that holds the whole run."""
+
+import os
+import platform
+import time
+
+
+class Report:
+    """Lines of text, in sections, one for each trial."""
+
+    def __init__(self, path):
+        self.path = path
+        self._file = open(path, "w", encoding="utf-8")
+        self._failures = 0
+        self._started = None
+        self.line(f"{time.strftime('%Y-%m-%d %H:%M:%S')}, {os.cpu_count()} processors, {platform.platform()}")
+
+    def begin(self, name, seed):
+        """Opens the section of a trial."""
+        self._started = time.monotonic()
+        self.line()
+        self.line(f"== {name}, seed {seed}")
+
+    def line(self, text=""):
+        """One line of text."""
+        print(text, flush=True)
+        print(text, file=self._file, flush=True)
+
+    def figure(self, label, value):
+        """One figure with its name."""
+        self.line(f"{label + ' ':.<60} {value}")
+
+    def progress(self, text):
+        """Tells where a trial has come to, on the screen only."""
+        print(text, flush=True)
+
+    def failed(self, text):
+        """Says what did not hold. The trial may go on; the run will end with a status of 1."""
+        self._failures += 1
+        self.line(f"FAILED: {text}")
+
+    def end(self):
+        """Closes the section."""
+        self.figure("seconds", f"{time.monotonic() - self._started:.0f}")
+
+    def close(self):
+        """The exit status of the whole run."""
+        self.line()
+        self.line(f"{self._failures} failures" if self._failures else "everything held")
+        self._file.close()
+        print(f"This report: {self.path}")
+        return 1 if self._failures else 0

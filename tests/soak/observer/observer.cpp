@@ -1,0 +1,59 @@
+#include <QCoreApplication>
+#include <QEvent>
+#include <QFile>
+#include <QGenericPlugin>
+#include <QLabel>
+#include <QTimer>
+
+#include <ctime>
+
+/// Notes, from inside the unchanged program, every hourly tick, every daily one and every message at the tray: a line
+/// each with the second of the program's own clock, into the file that TANDRY_OBSERVED names.
+class Observer : public QObject
+{
+    Q_OBJECT
+
+public:
+    Observer()
+        : notes(QFile::decodeName(qgetenv("TANDRY_OBSERVED")))
+    {
+        if (!notes.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered))
+            qFatal("TANDRY_OBSERVED cannot be written: %s", qPrintable(notes.errorString()));
+        QCoreApplication::instance()->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject *object, QEvent *event) override
+    {
+        if (event->type() == QEvent::Timer) {
+            if (const auto *timer = qobject_cast<QTimer *>(object); timer && timer->interval() >= hourMs)
+                note(timer->interval() == hourMs ? QByteArray("tick") : QByteArray("day"));
+        } else if (event->type() == QEvent::Show && object->inherits("QBalloonTip")) {
+            QByteArray text = "message";
+            const auto labels = object->findChildren<QLabel *>();
+            for (const QLabel *label : labels) {
+                if (!label->text().isEmpty()) // the picture's is
+                    text += "|" + label->text().toUtf8();
+            }
+            note(text);
+        }
+        return false;
+    }
+
+private:
+    static constexpr int hourMs = 3600000;
+
+    void note(const QByteArray &what) { notes.write(QByteArray::number(qint64(time(nullptr))) + ' ' + what + '\n'); }
+
+    QFile notes;
+};
+
+class ObserverPlugin : public QGenericPlugin
+{
+    Q_OBJECT
+    Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "observer.json")
+
+public:
+    QObject *create(const QString &, const QString &) override { return new Observer; }
+};
+
+#include "observer.moc"

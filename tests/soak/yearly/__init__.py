@@ -1,0 +1,1 @@
+"""A year in the tray, and what to hold it against."""

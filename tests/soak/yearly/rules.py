@@ -1,0 +1,75 @@
+"""What the tray has to do, worked out anew from the hourly ticks that were observed."""
+
+import bisect
+import collections
+import datetime
+import zoneinfo
+
+Event = collections.namedtuple("Event", "second what text")
+Expected = collections.namedtuple("Expected", "messages counts")
+
+
+def read_events(path):
+    """The lines of the observer, in their order."""
+    with open(path, encoding="utf-8") as file:
+        pieces = [line.rstrip("\n").split(" ", 1) for line in file]
+    parted = [(int(second), *what.partition("|")) for second, what in pieces]
+    return [Event(second, what, text) for second, what, _, text in parted]
+
+
+class Practice:
+    """Patients who wait from a day on (`reminders`, as YYYY-MM-DD), in a time zone."""
+
+    def __init__(self, reminders, zone):
+        self._reminders = sorted(reminders)
+        self._zone = zoneinfo.ZoneInfo(zone)
+
+    def waiting(self, second):
+        """How many wait then: the store reckons with the day in Greenwich."""
+        day = datetime.datetime.fromtimestamp(second, datetime.timezone.utc).date().isoformat()
+        return bisect.bisect_right(self._reminders, day)
+
+    def day(self, second):
+        """The day of the month then, where the practice is."""
+        return datetime.datetime.fromtimestamp(second, self._zone).day
+
+
+def expect(practice, start, ticks, told):
+    """What follows from a start and the ticks after it. `told` are the counts that the program told, each with its
+    second. On a clock that hurries, midnight may come between a tick and what it does: then either day is right."""
+    told = collections.deque(told)
+    number, counts, messages = 0, [], []
+    refreshed, announced = practice.day(start), 0
+
+    def told_since(tick, following):
+        return told[0] if told and tick <= told[0][0] < following else None
+
+    def count(second):
+        moment, seen = told.popleft() if told else (second, None)
+        right = practice.waiting(second), practice.waiting(moment)
+        counts.append(seen if seen in right else right[0])
+        return counts[-1]
+
+    def compile_message(second):
+        nonlocal announced
+        if number >= 1 and number != announced:
+            announced = number
+            messages.append((second, number))
+        else:
+            announced = 0
+
+    number = count(start)
+    compile_message(start)
+    for tick, following in zip(ticks, ticks[1:] + [float("inf")]):
+        compile_message(tick)
+        seen = told_since(tick, following)
+        day = practice.day(seen[0] if seen else tick)
+        if refreshed != practice.day(tick) or refreshed != day:
+            refreshed = day
+            number = count(tick)
+    return Expected(messages, counts)
+
+
+def text_of(number):
+    """The message that announces a number of patients, with its title."""
+    return f"Tandry|Vous avez {number} {'patient' if number < 2 else 'patients'} en attente"

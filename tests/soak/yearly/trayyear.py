@@ -1,0 +1,129 @@
+"""The real program in a real tray, on a clock that hurries."""
+
+import collections
+import datetime
+import os
+import re
+import subprocess
+import time
+import zoneinfo
+
+from harness import clock, processes
+from harness.desktop import Desktop
+from harness.home import Home
+from harness.statistics import StatisticsService
+from harness.store import Store
+from harness.waiting import wait_until
+
+from . import rules
+
+ZONE = "Europe/Paris"
+BEGIN = datetime.datetime(2014, 3, 3, 10, 5, tzinfo=zoneinfo.ZoneInfo(ZONE))
+HOUR_SECONDS, DAY_SECONDS = 3600, 86400
+_NO_BUS = "unix:path=/nonexistent"
+_LINE = re.compile(r"^(\S+) debug: (.*)$")
+
+Sample = collections.namedtuple("Sample", "day whole own descriptors")
+
+
+class TrayYear:
+    """One run of `program`, started as at login, for `days` of its own clock; `observer` is the folder of the plugin that
+    watches it. Close it at the end."""
+
+    def __init__(self, program, observer, days, speed):
+        self.days, self.speed, self.samples = days, speed, []
+        self._desktop = Desktop.shared()
+        self._home = Home()
+        self._log, self._observed = (os.path.join(self._home.notes, name) for name in ("program.log", "observed"))
+        reminders = self._seed(program)
+        self.patients, self.practice = len(reminders), rules.Practice(reminders, ZONE)
+        self.server = self._serve()
+        self._process = self._start(program, observer)
+        self._started = time.monotonic()
+
+    def live(self, progress=lambda day: None):
+        """Waits until the days are over and the last upload has arrived, and ends the program; notes its memory once a
+        day."""
+        limit = 4 * self.days * DAY_SECONDS / self.speed + 120
+        wait_until(lambda: self._look(progress), f"{self.days} days have passed, with an upload for each", limit)
+        processes.stop(self._process, gently=False)
+
+    def close(self):
+        """Ends the program, if it still runs, and throws its home away."""
+        processes.stop(self._process, gently=False)
+        self.server.stop()
+        self._home.remove()
+
+    @property
+    def log(self):
+        """What the program has written."""
+        with open(self._log, encoding="utf-8", errors="replace") as file:
+            return file.read()
+
+    def events(self):
+        """What the observer has noted of whole ticks: the last may have been cut short by the end."""
+        noted = rules.read_events(self._observed)
+        last = max(index for index, event in enumerate(noted) if event.what == "tick")
+        return noted[:last]
+
+    def counted(self):
+        """The counts that the program has told, each with its second."""
+        told = []
+        for line in self.log.splitlines():
+            found = _LINE.match(line)
+            number = found and re.fullmatch(r"icon (\d+)\.?", found.group(2))
+            if number:
+                moment = datetime.datetime.fromisoformat(found.group(1)).replace(tzinfo=BEGIN.tzinfo)
+                told.append((int(moment.timestamp()), int(number.group(1))))
+        return told
+
+    def _seed(self, program):
+        """Patients whose days come over the year: so many in its first week that the list is longer than its window from
+        then on, since each row that is shown takes memory; then one a week."""
+        first = BEGIN.date() + datetime.timedelta(days=2)
+        days = [first + datetime.timedelta(days=patient // 8) for patient in range(40)]
+        days += [first + datetime.timedelta(days=10 + 7 * week) for week in range(52)]
+        reminders = [day.isoformat() for day in days]
+        Store(self._home.data, os.path.basename(program)).seed(
+            *({"name": f"Patient {number:02}", "created": "2014-02-10", "notification_date": reminder}
+              for number, reminder in enumerate(reminders)))
+        return reminders
+
+    def _serve(self):
+        """A service whose certificate this system's programs trust, and no other."""
+        before = BEGIN - datetime.timedelta(days=1)
+        return StatisticsService(self.days + 30, clock.moved(f"{before:%Y-%m-%d %H:%M:%S}"))
+
+    def _start(self, program, observer):
+        moved = clock.moved(f"{BEGIN:%Y-%m-%d %H:%M:%S}", self.speed)
+        own = {"TZ": ZONE, "QT_PLUGIN_PATH": observer, "QT_QPA_GENERIC_PLUGINS": "tandryobserver",
+               "TANDRY_OBSERVED": self._observed, "QT_ASSUME_STDERR_HAS_CONSOLE": "1",
+               "QT_MESSAGE_PATTERN": "%{time yyyy-MM-ddTHH:mm:ss} %{type}: %{message}",
+               # The toolkit looks every ten seconds for networks that come and go: on this clock it would do little else.
+               "QT_BEARER_POLL_TIMEOUT": str(HOUR_SECONDS * 1000),
+               # On a bus the clock would run out between a question and its answer, and the bus's library gives up then.
+               "DBUS_SESSION_BUS_ADDRESS": _NO_BUS, "DBUS_SYSTEM_BUS_ADDRESS": _NO_BUS}
+        with open(self._log, "wb") as log:
+            return self._desktop.start(
+                [program, "startup"], {**self._desktop.environment, **self._home.environment, **own, **moved},
+                stdin=subprocess.DEVNULL, stdout=log, stderr=log, cwd=self._home.folder)
+
+    def _look(self, progress):
+        if self._process.poll() is not None:
+            raise AssertionError(f"The program ended with status {self._process.returncode}:\n{self.log[-2000:]}")
+        day = (time.monotonic() - self._started) * self.speed / DAY_SECONDS
+        if not self.samples or day >= self.samples[-1].day + 1:
+            self.samples.append(self._sample(day))
+            progress(self.samples[-1])
+        # Half a day after the last upload.
+        return day >= self.days + 0.5 and self._uploads_have_arrived()
+
+    def _uploads_have_arrived(self):
+        sent = self.log.count("Content-Disposition: form-data; name=\\\"action\\\"")
+        return sent > self.days and len(self.server.requests) == sent
+
+    def _sample(self, day):
+        process = f"/proc/{self._process.pid}"
+        with open(process + "/smaps_rollup", encoding="ascii") as file:
+            sizes = {line.split(":")[0]: int(line.split()[1]) for line in file if line.endswith("kB\n")}
+        return Sample(day, sizes["Pss"], sizes["Pss_Anon"] + sizes["Pss_Shmem"], len(os.listdir(process + "/fd")))
