@@ -190,13 +190,13 @@ QVariant Native::accessible(QObject *object) const
     };
 }
 
-bool Native::press(QObject *object) const
+bool Native::press(QObject *object, const QString &action) const
 {
     QAccessibleInterface *interface = QAccessible::queryAccessibleInterface(object);
     QAccessibleActionInterface *actions = interface ? interface->actionInterface() : nullptr;
-    if (!actions || !actions->actionNames().contains(QAccessibleActionInterface::pressAction()))
+    if (!actions || !actions->actionNames().contains(action))
         return false;
-    actions->doAction(QAccessibleActionInterface::pressAction());
+    actions->doAction(action);
     return true;
 }
 

@@ -38,8 +38,8 @@ public:
     /// {role, name, description, focusable, checkable, checked, selected, actions} of an item in the accessibility tree;
     /// null when it is not in it.
     Q_INVOKABLE QVariant accessible(QObject *object) const;
-    /// Does what an assistive tool does to press the item; false when the item has no press action.
-    Q_INVOKABLE bool press(QObject *object) const;
+    /// Does what an assistive tool does to press or toggle the item; false when the item has no such action.
+    Q_INVOKABLE bool press(QObject *object, const QString &action = QStringLiteral("Press")) const;
 
     /// The animations that the object gives to its properties: [{kind, duration, easing, velocity}].
     Q_INVOKABLE QVariantList behaviors(QObject *object) const;

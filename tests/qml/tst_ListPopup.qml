@@ -109,6 +109,17 @@ Item {
             compare(ticks(popup), [false, false, false]);
         }
 
+        function test_a_tick_is_toggled_by_assistive_technology() {
+            givenNames(["A"], ["B"]);
+            var popup = load("ListPopup");
+
+            openTab(popup, allTitle);
+            verify(Native.press(named(popup, "Tout sélectionner"), "Toggle"));
+            compare(ticks(popup), [true, true]);
+            verify(Native.press(named(popup, "Tout sélectionner"), "Toggle"));
+            compare(ticks(popup), [false, false]);
+        }
+
         function test_ticked_select_all_survives_reload_and_tab_change() {
             givenNames(["A"], ["B"]);
             var popup = load("ListPopup");
