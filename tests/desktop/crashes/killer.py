@@ -47,8 +47,9 @@ class Killer:
         """Kills at once, unless it is done."""
         with self._lock:
             if self.killed_at is None:
-                os.kill(self._process.pid, signal.SIGKILL)
+                # First the time: who sees the death looks at it at once.
                 self.killed_at = time.monotonic()
+                os.kill(self._process.pid, signal.SIGKILL)
         self._over.set()
 
 
