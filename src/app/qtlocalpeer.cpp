@@ -19,7 +19,7 @@ namespace {
 
 constexpr int prefixLength = 6;
 constexpr int connectAttempts = 2;
-constexpr long retryPauseMs = 250;
+constexpr long retryPauseNs = 250000000; // 250 ms
 constexpr int acknowledgeWaitMs = 1000;
 constexpr int disconnectWaitMs = 1000;
 
@@ -34,9 +34,9 @@ QString nameFor(const QString &identifier, QString prefix)
         .arg(prefix, QString::number(checksum, 16), QString::number(::getuid(), 16));
 }
 
-void pause(long milliseconds)
+void pauseBeforeRetry()
 {
-    timespec left = {milliseconds / 1000, (milliseconds % 1000) * 1000000};
+    timespec left = {0, retryPauseNs};
     while (::nanosleep(&left, &left) == -1 && errno == EINTR) { }
 }
 
@@ -154,7 +154,7 @@ bool QtLocalPeer::connectToFirst(QLocalSocket &socket, int timeoutMs) const
         socket.abort();
         // An instance that is just starting holds the lock a moment before it listens.
         if (attempt < connectAttempts) {
-            pause(retryPauseMs);
+            pauseBeforeRetry();
         }
     }
     return false;

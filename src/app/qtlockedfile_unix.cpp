@@ -13,11 +13,9 @@ namespace {
 /// Asks for a record lock (`F_RDLCK`, `F_WRLCK`, `F_UNLCK`) over the whole file; false leaves the reason in `errno`.
 bool requestRecordLock(int descriptor, short type, bool wait)
 {
-    struct flock request = {};
+    struct flock request = {}; // length 0: to the end, wherever that comes to be
     request.l_type = type;
     request.l_whence = SEEK_SET;
-    request.l_start = 0;
-    request.l_len = 0; // to the end, wherever that comes to be
     return ::fcntl(descriptor, wait ? F_SETLKW : F_SETLK, &request) != -1;
 }
 
@@ -53,9 +51,7 @@ bool QtLockedFile::lock(LockMode mode, bool wait)
     if (mode == heldMode) {
         return true;
     }
-    if (heldMode != LockNone) {
-        unlock();
-    }
+    unlock(); // the other mode, if it is held
 
     if (!requestRecordLock(handle(), mode == LockRead ? F_RDLCK : F_WRLCK, wait)) {
         const int error = errno;

@@ -47,7 +47,6 @@ bool QtSingleApplication::sendMessage(const QString &message, int timeoutMs)
 
 void QtSingleApplication::sysInit(const QString &applicationId)
 {
-    activationTarget = nullptr;
     localPeer = new QtLocalPeer(this, applicationId);
     Q_ASSERT_X(localPeer, "QtSingleApplication", "localPeer");
     connect(localPeer, SIGNAL(messageReceived(QString)), this, SIGNAL(messageReceived(QString)));

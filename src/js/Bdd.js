@@ -271,12 +271,12 @@ function toRecord(row) {
     return hasNull(row) ? removeNullValues(row) : row;
 }
 
+/// `id`, `genderMale` and `name` are never NULL; `created` and `waiting` only beside a NULL that is asked for here.
 function hasNull(row) {
-    return row.id === null || row.genderMale === null || row.name === null || row.phone === null
-           || row.created === null || row.test === null || row.test_date === null || row.rdv1 === null
-           || row.date1 === null || row.confirmation === null || row.confirmation_date === null
+    return row.phone === null || row.created_format === null || row.test === null || row.test_date === null
+           || row.rdv1 === null || row.date1 === null || row.confirmation === null || row.confirmation_date === null
            || row.rdv2 === null || row.date2 === null || row.rdv3 === null || row.date3 === null
-           || row.notification_date === null || row.created_format === null || row.waiting === null;
+           || row.notification_date === null;
 }
 
 /// A copy of the row with "" in place of every NULL.

@@ -2,6 +2,7 @@
 
 #include "autorun.h"
 #include "draggablequickview.h"
+#include "macversion.h"
 
 #include <QCheckBox>
 #include <QMessageBox>
@@ -25,22 +26,6 @@ constexpr double pointFactor = 1.3;
 const QString productOrganization = QStringLiteral("Vesk Tandry");
 const QString siblingOrganization = QStringLiteral("Vesk Korrin");
 const QString makerApplication = QStringLiteral("Olmeric");
-
-QString readableMacVersion(int version)
-{
-    switch (version) {
-    case 8:
-        return QStringLiteral("OS X 10.6 Snow Leopard");
-    case 9:
-        return QStringLiteral("OS X 10.7 Lion");
-    case 10:
-        return QStringLiteral("OS X 10.8 Mountain Lion");
-    case 11:
-        return QStringLiteral("OS X 10.9 Mavericks");
-    default:
-        return QStringLiteral("Unknown version");
-    }
-}
 
 } // namespace
 

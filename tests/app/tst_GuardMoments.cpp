@@ -4,25 +4,34 @@
 #include "qtlocalpeer.h"
 
 #include "guard/guardnames.h"
+#include "guard/logcapture.h"
 #include "guard/probe.h"
 #include "guard/rawpeer.h"
 #include "testhome.h"
 
 #include <QtTest>
 
+#include <cerrno>
 #include <functional>
 
 #include <fcntl.h>
 #include <time.h>
 #include <unistd.h>
 
-static QList<qint64> pausesMs;
+static QList<qint64> pausesNs;
+static bool interrupting = false;
 static std::function<void()> duringPause;
 static std::function<void(const QByteArray &)> beforeRemoval;
 
-extern "C" int nanosleep(const timespec *length, timespec *)
+extern "C" int nanosleep(const timespec *length, timespec *left)
 {
-    pausesMs << qint64(length->tv_sec) * 1000 + length->tv_nsec / 1000000;
+    pausesNs << qint64(length->tv_sec) * 1000000000 + length->tv_nsec;
+    if (interrupting) {
+        interrupting = false;
+        *left = {0, 100000001};
+        errno = EINTR;
+        return -1;
+    }
     if (duringPause)
         duringPause();
     return 0;
@@ -42,13 +51,15 @@ class tst_GuardMoments : public QObject
 private slots:
     void init()
     {
-        pausesMs.clear();
+        pausesNs.clear();
+        interrupting = false;
         duringPause = nullptr;
         beforeRemoval = nullptr;
         QFile::remove(socket());
     }
 
     void second_attempt_finds_who_began_to_listen_meanwhile();
+    void pause_goes_on_after_a_signal();
     void there_is_no_third_attempt();
     void there_is_no_pause_when_the_first_attempt_connects();
     void ending_instance_removes_its_socket_while_it_holds_the_lock();
@@ -67,18 +78,30 @@ void tst_GuardMoments::second_attempt_finds_who_began_to_listen_meanwhile()
     duringPause = [&] { listener.listen(socket()); };
     QtLocalPeer second(nullptr, id());
     QVERIFY(!second.sendMessage("activate", 100));
-    QCOMPARE(pausesMs, QList<qint64>{250});
+    QCOMPARE(pausesNs, QList<qint64>{250000000});
     RawPeer connection = listener.accept(0);
     QCOMPARE(connection.receive(100), QByteArray::fromHex("000000086163746976617465"));
+}
+
+void tst_GuardMoments::pause_goes_on_after_a_signal()
+{
+    Probe holder(holdingTheLock());
+    QVERIFY(holder.says("locked"));
+    interrupting = true;
+    QtLocalPeer second(nullptr, id());
+    QVERIFY(!second.sendMessage("activate", 100));
+    QCOMPARE(pausesNs, (QList<qint64>{250000000, 100000001}));
 }
 
 void tst_GuardMoments::there_is_no_third_attempt()
 {
     Probe holder(holdingTheLock());
     QVERIFY(holder.says("locked"));
+    const LogCapture log;
     QtLocalPeer second(nullptr, id());
     QVERIFY(!second.sendMessage("activate", 100));
-    QCOMPARE(pausesMs, QList<qint64>{250});
+    QCOMPARE(pausesNs, QList<qint64>{250000000});
+    QCOMPARE(LogCapture::lines(), QStringList());
 }
 
 void tst_GuardMoments::there_is_no_pause_when_the_first_attempt_connects()
@@ -87,7 +110,7 @@ void tst_GuardMoments::there_is_no_pause_when_the_first_attempt_connects()
     QVERIFY(first.says("first"));
     QtLocalPeer second(nullptr, id());
     QVERIFY(second.sendMessage("activate", 5000));
-    QCOMPARE(pausesMs, QList<qint64>());
+    QCOMPARE(pausesNs, QList<qint64>());
 }
 
 // Or it would remove the socket of the next instance, which may have come between.

@@ -32,6 +32,7 @@ private slots:
     void second_process_is_a_client();
     void client_takes_nothing();
     void first_sends_nothing();
+    void nothing_is_received_when_nobody_has_connected();
     void stale_socket_is_replaced();
     void socket_that_cannot_be_replaced_is_only_logged();
     void name_too_long_for_a_socket_is_only_logged();
@@ -177,6 +178,17 @@ void tst_QtLocalPeer::first_sends_nothing()
     QVERIFY(!peer.sendMessage("activate", 5000));
     QCoreApplication::processEvents();
     QCOMPARE(spy.count(), 0);
+}
+
+void tst_QtLocalPeer::nothing_is_received_when_nobody_has_connected()
+{
+    const LogCapture log;
+    QtLocalPeer peer(nullptr, id());
+    QVERIFY(!peer.isClient());
+    QSignalSpy spy(&peer, SIGNAL(messageReceived(QString)));
+    QVERIFY(QMetaObject::invokeMethod(&peer, "receiveConnection"));
+    QCOMPARE(spy.count(), 0);
+    QCOMPARE(LogCapture::lines(), QStringList());
 }
 
 void tst_QtLocalPeer::stale_socket_is_replaced()

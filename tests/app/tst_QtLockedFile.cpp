@@ -46,6 +46,7 @@ private slots:
     void waiting_lock_is_waited_for();
     void killed_holder_leaves_no_lock();
     void lock_ends_with_the_object();
+    void lock_ends_with_the_object_though_the_file_stays_open();
     void lock_covers_the_whole_file_and_what_is_beyond();
     void failing_lock_says_why_data();
     void failing_lock_says_why();
@@ -73,6 +74,12 @@ void tst_QtLockedFile::starts_closed_and_without_a_lock()
     QVERIFY(!named.isOpen());
     QVERIFY(!named.isLocked());
     QCOMPARE(named.lockMode(), QtLockedFile::LockNone);
+
+    const LogCapture log;
+    {
+        const QtLockedFile neverOpened(path());
+    }
+    QCOMPARE(LogCapture::lines(), QStringList());
 }
 
 void tst_QtLockedFile::truncate_is_refused_data()
@@ -137,6 +144,8 @@ void tst_QtLockedFile::unlocking_without_a_lock_succeeds()
     QVERIFY(file.open(QIODevice::ReadWrite));
     QVERIFY(file.unlock());
     QVERIFY(file.lock(QtLockedFile::LockNone));
+    QCOMPARE(::close(file.handle()), 0); // the system is not asked
+    QVERIFY(file.unlock());
     QCOMPARE(LogCapture::lines(), QStringList());
 }
 
@@ -162,6 +171,9 @@ void tst_QtLockedFile::same_mode_is_granted_again()
         QVERIFY(file.isLocked());
         QCOMPARE(file.lockMode(), mode);
     }
+    // The system is not asked, for which the file is gone by now.
+    QCOMPARE(::close(file.handle()), 0);
+    QVERIFY(file.lock(QtLockedFile::LockWrite, false));
     QCOMPARE(LogCapture::lines(), QStringList());
 }
 
@@ -280,6 +292,19 @@ void tst_QtLockedFile::lock_ends_with_the_object()
     QCOMPARE(LogCapture::lines(), QStringList());
 }
 
+void tst_QtLockedFile::lock_ends_with_the_object_though_the_file_stays_open()
+{
+    QFile owner(path());
+    QVERIFY(owner.open(QIODevice::ReadWrite));
+    {
+        QtLockedFile file;
+        QVERIFY(static_cast<QFile &>(file).open(owner.handle(), QIODevice::ReadWrite));
+        QVERIFY(file.lock(QtLockedFile::LockWrite, false));
+    }
+    Probe other(locking("write", "try"));
+    QVERIFY(other.says("locked"));
+}
+
 void tst_QtLockedFile::lock_covers_the_whole_file_and_what_is_beyond()
 {
     Probe holder(locking("write", "try"));
@@ -338,8 +363,10 @@ void tst_QtLockedFile::interrupted_wait_is_silent()
 {
     Probe holder(locking("write", "try"));
     QVERIFY(holder.says("locked"));
+    static volatile std::sig_atomic_t interruptions;
+    interruptions = 0;
     struct sigaction interrupting = {};
-    interrupting.sa_handler = [](int) {};
+    interrupting.sa_handler = [](int) { interruptions = 1; };
     struct sigaction before;
     QCOMPARE(::sigaction(SIGALRM, &interrupting, &before), 0);
     // Comes again, should the first one come before the wait.
@@ -350,11 +377,13 @@ void tst_QtLockedFile::interrupted_wait_is_silent()
     QtLockedFile file(path());
     QVERIFY(file.open(QIODevice::ReadWrite));
     ::setitimer(ITIMER_REAL, &often, nullptr);
-    const bool got = file.lock(QtLockedFile::LockWrite, true);
+    const bool got = file.lock(QtLockedFile::LockWrite);
+    const bool waited = interruptions > 0;
     ::setitimer(ITIMER_REAL, &never, nullptr);
     ::sigaction(SIGALRM, &before, nullptr);
 
     QVERIFY(!got);
+    QVERIFY(waited);
     QVERIFY(!file.isLocked());
     QCOMPARE(LogCapture::lines(), QStringList());
 }

@@ -25,6 +25,7 @@ class tst_QtSingleApplication : public QObject
 
 public:
     int flagsWithoutId = -1;
+    int flagsByDefault = -1;
     int flagsWithId = -1;
     QString idGiven;
 
@@ -76,6 +77,7 @@ void tst_QtSingleApplication::meta_methods_are_in_order()
 void tst_QtSingleApplication::gui_flag_stands_in_the_place_of_the_flags()
 {
     QCOMPARE(flagsWithoutId, 1);
+    QCOMPARE(flagsByDefault, 1);
     QCOMPARE(flagsWithId, QT_VERSION);
 }
 
@@ -167,6 +169,10 @@ int main(int argc, char **argv)
         QtSingleApplication named("com.olmeric.vesktandry", argc, argv);
         test.flagsWithId = applicationFlags();
         test.idGiven = named.id();
+    }
+    {
+        QtSingleApplication unnamed(argc, argv);
+        test.flagsByDefault = applicationFlags();
     }
     QtSingleApplication application(argc, argv, true);
     test.flagsWithoutId = applicationFlags();

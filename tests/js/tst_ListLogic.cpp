@@ -43,6 +43,21 @@ struct Popup : PracticeAt
     ListDocument document{&engine, "ListDocument.qml"};
 };
 
+/// What goes to the log beside traces while \a popup performs that.
+QStringList warningsOf(Popup &popup, const QString &operation, const QJsonArray &values = {})
+{
+    static QStringList warnings;
+    warnings.clear();
+    const QtMessageHandler previous = qInstallMessageHandler([](QtMsgType type, const QMessageLogContext &,
+                                                                const QString &text) {
+        if (type != QtDebugMsg)
+            warnings << text;
+    });
+    popup.perform(operation, values);
+    qInstallMessageHandler(previous);
+    return warnings;
+}
+
 } // namespace
 
 class tst_ListLogic : public QObject
@@ -60,6 +75,7 @@ private slots:
     void waiting_rows_with_nulls_are_shown();
     void waiting_rows_of_the_store_bring_no_warning();
 
+    void rows_are_shown_before_they_can_be_printed();
     void printing_gets_everybody_shown_and_no_tick();
     void printing_gets_the_waiting_rows_as_they_are();
 
@@ -169,17 +185,15 @@ void tst_ListLogic::waiting_rows_of_the_store_bring_no_warning()
     Popup popup;
     popup.store.insert({{"name", "Adam"}, {"created", "2014-05-12"}});
     // The model warns of every null.
-    static QStringList warnings;
-    warnings.clear();
-    const QtMessageHandler previous = qInstallMessageHandler([](QtMsgType type, const QMessageLogContext &,
-                                                                const QString &text) {
-        if (type != QtDebugMsg)
-            warnings << text;
-    });
-    popup.perform("showWaiting");
-    qInstallMessageHandler(previous);
+    QCOMPARE(warningsOf(popup, "showWaiting"), QStringList());
     QCOMPARE(popup.shown(), (QStringList{"Adam", "Béa", "Dupont"}));
-    QCOMPARE(warnings, QStringList());
+}
+
+void tst_ListLogic::rows_are_shown_before_they_can_be_printed()
+{
+    Popup popup;
+    popup.perform("showAll");
+    QCOMPARE(popup.document.object()->property("shownBeforePrintable").toInt(), 4);
 }
 
 void tst_ListLogic::printing_gets_everybody_shown_and_no_tick()
@@ -221,7 +235,8 @@ void tst_ListLogic::every_row_is_ticked_and_unticked()
     Popup popup;
     popup.perform("showAll");
     popup.perform("checkIt", {0, true});
-    popup.perform("checkAll", {true});
+    // The model warns of a row that is not there.
+    QCOMPARE(warningsOf(popup, "checkAll", {true}), QStringList());
     QCOMPARE(popup.shown(), (QStringList{"Adu, ticked", "Béa, ticked", "Cléo, ticked", "Dupont, ticked"}));
     popup.perform("checkAll", {false});
     QCOMPARE(popup.shown(), (QStringList{"Adu", "Béa", "Cléo", "Dupont"}));

@@ -25,6 +25,8 @@ QString reminderAfter(const QJsonObject &data, const QString &day, const QByteAr
 {
     PracticeAt practice(day.contains(' ') ? day.toLatin1() : day.toLatin1() + " 10:20:30", zone);
     practice.store.insertNamed("Dupont");
+    // Or an update that fails would leave today's behind.
+    practice.file.runInStores("UPDATE Patients SET notification_date = '1999-01-01'");
     practice.store.perform("update", {data});
     return practice.file.value("SELECT notification_date FROM Patients").toString();
 }

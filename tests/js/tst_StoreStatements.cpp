@@ -67,6 +67,7 @@ class tst_StoreStatements : public QObject
 
 private slots:
     void database_is_opened_with_these_values();
+    void database_that_did_not_open_is_not_tried_again();
     void table_is_created_if_it_is_not_there();
     void version_is_changed_with_this_statement_data();
     void version_is_changed_with_this_statement();
@@ -90,6 +91,20 @@ void tst_StoreStatements::database_is_opened_with_these_values()
     recorded.store->perform("init");
     QCOMPARE(recorded.takeJournal().filter("open "),
              QStringList{"open [\"Tandry\",\"\",\"Tandry widget storage\",500000]"});
+}
+
+void tst_StoreStatements::database_that_did_not_open_is_not_tried_again()
+{
+    Recorded recorded;
+    recorded.set("failing", "open");
+    const StoreCall first = recorded.store->perform("init");
+    QCOMPARE(first.thrown, QString("refused"));
+    QCOMPARE(first.answers, QJsonArray());
+    recorded.takeJournal();
+    const StoreCall second = recorded.store->perform("init");
+    QCOMPARE(second.thrown, QString());
+    QCOMPARE(second.answers.count(), 1);
+    QCOMPARE(recorded.takeJournal(), QStringList());
 }
 
 void tst_StoreStatements::table_is_created_if_it_is_not_there()

@@ -63,7 +63,7 @@ void ServiceConstruction::first_start_goes_through_its_steps_in_order()
         "launch at login?",
         "launch at login?", // the document's tick has moved and reports it
         "timer of 86400000 ms started",
-        "post to https://127.0.0.1:47443/api/vesktandry/tracking/",
+        "post to https://127.0.0.1:47443/api/vesktandry/tracking/ with Content-Type, Content-Length",
     }));
 }
 

@@ -5,12 +5,27 @@
 #include "testclock.h"
 #include "testmain.h"
 
+#include <QQmlEngine>
 #include <QTimer>
 
 namespace {
 
+const QString one = QStringLiteral("Vous avez 1 patient en attente");
 const QString three = QStringLiteral("Vous avez 3 patients en attente");
 
+QList<QJSEngine *> cleanedEngines;
+
+}
+
+extern "C" {
+void __real__ZN9QJSEngine14collectGarbageEv(QJSEngine *engine);
+
+void __wrap__ZN9QJSEngine14collectGarbageEv(QJSEngine *engine)
+{
+    cleanedEngines.append(engine);
+    Recordings::instance().trayChanges.append("garbage");
+    __real__ZN9QJSEngine14collectGarbageEv(engine);
+}
 }
 
 /// The hourly tick: when waiting patients are announced, and when the documents read the database again.
@@ -24,6 +39,7 @@ private slots:
     void message_has_its_words();
     void unchanged_count_is_announced_at_every_second_tick();
     void same_count_on_three_ticks();
+    void one_patient_is_announced_at_every_second_tick();
     void changed_count_is_announced_at_once();
     void count_that_was_announced_at_the_start_is_passed_over_at_the_first_tick();
     void tick_without_waiting_patients_forgets_the_last_count_data();
@@ -37,6 +53,8 @@ private slots:
     void new_day_refreshes_once();
     void refresh_by_the_user_counts_as_the_day_s();
     void message_comes_before_the_day_s_refresh();
+    void first_refresh_announces_before_it_draws();
+    void every_engine_is_cleaned_after_the_day_s_refresh();
 
 private:
     /// Ticks, and what each announced: an empty text for nothing.
@@ -103,6 +121,16 @@ void ServiceMessages::same_count_on_three_ticks()
     RunningService running;
     running.standInFor(running.main)->setProperty("number", 3);
     COMPARE_LINES(tick(running, 3), {three, "", three});
+}
+
+void ServiceMessages::one_patient_is_announced_at_every_second_tick()
+{
+    RunningService running;
+    QQuickItem *document = running.standInFor(running.main);
+    document->setProperty("number", 0);
+    COMPARE_LINES(tick(running, 1), {""});
+    document->setProperty("number", 1);
+    COMPARE_LINES(tick(running, 3), {one, "", one});
 }
 
 void ServiceMessages::changed_count_is_announced_at_once()
@@ -277,6 +305,28 @@ void ServiceMessages::message_comes_before_the_day_s_refresh()
     // Yesterday's number is announced, today's at the next tick.
     COMPARE_LINES(tick(running, 2), {three, "Vous avez 4 patients en attente"});
     QCOMPARE(SettingsFile::value("PatientsWaitingCounter"), QVariant(4));
+}
+
+void ServiceMessages::first_refresh_announces_before_it_draws()
+{
+    RunningService running;
+    running.standInFor(running.main)->setProperty("number", 3);
+    running.call("firstRefresh");
+    COMPARE_LINES(Recordings::instance().trayChanges, {"message", "icon"});
+}
+
+void ServiceMessages::every_engine_is_cleaned_after_the_day_s_refresh()
+{
+    TestClock clock("2014-05-30 23:30:00");
+    RunningService running;
+    cleanedEngines.clear();
+    running.call("autoRefresh");
+    COMPARE_LINES(Recordings::instance().trayChanges, {});
+    clock.moveTo("2014-05-31 00:30:00");
+    running.call("autoRefresh");
+    COMPARE_LINES(Recordings::instance().trayChanges, {"icon", "garbage", "garbage", "garbage"});
+    QCOMPARE(cleanedEngines, (QList<QJSEngine *>{running.main->engine(), running.contact->engine(),
+                                                 running.list->engine()}));
 }
 
 SERVICE_TEST_MAIN(ServiceMessages)

@@ -97,9 +97,12 @@ void ServicePlacement::window_stays_inside_and_comes_back_from_outside()
     DraggableQuickView *window = windowOf(document);
     window->setPosition(before);
     QCOMPARE(window->position(), before);
+    QPoint shownAt;
+    connect(window, &QWindow::visibleChanged, this, [&] { shownAt = window->position(); });
 
     running.call(slot);
 
+    QCOMPARE(shownAt, after);
     QCOMPARE(window->position(), after);
     QVERIFY(window->isVisible());
 }

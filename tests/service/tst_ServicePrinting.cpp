@@ -12,6 +12,7 @@
 #include <QPrinter>
 #include <QProcess>
 #include <QPushButton>
+#include <QTextDocument>
 
 namespace {
 
@@ -82,7 +83,20 @@ QVariantList patients(int count)
     return list;
 }
 
+/// Whether there was a count when the document went to the printer.
+bool countedBeforePrinting = false;
+
 } // namespace
+
+extern "C" {
+void __real__ZNK13QTextDocument5printEP17QPagedPaintDevice(const QTextDocument *document, QPagedPaintDevice *printer);
+
+void __wrap__ZNK13QTextDocument5printEP17QPagedPaintDevice(const QTextDocument *document, QPagedPaintDevice *printer)
+{
+    countedBeforePrinting = SettingsFile::keys().contains("PrinterCounter");
+    __real__ZNK13QTextDocument5printEP17QPagedPaintDevice(document, printer);
+}
+}
 
 /// From the print dialog to the printed page.
 class ServicePrinting : public QObject
@@ -138,6 +152,7 @@ void ServicePrinting::printer_is_as_the_platform_has_it()
 void ServicePrinting::accepted_print_is_on_paper_and_counted()
 {
     const QString file = pathOf("accepted.pdf");
+    countedBeforePrinting = true;
     RunningService running;
     const QVariantList two{
         QVariantMap{{"name", "DUPONT Marie"}, {"created_format", "31/01/2014"}, {"phone", "01 99 00 12 34"},
@@ -167,6 +182,7 @@ void ServicePrinting::accepted_print_is_on_paper_and_counted()
         "Bilan 2 : RDV bilan fin de saison",
         "1",
     });
+    QVERIFY(!countedBeforePrinting);
     QCOMPARE(SettingsFile::value("PrinterCounter"), QVariant(1));
 }
 

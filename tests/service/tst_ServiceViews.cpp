@@ -14,8 +14,8 @@ class ServiceViews : public QObject
 
 private slots:
     void init();
-    void window_has_its_document_flags_and_colour_data();
-    void window_has_its_document_flags_and_colour();
+    void window_has_its_document_title_flags_and_colour_data();
+    void window_has_its_document_title_flags_and_colour();
     void there_are_three_windows();
     void each_window_has_an_engine_of_its_own();
     void no_window_is_shown();
@@ -31,17 +31,18 @@ void ServiceViews::init()
     SettingsFile::forgetEverything();
 }
 
-void ServiceViews::window_has_its_document_flags_and_colour_data()
+void ServiceViews::window_has_its_document_title_flags_and_colour_data()
 {
     QTest::addColumn<QString>("source");
+    QTest::addColumn<QString>("title");
     QTest::addColumn<bool>("onTop");
 
-    QTest::newRow("main.qml") << "qrc:///qml/main.qml" << true;
-    QTest::newRow("ContactPopup.qml") << "qrc:///qml/ContactPopup.qml" << false;
-    QTest::newRow("ListPopup.qml") << "qrc:///qml/ListPopup.qml" << false;
+    QTest::newRow("main.qml") << "qrc:///qml/main.qml" << "Vesk Tandry" << true;
+    QTest::newRow("ContactPopup.qml") << "qrc:///qml/ContactPopup.qml" << "Vesk Tandry – contacts" << false;
+    QTest::newRow("ListPopup.qml") << "qrc:///qml/ListPopup.qml" << "Vesk Tandry – liste des patients" << false;
 }
 
-void ServiceViews::window_has_its_document_flags_and_colour()
+void ServiceViews::window_has_its_document_title_flags_and_colour()
 {
     QFETCH(QString, source);
     QFETCH(bool, onTop);
@@ -50,6 +51,8 @@ void ServiceViews::window_has_its_document_flags_and_colour()
     QVERIFY(window);
 
     QCOMPARE(window->source(), QUrl(source));
+    QTEST(window->title(), "title");
+    QCOMPARE(window->icon().cacheKey(), running.dialogParent()->windowIcon().cacheKey());
     QCOMPARE(window->status(), QQuickView::Ready);
     QVERIFY(window->flags().testFlag(Qt::FramelessWindowHint));
     QCOMPARE(window->flags().testFlag(Qt::WindowStaysOnTopHint), onTop);

@@ -9,6 +9,8 @@ QtObject {
 
     property int number: -1
     property var printModel
+    /// The rows that were shown when printModel came.
+    property int shownBeforePrintable: -1
     property bool headerTicked: checkboxAll.checked
     /// The root's signals in their order, each with its values.
     property var raised: []
@@ -60,6 +62,7 @@ QtObject {
         return JSON.stringify(printModel);
     }
 
+    onPrintModelChanged: shownBeforePrintable = model.count
     onNeedRefresh: raised.push("needRefresh, " + patientsLeft() + " left")
     onRemovedPatients: raised.push("removedPatients " + JSON.stringify(ids))
 

@@ -8,7 +8,7 @@ QtObject {
     property var journal: []
     property string version: "1.3"
     property var rows: []
-    /// A statement that begins with this text fails, when there is a text.
+    /// A statement that begins with this text fails, when there is a text; "open" is for the opening.
     property string failing
 
     function write(line) {
@@ -17,6 +17,9 @@ QtObject {
 
     function openDatabaseSync() {
         write("open " + JSON.stringify(Array.prototype.slice.call(arguments)));
+        if (failing === "open") {
+            throw new Error("refused");
+        }
         return {
             version: root.version,
             transaction: function (work) {

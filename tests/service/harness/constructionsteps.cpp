@@ -147,7 +147,7 @@ WRAP(QNetworkReply *, _ZN21QNetworkAccessManager4postERK15QNetworkRequestRK10QBy
 QNetworkReply *__wrap__ZN21QNetworkAccessManager4postERK15QNetworkRequestRK10QByteArray(
     QNetworkAccessManager *self, const QNetworkRequest &request, const QByteArray &body)
 {
-    step("post to " + request.url().toString());
+    step(QString("post to %1 with %2").arg(request.url().toString(), request.rawHeaderList().join(", ").constData()));
     return __real__ZN21QNetworkAccessManager4postERK15QNetworkRequestRK10QByteArray(self, request, body);
 }
 

@@ -46,6 +46,7 @@ void __wrap__ZN15QSystemTrayIcon7setIconERK5QIcon(QSystemTrayIcon *self, const Q
 void __wrap__ZN15QSystemTrayIcon7setIconERK5QIcon(QSystemTrayIcon *self, const QIcon &icon)
 {
     Recordings::instance().icons.append(icon);
+    Recordings::instance().trayChanges.append("icon");
     __real__ZN15QSystemTrayIcon7setIconERK5QIcon(self, icon);
 }
 
@@ -57,6 +58,7 @@ void __wrap__ZN15QSystemTrayIcon11showMessageERK7QStringS2_NS_11MessageIconEi(
     QSystemTrayIcon *self, const QString &title, const QString &text, QSystemTrayIcon::MessageIcon icon, int ms)
 {
     Recordings::instance().messages.append({title, text, icon, ms});
+    Recordings::instance().trayChanges.append("message");
     __real__ZN15QSystemTrayIcon11showMessageERK7QStringS2_NS_11MessageIconEi(self, title, text, icon, ms);
 }
 

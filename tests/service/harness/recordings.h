@@ -3,7 +3,7 @@
 #include <QIcon>
 #include <QList>
 #include <QPointer>
-#include <QString>
+#include <QStringList>
 #include <QSystemTrayIcon>
 #include <QTimer>
 
@@ -30,6 +30,8 @@ struct Recordings
     /// What the tray icon showed each time it was set after its construction.
     QList<QIcon> icons;
     QList<Message> messages;
+    /// Icons and messages in their order: "icon", "message".
+    QStringList trayChanges;
     /// The answer that the service gets when it asks whether the tray can show messages.
     bool messagesSupported = true;
     QList<Report> reports;

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QString>
+
+/// The name of a system for the statistics, from the code by which Qt knows it.
+inline QString readableMacVersion(int version)
+{
+    switch (version) {
+    case 8:
+        return QStringLiteral("OS X 10.6 Snow Leopard");
+    case 9:
+        return QStringLiteral("OS X 10.7 Lion");
+    case 10:
+        return QStringLiteral("OS X 10.8 Mountain Lion");
+    case 11:
+        return QStringLiteral("OS X 10.9 Mavericks");
+    default:
+        return QStringLiteral("Unknown version");
+    }
+}

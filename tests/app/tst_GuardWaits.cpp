@@ -1,0 +1,121 @@
+// How long the guard waits for the other side at the most: what it asks Qt for, since a test that measures time only
+// tells a lower bound.
+
+#include "qtlocalpeer.h"
+#include "qtsingleapplication.h"
+#include "qtsinglecoreapplication.h"
+
+#include "guard/guardnames.h"
+#include "guard/probe.h"
+#include "guard/rawpeer.h"
+#include "testhome.h"
+
+#include <QLocalSocket>
+#include <QtTest>
+
+namespace {
+
+QStringList waits;
+
+QString id()
+{
+    return "com.olmeric.vesktandry";
+}
+
+QString socket()
+{
+    return socketPath("comolm-ba14");
+}
+
+/// The waits of a message that nobody takes, sent with no word of how long it may last.
+template<typename Application>
+QStringList waitsOfSending(Application &application)
+{
+    Probe holder({"--lock", socket() + "-lockfile", "write", "try"});
+    if (!holder.says("locked"))
+        return {};
+    waits.clear();
+    application.sendMessage("activate");
+    return waits;
+}
+
+} // namespace
+
+extern "C" {
+bool __real__ZN12QLocalSocket16waitForConnectedEi(QLocalSocket *socket, int limitMs);
+bool __real__ZN12QLocalSocket19waitForDisconnectedEi(QLocalSocket *socket, int limitMs);
+
+bool __wrap__ZN12QLocalSocket16waitForConnectedEi(QLocalSocket *socket, int limitMs)
+{
+    waits << QString("connected %1").arg(limitMs);
+    return __real__ZN12QLocalSocket16waitForConnectedEi(socket, limitMs);
+}
+
+bool __wrap__ZN12QLocalSocket19waitForDisconnectedEi(QLocalSocket *socket, int limitMs)
+{
+    waits << QString("disconnected %1").arg(limitMs);
+    return __real__ZN12QLocalSocket19waitForDisconnectedEi(socket, limitMs);
+}
+}
+
+class tst_GuardWaits : public QObject
+{
+    Q_OBJECT
+
+public:
+    QStringList waitsOfCoreApplication;
+    QStringList waitsOfApplication;
+
+private slots:
+    void init()
+    {
+        waits.clear();
+        QFile::remove(socket());
+    }
+
+    void each_attempt_to_connect_has_half_the_time();
+    void message_has_five_seconds_unless_told_otherwise();
+    void sender_has_a_second_to_leave();
+};
+
+void tst_GuardWaits::each_attempt_to_connect_has_half_the_time()
+{
+    Probe holder({"--lock", socket() + "-lockfile", "write", "try"});
+    QVERIFY(holder.says("locked"));
+    QtLocalPeer second(nullptr, id());
+    QVERIFY(!second.sendMessage("activate", 600));
+    QCOMPARE(waits, (QStringList{"connected 300", "connected 300"}));
+}
+
+void tst_GuardWaits::message_has_five_seconds_unless_told_otherwise()
+{
+    QCOMPARE(waitsOfCoreApplication, (QStringList{"connected 2500", "connected 2500"}));
+    QCOMPARE(waitsOfApplication, (QStringList{"connected 2500", "connected 2500"}));
+}
+
+void tst_GuardWaits::sender_has_a_second_to_leave()
+{
+    QtLocalPeer first(nullptr, id());
+    QVERIFY(!first.isClient());
+    QSignalSpy spy(&first, SIGNAL(messageReceived(QString)));
+    RawPeer sender;
+    QVERIFY(sender.connectTo(socket()));
+    QVERIFY(sender.send(lengthBytes(1) + 'a'));
+    QVERIFY(spy.wait(20000));
+    QCOMPARE(waits, QStringList{"disconnected 1000"});
+}
+
+int main(int argc, char **argv)
+{
+    const TestHome home;
+    tst_GuardWaits test;
+    {
+        QtSingleCoreApplication core(id(), argc, argv);
+        test.waitsOfCoreApplication = waitsOfSending(core);
+    }
+    QtSingleApplication application(id(), argc, argv);
+    test.waitsOfApplication = waitsOfSending(application);
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_GuardWaits.moc"

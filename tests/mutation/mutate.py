@@ -1,0 +1,136 @@
+#!/usr/bin/env python3
+"""Changes one thing at a time in the program's rules and sees whether a test fails. See scripts/mutate."""
+
+import argparse
+import collections
+import fcntl
+import os
+import pathlib
+import random
+import sys
+import threading
+import time
+
+from equivalents import read_equivalents
+from operators import mutants_of
+from plan import PLAN, TARGETS
+from report import Report
+from sandbox import BrokenTree, Sandbox
+from source import Source
+
+HERE = pathlib.Path(__file__).resolve().parent
+
+
+def all_mutants(root, paths):
+    return [mutant for path in paths for mutant in mutants_of(Source(path, (root / path).read_text(encoding="utf-8")))]
+
+
+class Trials:
+    """Mutants shared out among sandboxes, each worked off by a thread of its own."""
+
+    def __init__(self, root, folder, plan, targets, jobs):
+        self.plan = plan
+        self.sandboxes = [Sandbox(root, folder / f"sandbox-{number}", targets) for number in range(1, jobs + 1)]
+        self.lock = threading.Lock()
+        self.failure = None
+
+    def run(self, mutants, report):
+        tests = list(dict.fromkeys(name for mutant in mutants for name in self.plan[mutant.path]))
+        self._in_each(lambda sandbox: sandbox.prepare(tests))
+        waiting = collections.deque(mutants)
+        self._in_each(lambda sandbox: self._work_off(sandbox, waiting, report))
+
+    def _in_each(self, work):
+        threads = [threading.Thread(target=self._guarded, args=(work, sandbox)) for sandbox in self.sandboxes]
+        for thread in threads:
+            thread.start()
+        try:
+            for thread in threads:
+                thread.join()
+        except KeyboardInterrupt as interruption:
+            self.failure = interruption  # which the others see before their next mutant
+        if self.failure:
+            raise self.failure
+
+    def _guarded(self, work, sandbox):
+        try:
+            work(sandbox)
+        except Exception as error:
+            self.failure = error
+
+    def _work_off(self, sandbox, waiting, report):
+        while not self.failure:
+            with self.lock:
+                if not waiting:
+                    break
+                mutant = waiting.popleft()
+            started = time.monotonic()
+            verdict, by = sandbox.try_out(mutant.path, mutant.text, self.plan[mutant.path])
+            with self.lock:
+                report.add(mutant, verdict, by, time.monotonic() - started)
+        sandbox.restore()
+
+
+def chosen_paths(names):
+    paths = [path for path in PLAN if not names or pathlib.PurePath(path).name in names or path in names]
+    unknown = [name for name in names if not any(path.endswith(name) for path in paths)]
+    if unknown:
+        sys.exit(f"not among the files that are changed: {', '.join(unknown)}; there are {', '.join(PLAN)}")
+    return paths
+
+
+def arguments():
+    parser = argparse.ArgumentParser(prog="scripts/mutate", description=__doc__)
+    parser.add_argument("files", nargs="*", help="only the mutants of these files, such as Bdd.js")
+    parser.add_argument("--sample", type=int, metavar="N", help="only N of the mutants, drawn at random")
+    parser.add_argument("--seed", type=int, default=1, metavar="S", help="another draw (default: %(default)s)")
+    parser.add_argument("--jobs", type=int, default=min(2, os.cpu_count() or 1), metavar="J",
+                        help="sandboxes that work at the same time (default: %(default)s)")
+    parser.add_argument("--folder", type=pathlib.Path, default=HERE.parents[1] / "build" / "mutation",
+                        help="where the sandboxes and the report are (default: build/mutation)")
+    parser.add_argument("--list", action="store_true", help="only list the mutants")
+    return parser.parse_args()
+
+
+def draw(mutants, count, seed):
+    places = range(len(mutants))
+    if count and count < len(mutants):
+        places = sorted(random.Random(seed).sample(places, count))
+    return [mutants[place] for place in places]
+
+
+def claim(folder):
+    """Keeps a second run out of the folder as long as what is returned is open."""
+    folder.mkdir(parents=True, exist_ok=True)
+    claimed = (folder / "lock").open("w", encoding="utf-8")
+    try:
+        fcntl.flock(claimed, fcntl.LOCK_EX | fcntl.LOCK_NB)
+    except BlockingIOError:
+        sys.exit(f"another run is at work in {folder}")
+    return claimed
+
+
+def main():
+    options = arguments()
+    root, folder = HERE.parents[1], options.folder.resolve()
+    mutants = draw(all_mutants(root, chosen_paths(options.files)), options.sample, options.seed)
+    if options.list:
+        for mutant in mutants:
+            print(f"{mutant.path}:{mutant.line} {mutant.function}: {mutant.operator}: {mutant.change}")
+        return 0
+
+    started = time.monotonic()
+    report = Report(len(mutants), read_equivalents(HERE / "equivalents.txt"))
+    with claim(folder):
+        try:
+            Trials(root, folder, PLAN, TARGETS, options.jobs).run(mutants, report)
+        except BrokenTree as error:
+            sys.exit(str(error))
+        faults = report.faults(is_complete=not options.files and not options.sample)
+        report.write(folder / "report.txt", faults, time.monotonic() - started)
+    print("\n".join([*report.totals(), "", *faults, f"The report is {folder / 'report.txt'}."]))
+    return 1 if faults else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

@@ -1,0 +1,14 @@
+#include <cstring>
+
+bool isMany(int count);
+int countDown(int count);
+void greet(const char *&greeting);
+
+/// Looks at neither side of the border of isMany(), so that some changes to it go unseen.
+int main()
+{
+    const char *greeting = nullptr;
+
+    greet(greeting);
+    return isMany(20) && !isMany(1) && countDown(3) == 0 && greeting && std::strcmp(greeting, "hello") == 0 ? 0 : 1;
+}
