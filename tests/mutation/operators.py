@@ -25,6 +25,7 @@ SQL_CHANGES = (
 )
 COLUMNS = re.compile(r"(?=(?P<first>`\w+`)(?P<between>[^`]*,\s*)(?P<second>`\w+`))")
 SYMMETRIC = re.compile(r"\b(?:min|max|qMin|qMax)(?:<\w+>)?\($")
+SETTER = re.compile(r"(?P<object>\w+(?:\.|->))set[A-Z]\w*\(")
 ATOM = r"(?:QStringLiteral\(\"[^\"\n]*\"\)|\"[^\"\n]*\"|[\w.]+)"
 NEIGHBOURS = re.compile(rf"(?<=[(\[{{,\s])(?=(?P<first>{ATOM})(?P<between>,\s*)(?P<second>{ATOM})\s*[,)\]}}])")
 
@@ -158,10 +159,17 @@ def swapped_statements(source):
 
 def _can_be_swapped(source, first, second):
     are_neighbours = first[1] <= second[0] and not source.code[first[1]:second[0]].strip()
-    leave = any(LEAVING.match(source.code, start) for start, _ in (first, second))
+    codes = [source.code[start:end] for start, end in (first, second)]
+    leave = any(LEAVING.match(code) for code in codes)
     # Nothing is emitted between two connections in a row.
-    connect = all(source.code.startswith("connect(", start) for start, _ in (first, second))
-    return are_neighbours and not leave and not connect
+    connect = all(code.startswith("connect(") for code in codes)
+    return are_neighbours and not leave and not connect and not _set_two_properties(source, *codes)
+
+
+def _set_two_properties(source, *codes):
+    """Whether two properties of one object of Qt are set. A script's date is another matter."""
+    setters = [SETTER.match(code) for code in codes]
+    return not source.is_script and all(setters) and setters[0]["object"] == setters[1]["object"]
 
 
 OPERATORS = (binary_operators, unary_operators, numbers, truth_values, texts, statements_in_sql, neighbouring_elements,

@@ -4,7 +4,7 @@ STORE = ("tst_StoreStatements", "tst_StoreReading", "tst_StoreWriting", "tst_Rem
          "tst_StoreFileErrors", "tst_StoreErrors")
 SERVICE = ("tst_ServiceConstruction", "tst_ServiceFirstStart", "tst_ServiceViews", "tst_ServiceAbout",
            "tst_ServiceTray", "tst_ServiceConnections", "tst_ServiceQuit", "tst_ServiceMessages",
-           "tst_ServiceStatistics")
+           "tst_ServiceStatistics", "tst_ServiceUpload")
 LOCKED_FILE = ("tst_QtLockedFile", "tst_QtLocalPeer", "tst_SingleInstance")
 PEER = ("tst_QtLocalPeer", "tst_GuardMoments", "tst_GuardWaits", "tst_HostilePeers", "tst_GuardMessages",
         "tst_SingleInstance")

@@ -128,8 +128,9 @@ class Sandbox:
                 self.log.open("wb") as log:
             os.chmod(temporary, 0o1777)  # like the system's own: a test run by root lays its rights down
             process = subprocess.Popen(
-                [*GUARDED, *map(str, command)], cwd=folder or self.build, stdin=subprocess.DEVNULL, stdout=log, stderr=log,
-                env={**os.environ, **(environment or {}), "TMPDIR": temporary}, start_new_session=True)
+                [*GUARDED, *map(str, command)], cwd=folder or self.build,
+                stdin=subprocess.DEVNULL, stdout=log, stderr=log, start_new_session=True,
+                env={**os.environ, **(environment or {}), "TMPDIR": temporary})
             try:
                 return process.wait(limit_s)
             except subprocess.TimeoutExpired:

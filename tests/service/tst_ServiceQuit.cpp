@@ -75,6 +75,8 @@ void ServiceQuit::question_has_its_words_buttons_and_default()
 {
     RunningService running;
     QVERIFY(withModal<QMessageBox>([&] { running.call("closeIntent"); }, [](QMessageBox &box) {
+        QCOMPARE(box.windowTitle(), QString("Vesk Tandry"));
+        QVERIFY(box.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
         QCOMPARE(box.text(), QString("Fermeture de Tandry"));
         QCOMPARE(box.informativeText(), QString("Etes-vous sur de vouloir fermer le widget Tandry ?"));
         QVERIFY(box.checkBox());
@@ -82,6 +84,7 @@ void ServiceQuit::question_has_its_words_buttons_and_default()
         QVERIFY(!box.checkBox()->isChecked());
         QCOMPARE(box.standardButtons(), QMessageBox::Ok | QMessageBox::Cancel);
         QCOMPARE(box.buttons().size(), 2);
+        QCOMPARE(box.button(QMessageBox::Cancel)->text(), QString("Annuler"));
         QCOMPARE(box.defaultButton(), box.button(QMessageBox::Cancel));
         QCOMPARE(box.parentWidget(), nullptr);
         QVERIFY(box.isModal());
