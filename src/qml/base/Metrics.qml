@@ -6,15 +6,7 @@ QtObject {
     readonly property string fontFamily: "Arial"
 
     // How much larger than drawn the user's system asks texts to be: 1 at 72 dots per inch, 2 at 144.
-    readonly property real textScale: inPoints.implicitHeight / inPixels.implicitHeight
-    readonly property Text inPoints: Text {
-        font.pointSize: 72
-        text: "X"
-    }
-    readonly property Text inPixels: Text {
-        font.pixelSize: 72
-        text: "X"
-    }
+    readonly property real textScale: Qt.font({ pointSize: 72 }).pixelSize / 72
 
     readonly property int widgetWidth: 275
     readonly property int headerHeight: 42
