@@ -20,75 +20,81 @@ Rectangle {
         onClose: root.closeContact()
         onEnableDragging: root.enableDragging()
 
-        WidgetText {
-            id: pageTitle
+        OnceShown {
+            anchors.fill: parent
 
-            anchors {
-                horizontalCenter: parent.horizontalCenter
-                top: parent.top
-                topMargin: 20
-            }
-            color: Palette.contactHeading
-            font.bold: true
-            growth: 1.2
-            points: 25
-            text: qsTr("Contacts VESK")
+            sourceComponent: Item {
+                WidgetText {
+                    id: pageTitle
 
-            Accessible.name: text
-            Accessible.role: Accessible.StaticText
-        }
+                    anchors {
+                        horizontalCenter: parent.horizontalCenter
+                        top: parent.top
+                        topMargin: 20
+                    }
+                    color: Palette.contactHeading
+                    font.bold: true
+                    growth: 1.2
+                    points: 25
+                    text: qsTr("Contacts VESK")
 
-        Column {
-            anchors {
-                left: parent.left
-                leftMargin: 20
-                right: parent.right
-                rightMargin: 20
-                top: pageTitle.bottom
-                topMargin: 45
-            }
-            spacing: 20
-
-            ContactSection {
-                heading: qsTr("Pharmacovigilance")
-                height: 70
-                width: parent.width
-
-                ContactText {
-                    text: BuildSettings.contactPhone
+                    Accessible.name: text
+                    Accessible.role: Accessible.StaticText
                 }
-                ContactText {
-                    text: BuildSettings.pharmacovigilanceEmail
-                }
-            }
-            ContactSection {
-                heading: qsTr("Service client")
-                height: 80
-                width: parent.width
 
-                ContactText {
-                    font.bold: false
-                    growth: 1.05
-                    points: 9
-                    text: qsTr("Du lundi au vendredi de 8h30 à 18h00 et le samedi de 9h00 à 12h00")
-                }
-                ContactText {
-                    text: BuildSettings.contactPhone
-                }
-                ContactText {
-                    text: BuildSettings.customerEmail
-                }
-            }
-            ContactSection {
-                heading: qsTr("Sites internet")
-                height: 70
-                width: parent.width
+                Column {
+                    anchors {
+                        left: parent.left
+                        leftMargin: 20
+                        right: parent.right
+                        rightMargin: 20
+                        top: pageTitle.bottom
+                        topMargin: 45
+                    }
+                    spacing: 20
 
-                SiteLink {
-                    site: BuildSettings.informationSite
-                }
-                SiteLink {
-                    site: BuildSettings.brandSite
+                    ContactSection {
+                        heading: qsTr("Pharmacovigilance")
+                        height: 70
+                        width: parent.width
+
+                        ContactText {
+                            text: BuildSettings.contactPhone
+                        }
+                        ContactText {
+                            text: BuildSettings.pharmacovigilanceEmail
+                        }
+                    }
+                    ContactSection {
+                        heading: qsTr("Service client")
+                        height: 80
+                        width: parent.width
+
+                        ContactText {
+                            font.bold: false
+                            growth: 1.05
+                            points: 9
+                            text: qsTr("Du lundi au vendredi de 8h30 à 18h00 et le samedi de 9h00 à 12h00")
+                        }
+                        ContactText {
+                            text: BuildSettings.contactPhone
+                        }
+                        ContactText {
+                            text: BuildSettings.customerEmail
+                        }
+                    }
+                    ContactSection {
+                        heading: qsTr("Sites internet")
+                        height: 70
+                        width: parent.width
+
+                        SiteLink {
+                            site: BuildSettings.informationSite
+                        }
+                        SiteLink {
+                            site: BuildSettings.brandSite
+                        }
+                    }
                 }
             }
         }

@@ -22,7 +22,11 @@ Rectangle {
     /// Reads the waiting number and the patients of the current tab again.
     function refresh() {
         ListLogic.init();
-        patientTable.reload(showTab);
+        if (table.item) {
+            table.item.reload(showTab);
+        } else {
+            showTab();
+        }
     }
 
     function showTab() {
@@ -35,7 +39,9 @@ Rectangle {
 
     function openTab(show) {
         show();
-        patientTable.showTop();
+        if (table.item) {
+            table.item.showTop();
+        }
     }
 
     /// Prints every patient of the current tab, ticked or not.
@@ -125,20 +131,22 @@ Rectangle {
             }
         }
 
-        PatientTable {
-            id: patientTable
+        OnceShown {
+            id: table
 
             anchors {
                 bottom: tableFooter.top
                 top: tableHeader.bottom
             }
-            name: root.waitingShown ? waitingTab.title : allTab.title
-            patients: model
-            waiting: root.waitingShown
             width: parent.width
 
-            onOpenPatient: root.openPatient(iid)
-            onTicked: ListLogic.checkIt(index, state)
+            onLoaded: {
+                item.name = Qt.binding(function () { return root.waitingShown ? waitingTab.title : allTab.title; });
+                item.waiting = Qt.binding(function () { return root.waitingShown; });
+                item.openPatient.connect(root.openPatient);
+                item.ticked.connect(ListLogic.checkIt);
+            }
+            Component.onCompleted: setSource("PatientTable.qml", { patients: model })
         }
 
         TableFooter {

@@ -26,6 +26,8 @@ ThinScrollView {
     ListView {
         id: list
 
+        // The next letter throws the rows away: none is built that is not in view.
+        cacheBuffer: 0
         delegate: PatientsItem {
             width: list.width
 

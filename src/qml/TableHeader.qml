@@ -9,50 +9,53 @@ Rectangle {
 
     height: Metrics.barHeight
 
-    Row {
+    OnceShown {
         height: parent.height
-        spacing: root.width * Metrics.columnGap
-        x: spacing
+        x: root.width * Metrics.columnGap
 
-        Item {
-            height: 1
-            width: root.width * Metrics.tickColumn
-        }
-        TableTitle {
-            text: Columns.patientName
-            width: root.width * Metrics.nameColumn
-        }
-        TableTitle {
-            text: Columns.firstAppointment
-            width: root.width * Metrics.firstAppointmentColumn
-        }
-        TableTitle {
-            text: Columns.test
-            width: root.width * Metrics.stepColumn
-        }
-        TableTitle {
-            text: Columns.workUp
-            width: root.width * Metrics.stepColumn
-        }
-        TableTitle {
-            text: Columns.allergy
-            width: root.width * Metrics.stepColumn
-        }
-        TableTitle {
-            text: Columns.firstIntake
-            width: root.width * Metrics.stepColumn
-        }
-        TableTitle {
-            text: Columns.review
-            width: root.width * Metrics.stepColumn
-        }
-        TableTitle {
-            text: Columns.phone
-            width: root.width * Metrics.phoneColumn
-        }
-        TableTitle {
-            text: Columns.sms
-            width: root.width * Metrics.smsColumn
+        sourceComponent: Row {
+            spacing: root.width * Metrics.columnGap
+
+            Item {
+                height: 1
+                width: root.width * Metrics.tickColumn
+            }
+            TableTitle {
+                text: Columns.patientName
+                width: root.width * Metrics.nameColumn
+            }
+            TableTitle {
+                text: Columns.firstAppointment
+                width: root.width * Metrics.firstAppointmentColumn
+            }
+            TableTitle {
+                text: Columns.test
+                width: root.width * Metrics.stepColumn
+            }
+            TableTitle {
+                text: Columns.workUp
+                width: root.width * Metrics.stepColumn
+            }
+            TableTitle {
+                text: Columns.allergy
+                width: root.width * Metrics.stepColumn
+            }
+            TableTitle {
+                text: Columns.firstIntake
+                width: root.width * Metrics.stepColumn
+            }
+            TableTitle {
+                text: Columns.review
+                width: root.width * Metrics.stepColumn
+            }
+            TableTitle {
+                text: Columns.phone
+                width: root.width * Metrics.phoneColumn
+            }
+            TableTitle {
+                text: Columns.sms
+                width: root.width * Metrics.smsColumn
+            }
         }
     }
 

@@ -2,8 +2,8 @@ import QtQuick 2.2
 import "base"
 import "../js/Bdd.js" as Bdd
 
-// The main widget: search, results and the patient editor that slides in from the right. The editor is a third of what
-// there is to build, so it is built when it is first wanted and the widget appears without waiting for it.
+// The main widget: search, results and the patient editor that slides in from the right. The results and the editor are
+// half of all there is to load: that is done when they are first wanted, and the widget appears without waiting for it.
 Rectangle {
     id: root
 
@@ -146,8 +146,9 @@ Rectangle {
             z: 1
 
             onChanged: root.state = "close"
-            onFirstResultWanted: results.selectFirst()
-            onResultsWanted: hasResults ? results.focusFirst() : createLink.focusLink()
+            onFirstResultWanted: if (hasResults) results.item.selectFirst()
+            onActiveChanged: results.active = true
+            onResultsWanted: hasResults ? results.item.focusFirst() : createLink.focusLink()
         }
 
         NameStatus {
@@ -182,16 +183,16 @@ Rectangle {
                 onClicked: root.openEditor("", autocomplete.text)
             }
 
-            PatientsResults {
+            Loader {
                 id: results
 
+                active: false
                 anchors {
                     bottom: waitingLink.top
                     left: parent.left
                     right: parent.right
                     top: createLink.bottom
                 }
-                model: autocomplete.model
                 opacity: autocomplete.hasResults ? 1 : 0
                 visible: opacity > 0
 
@@ -202,7 +203,8 @@ Rectangle {
                     }
                 }
 
-                onSelected: root.openEditor(id, name)
+                onLoaded: item.selected.connect(root.openEditor)
+                Component.onCompleted: setSource("PatientsResults.qml", { model: autocomplete.model })
             }
 
             PatientsItem {
@@ -232,14 +234,13 @@ Rectangle {
             }
             visible: root.state === "open" || listPane.anchors.leftMargin < 0
 
-            sourceComponent: Detail {
-                externalGenderMale: nameBar.genderMale
-                externalName: nameBar.name
-                nameStatus: nameBar
-
-                onCanceled: root.leaveEditor()
-                onNeedRefresh: root.needRefresh()
+            onLoaded: {
+                item.externalGenderMale = Qt.binding(function () { return nameBar.genderMale; });
+                item.externalName = Qt.binding(function () { return nameBar.name; });
+                item.canceled.connect(root.leaveEditor);
+                item.needRefresh.connect(root.needRefresh);
             }
+            Component.onCompleted: setSource("Detail.qml", { nameStatus: nameBar })
         }
     }
 

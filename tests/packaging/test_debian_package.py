@@ -33,11 +33,12 @@ TREE = sorted([
 ])
 # Found by no tool: only the documents name the modules, and only the store's driver is loaded by name.
 DEPENDS = ["qml-module-qtquick2", "qml-module-qtquick-controls", "qml-module-qtquick-localstorage",
-           "libqt5sql5-sqlite", "fonts-liberation | fonts-liberation2"]
+           "qml-module-qtquick-window2", "libqt5sql5-sqlite", "fonts-liberation | fonts-liberation2"]
 # One for each import of the documents; what is imported without a module of its own comes with another.
 PACKAGE_OF_IMPORT = {"QtQuick": "qml-module-qtquick2", "QtQuick.Controls": "qml-module-qtquick-controls",
                      "QtQuick.Controls.Styles": "qml-module-qtquick-controls",
-                     "QtQuick.LocalStorage": "qml-module-qtquick-localstorage"}
+                     "QtQuick.LocalStorage": "qml-module-qtquick-localstorage",
+                     "QtQuick.Window": "qml-module-qtquick-window2"}
 
 
 class DebianPackage(unittest.TestCase):

@@ -1,10 +1,19 @@
 import QtQuick 2.2
+import QtQuick.Window 2.2
 
 Item {
     id: desk
 
     width: 820
     height: 670
+
+    Window {
+        id: hiddenWindow
+
+        height: 650
+        visible: false
+        width: 800
+    }
 
     ListTestCase {
         name: "ListPopup"
@@ -18,6 +27,21 @@ Item {
             compare(popup.number, 3);
             compare(names(popup), ["Abadie Luc", "DUPONT Marie", "martin Zoé"]);
             compare(popup.printModel.length, 3);
+        }
+
+        function test_what_comes_in_before_the_window_was_ever_open_is_there_when_it_opens() {
+            givenNames(["DUPONT Marie"]);
+            var unseen = createTemporaryObject(Qt.createComponent("qrc:/qml/ListPopup.qml"), hiddenWindow.contentItem);
+
+            Native.rows("INSERT INTO Patients (name, notification_date) VALUES ('NOUVEAU Luc', '2014-05-12')");
+            unseen.refresh();
+            compare(ofType(unseen, "PatientTable").length, 0);
+            compare(unseen.printModel.length, 2);
+
+            hiddenWindow.visible = true;
+            compare(names(unseen), ["DUPONT Marie", "NOUVEAU Luc"]);
+            hiddenWindow.visible = false;
+            compare(names(unseen), ["DUPONT Marie", "NOUVEAU Luc"]);
         }
 
         function test_the_other_tab_shows_all_patients_by_name() {

@@ -7,6 +7,7 @@ var states = {
     "cross hovered": { steps: [["hover", "control Fermer"]] }
 };
 
+var page = "child 6 of type PopupContainer";
 var pharmacovigilance = "parent of text Pharmacovigilance";
 var customers = "parent of text Service client";
 var sites = "parent of text Sites internet";
@@ -53,12 +54,12 @@ var rows = [
     ["shown", "control Fermer", "height", 16],
     ["shown", "control Fermer", "cursorShape", Qt.PointingHandCursor],
     ["cross hovered", "picture cross.png", "opacity", 0.66],
-    ["shown", "parent of text Contacts VESK", "left", 1],
-    ["shown", "parent of text Contacts VESK", "top", 42],
-    ["shown", "parent of text Contacts VESK", "width", 498],
-    ["shown", "parent of text Contacts VESK", "height", 403],
-    ["shown", "parent of text Contacts VESK", "color", "#f0f0f0"],
-    ["shown", "parent of text Contacts VESK", "clip", true],
+    ["shown", page, "left", 1],
+    ["shown", page, "top", 42],
+    ["shown", page, "width", 498],
+    ["shown", page, "height", 403],
+    ["shown", page, "color", "#f0f0f0"],
+    ["shown", page, "clip", true],
     ["shown", "text Contacts VESK", "top", 62],
     ["shown", "text Contacts VESK", "centreX", 250],
     ["shown", "text Contacts VESK", "font.bold", true],

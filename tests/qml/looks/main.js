@@ -28,7 +28,8 @@ var states = {
 
 var frame = "type Container";
 var content = "parent of type Autocomplete";
-var listPane = "parent of type PatientsResults";
+var listPane = "parent of parent of control Nouvelle fiche patient";
+var resultsPane = "parent of type PatientsResults";
 var contact = "control Contacts VESK";
 var list = "control Liste de tous les patients";
 var cross = "picture cross.png in control Fermer";
@@ -135,8 +136,8 @@ var rows = [
     ["nobody found", "type PatientsResults", "visible", false],
     ["creation link hovered", "first Rectangle in " + creation, "color", "#dfdfdf"],
     ["creation link hovered", "picture next.png in " + creation, "visible", true],
-    ["start", "type PatientsResults", "opacity", 0],
-    ["start", "type PatientsResults", "behavior", "number 500 InOutQuad"],
+    ["nobody found", resultsPane, "opacity", 0],
+    ["found", resultsPane, "behavior", "number 500 InOutQuad"],
     ["start", waitingLink, "height", 38],
     ["start", waitingLink, "left", 1],
     ["start", waitingLink, "width", 275],
@@ -153,7 +154,7 @@ var rows = [
     ["found", "", "height", 326],
     ["found", frame, "height", 326],
     ["found", content, "bottom", 321],
-    ["found", "type PatientsResults", "opacity", 1],
+    ["found", resultsPane, "opacity", 1],
     ["found", "type PatientsResults", "visible", true],
     ["found", "type PatientsResults", "left", 1],
     ["found", "type PatientsResults", "right", 276],
