@@ -10,6 +10,8 @@ namespace {
 
 constexpr char fontDpiVariable[] = "QT_FONT_DPI";
 constexpr char platformVariable[] = "QT_QPA_PLATFORM";
+constexpr char networkPollVariable[] = "QT_BEARER_POLL_TIMEOUT";
+constexpr char never[] = "2147483647"; // milliseconds: 24 days, the most that Qt takes
 constexpr qreal usualDpi = 96;
 constexpr qreal documentDpi = 72;
 
@@ -53,5 +55,11 @@ void prepareProcess()
     if (!qEnvironmentVariableIsSet(platformVariable)) {
         qputenv(platformVariable, "xcb;wayland");
         qAddPreRoutine(forgetPlatform);
+    }
+
+    // Qt looks every 10 s which network interfaces there are, for as long as a program lives that once used the network.
+    // It stays set, since a thread of Qt's reads it late; a program that we open hears of a new network from the system.
+    if (!qEnvironmentVariableIsSet(networkPollVariable)) {
+        qputenv(networkPollVariable, never);
     }
 }

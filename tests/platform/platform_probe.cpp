@@ -27,7 +27,8 @@ QJsonObject report()
     umask(mask);
     return {{"umask", static_cast<int>(mask)},
             {"QT_FONT_DPI", environment("QT_FONT_DPI")},
-            {"QT_QPA_PLATFORM", environment("QT_QPA_PLATFORM")}};
+            {"QT_QPA_PLATFORM", environment("QT_QPA_PLATFORM")},
+            {"QT_BEARER_POLL_TIMEOUT", environment("QT_BEARER_POLL_TIMEOUT")}};
 }
 
 void print(const QJsonObject &object)

@@ -20,6 +20,7 @@ private slots:
     void text_resolution_is_72_unless_the_user_chose_one();
     void x_comes_before_wayland_unless_the_user_chose_data();
     void x_comes_before_wayland_unless_the_user_chose();
+    void network_is_not_looked_at_every_10_s_unless_the_user_chose_so();
     void dialogs_keep_their_text_size();
     void a_chosen_resolution_leaves_the_font_alone();
     void programs_that_we_open_do_not_inherit_our_choices();
@@ -41,6 +42,7 @@ QJsonObject tst_PrepareProcess::run(const QString &program, const QStringList &a
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.remove("QT_FONT_DPI");
     environment.remove("QT_QPA_PLATFORM");
+    environment.remove("QT_BEARER_POLL_TIMEOUT");
     for (auto it = variables.cbegin(); it != variables.cend(); ++it)
         environment.insert(it.key(), it.value());
     QProcess process;
@@ -100,6 +102,13 @@ void tst_PrepareProcess::x_comes_before_wayland_unless_the_user_chose()
 {
     QFETCH(Variables, variables);
     QTEST(probe("prepare", variables)["QT_QPA_PLATFORM"].toString(), "platform");
+}
+
+void tst_PrepareProcess::network_is_not_looked_at_every_10_s_unless_the_user_chose_so()
+{
+    QCOMPARE(probe("prepare", {})["QT_BEARER_POLL_TIMEOUT"].toString(), QString("2147483647"));
+    QCOMPARE(probe("prepare", {{"QT_BEARER_POLL_TIMEOUT", "5000"}})["QT_BEARER_POLL_TIMEOUT"].toString(),
+             QString("5000"));
 }
 
 // 12 points is the font of a desktop that says nothing about fonts, as the offscreen platform does.
