@@ -168,7 +168,6 @@ class Trials:
         self._widget.process.wait(_SLOWEST_DEATH)
         status = self._widget.process.returncode
         self._widget.stop()
-        _forget_clock(self._widget.process.pid)
         if status != -9:
             raise Lost(f"the program ended by itself with {status}:\n{self._widget.log[-2000:]}")
         found = autopsy.examine(self._store, os.path.join(self._home.notes, "autopsy"))
@@ -240,11 +239,3 @@ class Trials:
         self._ledger.confirm()
         self._phase = "between"
         self.counts[f"confirmed {phase}"] += 1
-
-
-def _forget_clock(pid):
-    """Removes what the library of the moved clock leaves behind of a program that is killed."""
-    for name in (f"faketime_shm_{pid}", f"sem.faketime_sem_{pid}"):
-        path = os.path.join("/dev/shm", name)
-        if os.path.exists(path):
-            os.remove(path)
