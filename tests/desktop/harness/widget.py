@@ -6,14 +6,11 @@ import subprocess
 import time
 
 from . import clock as clock_of
-from . import processes, tree
+from . import processes, sanitizer, tree
 from .screen import LEFT, RIGHT
 from .waiting import PATIENCE_SECONDS, NeverHappened, wait_until
 
 MAIN_WIDTH, LIST_WIDTH, CONTACT_WIDTH = 275, 800, 500
-# For a build with the address sanitizer: windows and tray live until the process ends on purpose, and the library of
-# the moved clock has to be loaded before the sanitizer's.
-_SANITIZER = ":".join(filter(None, ["detect_leaks=0", "verify_asan_link_order=0", os.environ.get("ASAN_OPTIONS")]))
 # An animation moves by less than a pixel in its first 40 ms.
 _STILL_SECONDS = 0.12
 
@@ -29,7 +26,7 @@ class Widget:
         self._log_path = os.path.join(home.notes, "program.log")
         full = {**desktop.environment, **home.environment, **(environment or {}),
                 "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1", "QT_ASSUME_STDERR_HAS_CONSOLE": "1",
-                "QT_MESSAGE_PATTERN": "%{type}: %{message}", "ASAN_OPTIONS": _SANITIZER,
+                "QT_MESSAGE_PATTERN": "%{type}: %{message}", "ASAN_OPTIONS": sanitizer.OPTIONS,
                 **(clock_of.moved(clock, speed) if clock else {})}
         with open(self._log_path, "ab") as log:
             self.process = desktop.start([self.program, *arguments], full, stdin=subprocess.DEVNULL, stdout=log,

@@ -8,7 +8,7 @@ import subprocess
 import time
 import zoneinfo
 
-from harness import clock, processes
+from harness import clock, processes, sanitizer
 from harness.desktop import Desktop
 from harness.home import Home
 from harness.statistics import StatisticsService
@@ -99,10 +99,9 @@ class TrayYear:
         own = {"TZ": ZONE, "QT_PLUGIN_PATH": observer, "QT_QPA_GENERIC_PLUGINS": "tandryobserver",
                "TANDRY_OBSERVED": self._observed, "QT_ASSUME_STDERR_HAS_CONSOLE": "1",
                "QT_MESSAGE_PATTERN": "%{time yyyy-MM-ddTHH:mm:ss} %{type}: %{message}",
-               # The toolkit looks every ten seconds for networks that come and go: on this clock it would do little else.
-               "QT_BEARER_POLL_TIMEOUT": str(HOUR_SECONDS * 1000),
                # On a bus the clock would run out between a question and its answer, and the bus's library gives up then.
-               "DBUS_SESSION_BUS_ADDRESS": _NO_BUS, "DBUS_SYSTEM_BUS_ADDRESS": _NO_BUS}
+               "DBUS_SESSION_BUS_ADDRESS": _NO_BUS, "DBUS_SYSTEM_BUS_ADDRESS": _NO_BUS,
+               "ASAN_OPTIONS": sanitizer.OPTIONS}
         with open(self._log, "wb") as log:
             return self._desktop.start(
                 [program, "startup"], {**self._desktop.environment, **self._home.environment, **own, **moved},
