@@ -1,0 +1,47 @@
+// What the tests kill: does one thing again and again in the data folder that is its second argument, and writes the
+// number of each generation on standard output before it begins with it.
+
+#include "copyshelf.h"
+#include "exchange.h"
+#include "generation.h"
+
+#include <QCoreApplication>
+
+#include <cstdio>
+
+namespace {
+
+/// The store becomes the next generation at once, as a commit makes it.
+void writeStore(const StoreFiles &store, int number)
+{
+    Exchange exchange(store);
+    const QString folder = exchange.begin();
+    if (folder.isEmpty())
+        qFatal("The exchange does not begin");
+    generation::write(folder, number);
+    const QString reason = exchange.commit();
+    if (!reason.isEmpty())
+        qFatal("%s", qPrintable(reason));
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    const QCoreApplication application(argc, argv);
+    const QString what = application.arguments().value(1);
+    const StoreFiles store(application.arguments().value(2));
+    const int first = application.arguments().value(3).toInt();
+    CopyShelf shelf(store);
+    shelf.tidy();
+    for (int number = first;; ++number) {
+        printf("%d\n", number);
+        fflush(stdout);
+        writeStore(store, number);
+        const QDate start(2026, 1, 1);
+        if (what == "replace")
+            shelf.copyDay(start, true);
+        else if (what == "rotate")
+            shelf.copyDay(start.addDays(number), true);
+    }
+}

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "storefiles.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+/// The store's files as one generation of them: each says its number from its first block to its last, so that a mix or
+/// a half file shows. They are no real databases: what copies them reads no more than the header.
+namespace generation {
+
+inline QByteArray bytesOf(int number)
+{
+    return QByteArray("SQLite format 3\0", 16) + QByteArray::number(number).rightJustified(16, ' ').repeated(2000);
+}
+
+inline void writeFile(const QString &path, const QByteArray &bytes)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+        qFatal("%s cannot be written", qPrintable(path));
+}
+
+inline QByteArray readFile(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// Odd generations have a journal, too.
+inline void write(const QString &folder, int number)
+{
+    QDir().mkpath(folder);
+    writeFile(folder + '/' + StoreFiles::databaseName(), bytesOf(number));
+    writeFile(folder + '/' + StoreFiles::recordName(), "[General]\nVersion=1.3\nGeneration=" + QByteArray::number(number));
+    const QString journal = folder + '/' + StoreFiles::companionNames().first();
+    if (number % 2)
+        writeFile(journal, QByteArray::number(number));
+    else
+        QFile::remove(journal);
+}
+
+/// The number of the generation in the folder; 0 when the files do not belong together or one is not whole.
+inline int in(const QString &folder)
+{
+    const QByteArray database = readFile(folder + '/' + StoreFiles::databaseName());
+    const int number = database.right(16).trimmed().toInt();
+    const QByteArray record = readFile(folder + '/' + StoreFiles::recordName());
+    const QByteArray journal = readFile(folder + '/' + StoreFiles::companionNames().first());
+    const bool isWhole = database == bytesOf(number) && record.endsWith("\nGeneration=" + QByteArray::number(number))
+        && journal == (number % 2 ? QByteArray::number(number) : QByteArray());
+    return isWhole ? number : 0;
+}
+
+} // namespace generation
+
+/// A data folder of the test's own.
+struct DataFolder
+{
+    QTemporaryDir folder;
+    StoreFiles store{folder.filePath("data")};
+    void write(int number) const { generation::write(store.folder(), number); }
+    int copied(const QString &name) const { return generation::in(store.copiesFolder() + '/' + name); }
+};

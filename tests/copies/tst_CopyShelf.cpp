@@ -1,0 +1,313 @@
+#include "copyshelf.h"
+#include "generation.h"
+
+#include <QSqlDatabase>
+#include <QSqlQuery>
+#include <QtTest>
+
+#include <csignal>
+
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+const QDate today(2026, 11, 21);
+constexpr off_t sqliteReservedByte = 0x40000001;
+
+QStringList namesOf(const QVector<Copy> &copies)
+{
+    QStringList names;
+    for (const Copy &copy : copies)
+        names << copy.name();
+    return names;
+}
+
+QVector<Copy> daily(const QVector<QDate> &days)
+{
+    QVector<Copy> copies;
+    for (const QDate &day : days) {
+        Copy copy;
+        copy.day = day;
+        copies << copy;
+    }
+    return copies;
+}
+
+mode_t modeOf(const QString &path)
+{
+    struct stat found = {};
+    return ::stat(QFile::encodeName(path).constData(), &found) == 0 ? found.st_mode & 07777 : 0;
+}
+
+/// Whether another process finds SQLite's lock for writing on the file.
+bool isLockedForOthers(const QString &path)
+{
+    const pid_t child = ::fork();
+    if (child == 0) {
+        struct flock lock = {};
+        lock.l_type = F_WRLCK;
+        lock.l_whence = SEEK_SET;
+        lock.l_start = sqliteReservedByte;
+        lock.l_len = 1;
+        const int file = ::open(QFile::encodeName(path).constData(), O_RDWR);
+        ::_exit(::fcntl(file, F_GETLK, &lock) == 0 && lock.l_type != F_UNLCK ? 1 : 0);
+    }
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    return WIFEXITED(status) && WEXITSTATUS(status) == 1;
+}
+
+} // namespace
+
+class tst_CopyShelf : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void a_copy_holds_every_file_and_is_its_owners_alone();
+    void an_unchanged_store_is_not_copied_again();
+    void a_later_start_replaces_the_copy_of_the_day_and_a_new_day_does_not();
+    void a_copy_is_not_replaced_once_patients_were_thrown_away();
+    void a_copy_is_not_replaced_by_a_clock_that_went_back();
+    void what_is_about_to_go_is_kept_once_for_each_content();
+    void a_store_that_cannot_be_copied_leaves_no_trace_data();
+    void a_store_that_cannot_be_copied_leaves_no_trace();
+    void work_that_was_cut_short_is_finished_or_taken_back();
+    void copying_keeps_the_locks_of_sqlite();
+    void seven_days_five_weeks_and_twelve_months_are_kept();
+    void a_wrong_clock_costs_no_copy_data();
+    void a_wrong_clock_costs_no_copy();
+    void what_was_kept_for_a_reason_stays_twelve_months();
+};
+
+void tst_CopyShelf::a_copy_holds_every_file_and_is_its_owners_alone()
+{
+    const DataFolder data;
+    data.write(7);
+    CopyShelf shelf(data.store);
+    QCOMPARE(shelf.copyDay(today, true), QString());
+    QCOMPARE(data.copied("2026-11-21"), 7);
+    const QString folder = data.store.copiesFolder() + "/2026-11-21";
+    QCOMPARE(int(modeOf(data.store.copiesFolder())), 0700);
+    QCOMPARE(int(modeOf(folder)), 0700);
+    for (const QString &name : QDir(folder).entryList(QDir::Files))
+        QCOMPARE(int(modeOf(folder + '/' + name)), 0600);
+}
+
+void tst_CopyShelf::an_unchanged_store_is_not_copied_again()
+{
+    const DataFolder data;
+    data.write(2);
+    CopyShelf shelf(data.store);
+    QCOMPARE(shelf.copyDay(today, true), QString());
+    QCOMPARE(shelf.copyDay(today.addDays(1), true), QString());
+    QCOMPARE(namesOf(shelf.copies()), QStringList{"2026-11-21"});
+    // A change that leaves size and name as they are.
+    data.write(4);
+    QCOMPARE(shelf.copyDay(today.addDays(1), true), QString());
+    QCOMPARE(namesOf(shelf.copies()), QStringList({"2026-11-22", "2026-11-21"}));
+}
+
+void tst_CopyShelf::a_later_start_replaces_the_copy_of_the_day_and_a_new_day_does_not()
+{
+    const DataFolder data;
+    CopyShelf shelf(data.store);
+    data.write(1);
+    QCOMPARE(shelf.copyDay(today, true), QString());
+    data.write(2);
+    QCOMPARE(shelf.copyDay(today, false), QString());
+    QCOMPARE(data.copied("2026-11-21"), 1);
+    QCOMPARE(shelf.copyDay(today, true), QString());
+    QCOMPARE(data.copied("2026-11-21"), 2);
+    QCOMPARE(QDir(data.store.copiesFolder()).entryList(QDir::Hidden | QDir::Dirs | QDir::NoDotAndDotDot),
+             QStringList{"2026-11-21"});
+}
+
+void tst_CopyShelf::a_copy_is_not_replaced_once_patients_were_thrown_away()
+{
+    const DataFolder data;
+    CopyShelf shelf(data.store);
+    data.write(1);
+    QCOMPARE(shelf.copyDay(today, true), QString());
+    data.write(2);
+    QCOMPARE(shelf.keep(Copy::BeforeUpgrade, today), QString());
+    data.write(3);
+    QCOMPARE(shelf.copyDay(today, true), QString());
+    QCOMPARE(data.copied("2026-11-21"), 1);
+    QCOMPARE(data.copied("2026-11-21-before-upgrade"), 2);
+}
+
+void tst_CopyShelf::a_copy_is_not_replaced_by_a_clock_that_went_back()
+{
+    const DataFolder data;
+    CopyShelf shelf(data.store);
+    for (int day = 0; day < 3; ++day) {
+        data.write(day + 1);
+        QCOMPARE(shelf.copyDay(today.addDays(day), true), QString());
+    }
+    data.write(9);
+    QCOMPARE(shelf.copyDay(today, true), QString());
+    QCOMPARE(data.copied("2026-11-21"), 1);
+    QCOMPARE(shelf.copies().size(), 3);
+}
+
+void tst_CopyShelf::what_is_about_to_go_is_kept_once_for_each_content()
+{
+    const DataFolder data;
+    CopyShelf shelf(data.store);
+    for (const int number : {1, 1, 2, 1}) {
+        data.write(number);
+        QCOMPARE(shelf.keep(Copy::BeforeUpgrade, today), QString());
+    }
+    QCOMPARE(data.copied("2026-11-21-before-upgrade"), 1);
+    QCOMPARE(data.copied("2026-11-21-before-upgrade-2"), 2);
+    QCOMPARE(shelf.copies().size(), 2);
+}
+
+void tst_CopyShelf::a_store_that_cannot_be_copied_leaves_no_trace_data()
+{
+    QTest::addColumn<QByteArray>("database");
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("not a database") << QByteArray("something else") << "the file is not a database";
+    QTest::newRow("too large for the disk") << generation::bytesOf(4) << QString(strerror(EFBIG));
+    QTest::newRow("huge") << QByteArray() << "the database is larger than 256 MiB";
+}
+
+void tst_CopyShelf::a_store_that_cannot_be_copied_leaves_no_trace()
+{
+    QFETCH(QByteArray, database);
+    const DataFolder data;
+    CopyShelf shelf(data.store);
+    data.write(2);
+    QCOMPARE(shelf.copyDay(today, true), QString());
+    QFile file(data.store.database());
+    QVERIFY(file.open(QIODevice::ReadWrite));
+    if (database.isEmpty())
+        QVERIFY(file.resize(300LL * 1024 * 1024)); // a hole, which takes no room
+    else
+        QVERIFY(file.write(database) == database.size() && file.resize(database.size()));
+    file.close();
+
+    // The limit stands for a full disk, for root too.
+    ::signal(SIGXFSZ, SIG_IGN);
+    rlimit before = {};
+    QCOMPARE(::getrlimit(RLIMIT_FSIZE, &before), 0);
+    const rlimit small = {10000, before.rlim_max};
+    QCOMPARE(::setrlimit(RLIMIT_FSIZE, &small), 0);
+    const QString reason = shelf.copyDay(today.addDays(1), true);
+    QCOMPARE(::setrlimit(RLIMIT_FSIZE, &before), 0);
+
+    QTEST(reason, "reason");
+    QCOMPARE(QDir(data.store.copiesFolder()).entryList(QDir::Hidden | QDir::Dirs | QDir::NoDotAndDotDot),
+             QStringList{"2026-11-21"});
+    QCOMPARE(data.copied("2026-11-21"), 2);
+}
+
+void tst_CopyShelf::work_that_was_cut_short_is_finished_or_taken_back()
+{
+    const DataFolder data;
+    const QString folder = data.store.copiesFolder() + '/';
+    generation::write(folder + ".new-17", 1);
+    generation::write(folder + ".gone", 2);
+    generation::write(folder + ".old-2026-11-20", 3); // nothing has taken its place
+    generation::write(folder + ".old-2026-11-21", 4);
+    generation::write(folder + "2026-11-21", 5);
+    CopyShelf shelf(data.store);
+    QCOMPARE(namesOf(shelf.copies()), QStringList{"2026-11-21"});
+    shelf.tidy();
+    QCOMPARE(QDir(folder).entryList(QDir::Hidden | QDir::Dirs | QDir::NoDotAndDotDot),
+             QStringList({"2026-11-20", "2026-11-21"}));
+    QCOMPARE(data.copied("2026-11-20"), 3);
+    QCOMPARE(data.copied("2026-11-21"), 5);
+}
+
+void tst_CopyShelf::copying_keeps_the_locks_of_sqlite()
+{
+    const DataFolder data;
+    QDir().mkpath(data.store.folder());
+    QSqlDatabase database = QSqlDatabase::addDatabase("QSQLITE");
+    database.setDatabaseName(data.store.database());
+    QVERIFY(database.open());
+    QSqlQuery query;
+    QVERIFY(query.exec("CREATE TABLE Patients (name TEXT)"));
+    QVERIFY(query.exec("BEGIN IMMEDIATE"));
+    QVERIFY(isLockedForOthers(data.store.database()));
+    {
+        CopyShelf shelf(data.store);
+        QCOMPARE(shelf.copyDay(today, true), QString());
+        QCOMPARE(shelf.copyDay(today.addDays(1), true), QString());
+    }
+    QVERIFY(isLockedForOthers(data.store.database()));
+    QVERIFY(query.exec("COMMIT"));
+    QVERIFY(!isLockedForOthers(data.store.database()));
+}
+
+void tst_CopyShelf::seven_days_five_weeks_and_twelve_months_are_kept()
+{
+    // Every day of two years, each with a copy, as the program would have left them.
+    QVector<Copy> left;
+    for (QDate day(2024, 11, 22); day <= today; day = day.addDays(1)) {
+        left = daily({day}) + left;
+        for (const Copy &copy : CopyShelf::superfluous(left, day)) {
+            left.erase(std::remove_if(left.begin(), left.end(),
+                                      [&](const Copy &other) { return other.name() == copy.name(); }),
+                       left.end());
+        }
+    }
+    QCOMPARE(namesOf(left),
+             QStringList({"2026-11-21", "2026-11-20", "2026-11-19", "2026-11-18", "2026-11-17", "2026-11-16",
+                          "2026-11-15", "2026-11-14", "2026-11-08", "2026-11-01", "2026-10-31", "2026-10-25",
+                          "2026-09-30", "2026-08-31", "2026-07-31", "2026-06-30", "2026-05-31", "2026-04-30",
+                          "2026-03-31", "2026-02-28", "2026-01-31", "2025-12-31"}));
+}
+
+void tst_CopyShelf::a_wrong_clock_costs_no_copy_data()
+{
+    QTest::addColumn<QDate>("wrong");
+    QTest::newRow("years ahead") << QDate(2035, 1, 1);
+    QTest::newRow("a week ahead") << today.addDays(7);
+    QTest::newRow("a week back") << today.addDays(-7);
+    QTest::newRow("years back") << QDate(2011, 1, 1);
+}
+
+void tst_CopyShelf::a_wrong_clock_costs_no_copy()
+{
+    QFETCH(QDate, wrong);
+    // All that has to be there on `today`.
+    QVector<Copy> copies;
+    for (int day = 0; day < 7; ++day)
+        copies += daily({today.addDays(-day)});
+    copies += daily({{2026, 11, 8}, {2026, 11, 1}, {2026, 10, 31}, {2026, 10, 25}, {2026, 9, 30}, {2026, 8, 31},
+                     {2026, 7, 31}, {2026, 6, 30}, {2026, 5, 31}, {2026, 4, 30}, {2026, 3, 31}, {2026, 2, 28},
+                     {2026, 1, 31}, {2025, 12, 31}});
+    QCOMPARE(namesOf(CopyShelf::superfluous(copies, today)), QStringList());
+
+    copies += daily({wrong});
+    std::sort(copies.begin(), copies.end(), [](const Copy &one, const Copy &other) { return one.day > other.day; });
+    QCOMPARE(namesOf(CopyShelf::superfluous(copies, wrong)), QStringList());
+    // And once it is right again: only the one that it made may go.
+    for (const QString &name : namesOf(CopyShelf::superfluous(copies, today)))
+        QCOMPARE(name, wrong.toString(Qt::ISODate));
+}
+
+void tst_CopyShelf::what_was_kept_for_a_reason_stays_twelve_months()
+{
+    Copy kept;
+    kept.day = QDate(2025, 11, 15);
+    kept.kind = Copy::BeforeUpgrade;
+    QVector<Copy> copies;
+    for (int month = 0; month < 12; ++month)
+        copies += daily({today.addMonths(-month)});
+    QCOMPARE(namesOf(CopyShelf::superfluous(copies + QVector<Copy>{kept}, today)), QStringList());
+    copies = daily({today.addMonths(1)}) + copies;
+    QCOMPARE(namesOf(CopyShelf::superfluous(copies + QVector<Copy>{kept}, today.addMonths(1))),
+             QStringList{"2025-11-15-before-upgrade"});
+}
+
+QTEST_GUILESS_MAIN(tst_CopyShelf)
+
+#include "tst_CopyShelf.moc"
