@@ -4,6 +4,7 @@
 #include "cocoainitializer.h"
 #include "draggablequickview.h"
 #include "macupdatechecker.h"
+#include "patientcopies.h"
 #include "prepareprocess.h"
 
 #include <QStringList>
@@ -28,6 +29,10 @@ int main(int argc, char *argv[])
 
     const QStringList arguments = application.arguments();
     const bool startedAtLogin = arguments.size() > 1 && arguments.at(1) == QLatin1String("startup");
+
+    // Before the documents open the store, which throws away the patients of an older version.
+    PatientCopies copies(StoreFiles::ofApplication());
+    copies.begin();
 
     WidgetService service(nullptr);
     if (!startedAtLogin) {

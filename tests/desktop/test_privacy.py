@@ -1,4 +1,4 @@
-"""What is known of a patient stands in the database, in the windows and on the paper asked for; nowhere else."""
+"""What is known of a patient stands in the database, its copies, the windows and on the paper asked for; nowhere else."""
 
 import os
 import re
@@ -166,8 +166,9 @@ class Privacy(DesktopTest):
         other.close()
 
     def assertNothingIsLeft(self):
-        """The marks stand in the database, where this search finds them, and in no other place."""
-        self.assertEqual(traces.in_files(MARKS, self.home.folder), [self.store.file])
+        """The marks stand in the database and its copies, where this search finds them, and in no other place."""
+        self.assertEqual(sorted(traces.in_files(MARKS, self.home.folder)),
+                         sorted([self.store.file] + self.store.copied_files()))
         self.assertEqual(traces.in_files(MARKS, self.home.notes), [])
         self.assertEqual(traces.in_files(MARKS, self.desktop.folder), [])
         with open(self.store.file, "rb") as file:

@@ -21,6 +21,7 @@ class Store:
         self.folder = os.path.join(data, program, "QML", "OfflineStorage", "Databases")
         self.file = os.path.join(self.folder, _NAME + ".sqlite")
         self._record = os.path.join(self.folder, _NAME + ".ini")
+        self.copies_folder = os.path.join(data, program, "copies")
 
     def seed(self, *patients, version="1.3"):
         """Creates the database with these patients, each a dictionary of columns, at a recorded version."""
@@ -58,6 +59,19 @@ class Store:
             return self._query("SELECT * FROM `Patients` ORDER BY id")
         except sqlite3.OperationalError:
             return []
+
+    def copies(self):
+        """The names of the copies, in their order."""
+        return sorted(os.listdir(self.copies_folder)) if os.path.isdir(self.copies_folder) else []
+
+    def copied_files(self):
+        """The databases of all copies."""
+        return [os.path.join(self.copies_folder, name, _NAME + ".sqlite") for name in self.copies()]
+
+    def copied_names(self, copy):
+        """The names of the patients in a copy."""
+        with sqlite3.connect(os.path.join(self.copies_folder, copy, _NAME + ".sqlite")) as database:
+            return [name for name, in database.execute("SELECT name FROM `Patients` ORDER BY id")]
 
     def patient(self, name):
         """The one row with this name, or None."""

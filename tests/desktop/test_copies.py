@@ -1,0 +1,52 @@
+"""The patients are copied before the documents open them, and on each new day."""
+
+import os
+
+from harness import isolation
+from harness.case import DesktopTest, main
+from harness.waiting import wait_equal, wait_until
+
+DAY = "2026-11-21"
+
+
+class Copies(DesktopTest):
+
+    def test_patients_of_an_older_version_are_copied_before_they_go(self):
+        self.store.seed({"name": "Dupont"}, {"name": "Martin"}, version="1.2")
+        self.start_ready(clock=f"{DAY} 10:00:00")
+        wait_equal(self.store.version, "1.3", "the version is raised")
+        self.assertEqual(self.store.patients(), [])
+        self.assertEqual(self.store.copies(), [f"{DAY}-before-upgrade"])
+        self.assertEqual(self.store.copied_names(f"{DAY}-before-upgrade"), ["Dupont", "Martin"])
+
+    def test_each_run_copies_what_the_last_one_left(self):
+        widget = self.start_ready(clock=f"{DAY} 10:00:00")
+        self.assertEqual(self.store.copies(), [])
+        widget.create("DUPONT Marie")
+        widget = self.restart(widget, clock=f"{DAY} 11:00:00")
+        self.assertEqual(self.store.copied_names(DAY), ["DUPONT Marie"])
+        widget.create("MARTIN Paul")
+        # The clock is set back: neither the copy of the later day goes nor is one of the earlier day left out.
+        widget = self.restart(widget, clock="2026-11-19 10:00:00")
+        self.assertEqual(self.store.copied_names(DAY), ["DUPONT Marie"])
+        self.assertEqual(self.store.copied_names("2026-11-19"), ["DUPONT Marie", "MARTIN Paul"])
+
+
+class CopiesOnAFullDisk(DesktopTest):
+    complains = True
+
+    def test_the_program_starts_and_works(self):
+        self.store.seed({"name": "Dupont"})
+        os.mkdir(self.store.copies_folder, mode=0o700)
+        isolation.small_disk(self.store.copies_folder, 65536)
+        self.addCleanup(isolation.release_disk, self.store.copies_folder)
+        isolation.fill_disk(self.store.copies_folder)
+        widget = self.start_ready(clock=f"{DAY} 10:00:00")
+        wait_until(lambda: "The patients are not copied today: No space left on device" in widget.log, "the log says so")
+        widget.create("Martin")
+        self.assertEqual([row["name"] for row in self.store.patients()], ["Dupont", "Martin"])
+        self.assertEqual(self.store.copies(), ["ballast"])
+
+
+if __name__ == "__main__":
+    main()
