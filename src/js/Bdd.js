@@ -1,73 +1,25 @@
 // The patient store. Each document that imports this script has its own instance; all of them open the same database.
-.import QtQuick.LocalStorage 2.0 as Storage
+.import "Storage.js" as Storage
 
-var database = null;
 var opened = false;
 
-/// Opens the database once for this instance and brings its schema to "1.3"; then, at every call, calls callback().
-/// Throws when the database cannot be opened or its table not created.
+/// The sixteen columns, `created_format` and `waiting`.
+var recordKeys = 18;
+
+/// Opens the database for this instance; then, at every call, calls callback(). Throws when the database cannot be
+/// opened; the next operation tries again.
 function init(callback) {
-    if (!opened) {
-        opened = true;
-        database = Storage.LocalStorage.openDatabaseSync("Tandry", "", "Tandry widget storage", 500000);
-        limitWaiting();
-        migrate();
-        createTable();
-    }
+    opened = true;
+    Storage.open();
     if (callback) {
         callback();
     }
 }
 
-/// A file held by another process makes every statement wait; a second each keeps the window alive.
-function limitWaiting() {
-    database.transaction(function (tx) {
-        tx.executeSql("PRAGMA busy_timeout = 1000");
-    });
-}
-
-function migrate() {
-    var version = database.version;
-
-    if (version === "1.0" || version === "1.1" || version === "1.2") {
-        // Intended: patients of an older schema are thrown away, none of them can be converted.
-        startOver(version, "DROP TABLE `Patients`");
-    } else if (version === "") {
-        startOver("", "DROP TABLE IF EXISTS `Patients`");
-    }
-}
-
-/// Changes the version to the current one. When the statement fails the transaction is ended here: the module, which
-/// would record the new version all the same, then fails to commit and leaves the old one to the next start.
-function startOver(version, statement) {
-    database.changeVersion(version, "1.3", function (tx) {
-        try {
-            tx.executeSql(statement);
-        } catch (error) {
-            rollBack(tx);
-            throw error;
-        }
-    });
-}
-
-function createTable() {
-    database.transaction(function (tx) {
-        tx.executeSql("CREATE TABLE IF NOT EXISTS `Patients`(`id` INTEGER PRIMARY KEY AUTOINCREMENT,"
-                      + "`genderMale` tinyint(1) NOT NULL DEFAULT \"0\",`name` TEXT COLLATE NOCASE NOT NULL,"
-                      + "`phone` TEXT DEFAULT \"\",`created` date,"
-                      + "`test` tinyint(1) DEFAULT 0,`test_date` date DEFAULT \"\","
-                      + "`rdv1` tinyint(1) DEFAULT 0,`date1` date DEFAULT \"\","
-                      + "`confirmation` tinyint(1) DEFAULT 0,`confirmation_date` date DEFAULT \"\","
-                      + "`rdv2` tinyint(1) DEFAULT 0,`date2` date DEFAULT \"\","
-                      + "`rdv3` tinyint(1) DEFAULT 0,`date3` date DEFAULT \"\","
-                      + "`notification_date` date DEFAULT \"\")");
-    });
-}
-
-/// Runs one reading statement after another and hands each result to its taker, all in one transaction.
+/// Runs work(tx), which reads, in one transaction.
 function read(work) {
     if (opened) {
-        database.transaction(work);
+        Storage.open().transaction(work);
     }
 }
 
@@ -76,14 +28,14 @@ function read(work) {
 /// The commit is made here and not left to the storage module: the module rolls back neither on an exception nor tells
 /// of a commit that fails (another process reads the file, the disk is full), and the answer would be lost in silence.
 function write(statement, values, done) {
-    database.transaction(function (tx) {
+    Storage.open().transaction(function (tx) {
         var result;
 
         try {
             result = tx.executeSql(statement, values.map(bindable));
             tx.executeSql("COMMIT");
         } catch (error) {
-            rollBack(tx);
+            Storage.rollBack(tx);
             throw error;
         }
         if (done) {
@@ -95,15 +47,6 @@ function write(statement, values, done) {
 /// The module binds an empty text as NULL, which the name must not be; only one that was cut from another stays a text.
 function bindable(value) {
     return value === "" ? " ".slice(1) : value;
-}
-
-function rollBack(tx) {
-    try {
-        tx.executeSql("ROLLBACK");
-    } catch (error) {
-        // SQLite has already rolled back by itself (a full disk, for one): nothing is left to undo.
-        console.debug(error.message);
-    }
 }
 
 /// The head shared by every read of patient records.
@@ -118,19 +61,6 @@ function waitingCondition() {
     return " WHERE notification_date <= date(\"now\") AND notification_date != \"\"";
 }
 
-/// All rows of a result as an array of convert(row), or of the rows themselves.
-function toArray(result, convert) {
-    var rows = result.rows;
-    var count = rows.length;
-    var list = [];
-    var i;
-
-    for (i = 0; i < count; ++i) {
-        list.push(convert ? convert(rows.item(i)) : rows.item(i));
-    }
-    return list;
-}
-
 /// With a filter: callback({startsWith, contains}), both arrays of records in name order. "%" and "_" in the filter are
 /// wildcards. Without: callback(array of all records in name order).
 function select(filter, callback) {
@@ -140,14 +70,12 @@ function select(filter, callback) {
 
         if (filter) {
             found = {
-                startsWith: toArray(tx.executeSql(head + " WHERE `name` LIKE ? ORDER BY name", [filter + "%"]),
-                                    toRecord),
-                contains: toArray(tx.executeSql(head + " WHERE `name` LIKE ? AND `name` NOT LIKE ? ORDER BY name",
-                                                ["%" + filter + "%", filter + "%"]),
-                                  toRecord)
+                startsWith: toRecords(tx.executeSql(head + " WHERE `name` LIKE ? ORDER BY name", [filter + "%"])),
+                contains: toRecords(tx.executeSql(head + " WHERE `name` LIKE ? AND `name` NOT LIKE ? ORDER BY name",
+                                                  ["%" + filter + "%", filter + "%"]))
             };
         } else {
-            found = toArray(tx.executeSql(head + " ORDER BY name"), toRecord);
+            found = toRecords(tx.executeSql(head + " ORDER BY name"));
         }
         callback(found);
     });
@@ -156,7 +84,7 @@ function select(filter, callback) {
 /// callback(record) for the row of that id; no callback when there is none.
 function get(id, callback) {
     read(function (tx) {
-        var records = toArray(tx.executeSql(recordHead() + " WHERE `id` = ?", [id]), toRecord);
+        var records = toRecords(tx.executeSql(recordHead() + " WHERE `id` = ?", [id]));
 
         if (records.length > 0) {
             callback(records[0]);
@@ -248,7 +176,7 @@ function getNumber(callback) {
 
 function readCount(statement, callback) {
     read(function (tx) {
-        var rows = toArray(tx.executeSql(statement));
+        var rows = Storage.toArray(tx.executeSql(statement));
 
         if (rows.length === 1) {
             callback(rows[0]);
@@ -260,15 +188,20 @@ function readCount(statement, callback) {
 /// `waiting`, since all of them are.
 function selectWaiting(callback) {
     read(function (tx) {
-        callback(toArray(tx.executeSql("SELECT *, strftime(\"%d/%m/%Y\", created) AS created_format FROM `Patients`"
-                                       + waitingCondition() + " ORDER BY name")));
+        callback(Storage.toArray(tx.executeSql("SELECT *, strftime(\"%d/%m/%Y\", created) AS created_format "
+                                               + "FROM `Patients`" + waitingCondition() + " ORDER BY name")));
     });
 }
 
-/// The record of a row that nobody else holds. Most rows have no NULL, and copying each of them property by property
-/// took a third of the time of a list.
-function toRecord(row) {
-    return hasNull(row) ? removeNullValues(row) : row;
+/// The records of a result. Most rows have no NULL, and copying each of them property by property took a third of the
+/// time of a list; a database of a later version may have a NULL in columns that are not known here.
+function toRecords(result) {
+    var rows = Storage.toArray(result);
+    var known = rows.length > 0 && Object.keys(rows[0]).length === recordKeys;
+
+    return rows.map(function (row) {
+        return known && !hasNull(row) ? row : removeNullValues(row);
+    });
 }
 
 /// `id`, `genderMale` and `name` are never NULL; `created` and `waiting` only beside a NULL that is asked for here.

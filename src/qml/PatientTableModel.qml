@@ -27,8 +27,8 @@ ListModel {
             rdv3: patient.rdv3 || 0,
             date3: patient.date3 || "",
             notification_date: patient.notification_date || "",
-            // Rows of the waiting tab do not say it: all of them are.
-            waiting: patient.waiting === 0 ? 0 : 1,
+            // Rows of the waiting tab have no such value: all of them wait.
+            waiting: patient.waiting === undefined ? 1 : patient.waiting || 0,
             checked: patient.checked
         };
     }

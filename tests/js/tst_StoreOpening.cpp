@@ -41,6 +41,12 @@ private slots:
     void table_of_an_older_schema_is_replaced();
     void second_document_keeps_what_the_first_one_migrated();
     void second_start_keeps_the_patients();
+    void loss_of_patients_is_logged_before_it();
+    void migration_cut_short_is_finished_by_the_next_start_data();
+    void migration_cut_short_is_finished_by_the_next_start();
+    void record_lost_while_running_costs_no_patient_data();
+    void record_lost_while_running_costs_no_patient();
+    void folder_moved_away_is_not_made_anew_by_a_later_document();
 
     void callback_of_init_comes_each_time_after_the_table_exists();
     void init_does_without_a_callback();
@@ -202,6 +208,70 @@ void tst_StoreOpening::second_start_keeps_the_patients()
     StoreDocument store(&engine);
     store.perform("init");
     QCOMPARE(listed(store.perform("select", {""}).answer()), QString("Dupont"));
+}
+
+void tst_StoreOpening::loss_of_patients_is_logged_before_it()
+{
+    const PatientFile file;
+    leaveInstallation(file, "1.2");
+    PatientEngine engine(file);
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression("version \"1.2\": its patients are dropped, in number 1\\.$"));
+    StoreDocument(&engine).perform("init");
+}
+
+void tst_StoreOpening::migration_cut_short_is_finished_by_the_next_start_data()
+{
+    QTest::addColumn<QString>("version");
+    for (const char *version : {"1.0", "1.1", "1.2", "", "1.3"})
+        QTest::newRow(version) << version;
+}
+
+void tst_StoreOpening::migration_cut_short_is_finished_by_the_next_start()
+{
+    QFETCH(QString, version);
+    const PatientFile file;
+    leaveInstallation(file, version);
+    file.run({"DROP TABLE Patients"});
+    PatientEngine engine(file);
+    StoreDocument store(&engine);
+    QCOMPARE(store.perform("init").thrown, QString());
+    QCOMPARE(file.recorded("Version"), QString("1.3"));
+    QCOMPARE(store.insertNamed("Durand"), 1);
+}
+
+void tst_StoreOpening::record_lost_while_running_costs_no_patient_data()
+{
+    QTest::addColumn<bool>("emptied");
+    QTest::newRow("removed") << false;
+    QTest::newRow("emptied") << true;
+}
+
+void tst_StoreOpening::record_lost_while_running_costs_no_patient()
+{
+    QFETCH(bool, emptied);
+    Practice practice;
+    practice.store.insertNamed("Dupont");
+    QVERIFY(QFile::remove(practice.file.recordPath()));
+    if (emptied)
+        QVERIFY(QFile(practice.file.recordPath()).open(QIODevice::WriteOnly));
+    PatientEngine secondWindow(practice.file);
+    StoreDocument laterDocument(&practice.engine);
+    StoreDocument laterWindow(&secondWindow);
+    for (StoreDocument *later : {&laterDocument, &laterWindow}) {
+        QCOMPARE(later->perform("init").thrown, QString());
+        QCOMPARE(listed(later->perform("select", {""}).answer()), QString("Dupont"));
+    }
+}
+
+void tst_StoreOpening::folder_moved_away_is_not_made_anew_by_a_later_document()
+{
+    Practice practice;
+    const QString folder = practice.file.folder();
+    QVERIFY(QDir().rename(folder, folder + ".away"));
+    StoreDocument later(&practice.engine);
+    later.perform("init");
+    QVERIFY(!QFileInfo::exists(folder));
+    QVERIFY(QDir().rename(folder + ".away", folder));
 }
 
 void tst_StoreOpening::callback_of_init_comes_each_time_after_the_table_exists()

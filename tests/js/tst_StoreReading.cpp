@@ -101,6 +101,7 @@ private slots:
     void reminder_of_2050_waits_only_from_that_day_on();
     void counts_come_as_a_row_with_count();
     void waiting_rows_are_raw_and_in_name_order();
+    void columns_of_a_later_version_have_empty_texts_for_nulls();
     void waiting_rows_keep_their_nulls();
     void nobody_waiting_is_an_empty_list();
 };
@@ -356,6 +357,14 @@ void tst_StoreReading::waiting_rows_are_raw_and_in_name_order()
     const QJsonArray rows = practice.store.perform("selectWaiting").answer().toArray();
     QCOMPARE(listed(rows), QString("adu, DUPONT Marie, Zoé"));
     QCOMPARE(rows.at(1).toObject(), completeRow);
+}
+
+void tst_StoreReading::columns_of_a_later_version_have_empty_texts_for_nulls()
+{
+    Practice practice;
+    practice.store.insertNamed("Dupont");
+    practice.file.run({"ALTER TABLE Patients ADD COLUMN later TEXT"});
+    QCOMPARE(practice.store.get(1)["later"], QJsonValue(""));
 }
 
 void tst_StoreReading::waiting_rows_keep_their_nulls()

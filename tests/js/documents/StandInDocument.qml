@@ -5,6 +5,7 @@ import QtQuick.LocalStorage 2.0
 QtObject {
     property string version: "1.3"
     property string failing
+    property var nextVersion
     property var rows: []
 
     /// The journal since it was last taken.
@@ -16,6 +17,7 @@ QtObject {
     }
 
     onVersionChanged: LocalStorage.version = version
+    onNextVersionChanged: LocalStorage.nextVersion = nextVersion
     onFailingChanged: LocalStorage.failing = failing
     onRowsChanged: LocalStorage.rows = rows
 }

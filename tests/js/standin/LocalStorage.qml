@@ -6,7 +6,10 @@ QtObject {
     id: root
 
     property var journal: []
+    property int openings: 0
     property string version: "1.3"
+    /// The version that later openings find; undefined for the same.
+    property var nextVersion
     property var rows: []
     /// A statement that begins with this text fails, when there is a text; "open" is for the opening.
     property string failing
@@ -21,7 +24,7 @@ QtObject {
             throw new Error("refused");
         }
         return {
-            version: root.version,
+            version: openings++ > 0 && nextVersion !== undefined ? nextVersion : root.version,
             transaction: function (work) {
                 root.perform("transaction", work);
             },

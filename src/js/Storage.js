@@ -1,0 +1,135 @@
+.pragma library
+.import QtQuick.LocalStorage 2.0 as Sql
+
+// Opens the database, once for each window: all store instances of a window use what the first of them opened.
+
+var database = null;
+
+/// The open database with its table at schema version "1.3". Throws when it cannot be opened, or its table not made;
+/// the next call tries again.
+function open() {
+    var opened;
+
+    if (database === null) {
+        opened = openFile();
+        limitWaiting(opened);
+        if (!isPrepared(opened)) {
+            migrate(opened);
+            createTable(opened);
+            markPrepared(opened);
+        }
+        database = opened;
+    }
+    return database;
+}
+
+function openFile() {
+    return Sql.LocalStorage.openDatabaseSync("Tandry", "", "Tandry widget storage", 500000);
+}
+
+/// A file held by another process makes every statement wait; a second each keeps the window alive.
+function limitWaiting(database) {
+    run(database, "PRAGMA busy_timeout = 1000");
+}
+
+/// Whether a window of this process has brought the database up to date. All windows share one connection, and its
+/// temporary schema, which goes with the process, holds the mark. Without it a version record that is lost while the
+/// program runs would cost all patients as soon as the next window opened.
+function isPrepared(database) {
+    return run(database, "PRAGMA temp.user_version").some(function (row) {
+        return row.user_version === 1;
+    });
+}
+
+function markPrepared(database) {
+    run(database, "PRAGMA temp.user_version = 1");
+}
+
+function migrate(database) {
+    var version = database.version;
+
+    if (version === "1.0" || version === "1.1" || version === "1.2") {
+        // A migration that was cut short may have dropped the table already, and then there is nothing to drop.
+        if (!hasTable(database)) {
+            createTable(database);
+        }
+        // Intended: patients of an older schema are thrown away, none of them can be converted.
+        startOver(database, version, "DROP TABLE `Patients`");
+    } else if (version === "") {
+        startOver(database, "", "DROP TABLE IF EXISTS `Patients`");
+    }
+}
+
+/// Changes the version to the current one. When the statement fails the transaction is ended here: the module, which
+/// would record the new version all the same, then fails to commit and leaves the old one to the next start.
+function startOver(database, version, statement) {
+    warnOfLoss(database, version);
+    database.changeVersion(version, "1.3", function (tx) {
+        try {
+            tx.executeSql(statement);
+            // The statement now holds the file. A copy of the program that was started at the same moment may have
+            // recorded the new version since, and have stored a patient.
+            if (openFile().version !== version) {
+                rollBack(tx);
+            }
+        } catch (error) {
+            rollBack(tx);
+            throw error;
+        }
+    });
+}
+
+function warnOfLoss(database, version) {
+    if (hasTable(database)) {
+        console.warn("Database of version \"" + version + "\": its patients are dropped, in number "
+                     + run(database, "SELECT COUNT(*) AS count FROM `Patients`")[0].count + ".");
+    }
+}
+
+function hasTable(database) {
+    return run(database, "SELECT name FROM sqlite_master WHERE type = 'table' AND name = 'Patients'").length > 0;
+}
+
+function createTable(database) {
+    run(database, "CREATE TABLE IF NOT EXISTS `Patients`(`id` INTEGER PRIMARY KEY AUTOINCREMENT,"
+                  + "`genderMale` tinyint(1) NOT NULL DEFAULT \"0\",`name` TEXT COLLATE NOCASE NOT NULL,"
+                  + "`phone` TEXT DEFAULT \"\",`created` date,"
+                  + "`test` tinyint(1) DEFAULT 0,`test_date` date DEFAULT \"\","
+                  + "`rdv1` tinyint(1) DEFAULT 0,`date1` date DEFAULT \"\","
+                  + "`confirmation` tinyint(1) DEFAULT 0,`confirmation_date` date DEFAULT \"\","
+                  + "`rdv2` tinyint(1) DEFAULT 0,`date2` date DEFAULT \"\","
+                  + "`rdv3` tinyint(1) DEFAULT 0,`date3` date DEFAULT \"\","
+                  + "`notification_date` date DEFAULT \"\")");
+}
+
+/// Runs one statement in a transaction of its own; its rows.
+function run(database, statement) {
+    var rows = [];
+
+    database.transaction(function (tx) {
+        rows = toArray(tx.executeSql(statement));
+    });
+    return rows;
+}
+
+/// All rows of a result. `length` is read once: a result that is not read to its end keeps a lock.
+function toArray(result) {
+    var rows = result.rows;
+    var count = rows.length;
+    var list = [];
+    var i;
+
+    for (i = 0; i < count; ++i) {
+        list.push(rows.item(i));
+    }
+    return list;
+}
+
+function rollBack(tx) {
+    try {
+        tx.executeSql("ROLLBACK");
+    } catch (error) {
+        // SQLite has already rolled back by itself (a full disk, for one): nothing is left to undo.
+        console.debug(error.message);
+    }
+}
