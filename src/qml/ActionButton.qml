@@ -55,7 +55,6 @@ Rectangle {
         id: clickable
 
         anchors.fill: parent
-        enabled: !root.disabled
         focusColor: Palette.focusOnDark
         name: root.text
 

@@ -1,33 +1,44 @@
 import QtQuick 2.2
 import QtQuick.Controls 1.1
-import QtQuick.Controls.Styles 1.1
 import "base"
 
-// One of the two answers to a question.
-CheckBox {
+// One of the two answers to a question. A click, a key or an assistive tool ticks it; only the other answer unticks it.
+Clickable {
     id: root
 
+    property bool checked: false
+    property string text
     property color tickColor: Palette.tickYes
+    property ExclusiveGroup exclusiveGroup
 
-    style: CheckBoxStyle {
-        indicator: TickMark {
-            checked: root.checked
-            tickColor: root.tickColor
+    cursorShape: Qt.ArrowCursor
+    height: mark.height
+    name: text
+    width: label.x + label.width
 
-            FocusRing {
-                anchors.margins: -3
-                visible: root.activeFocus
-            }
-        }
-        label: WidgetText {
-            color: Palette.answerText
-            font.bold: true
-            points: 11
-            text: root.text
-        }
-        spacing: 8
+    onExclusiveGroupChanged: if (exclusiveGroup) exclusiveGroup.bindCheckable(root)
+    onTriggered: checked = true
+
+    Accessible.checkable: true
+    Accessible.checked: checked
+    Accessible.role: Accessible.CheckBox
+    Accessible.onToggleAction: trigger()
+
+    TickMark {
+        id: mark
+
+        checked: root.checked
+        tickColor: root.tickColor
     }
 
-    Keys.onEnterPressed: root.checked = true
-    Keys.onReturnPressed: root.checked = true
+    WidgetText {
+        id: label
+
+        anchors.verticalCenter: mark.verticalCenter
+        color: Palette.answerText
+        font.bold: true
+        points: 11
+        text: root.text
+        x: mark.width + 8
+    }
 }

@@ -29,6 +29,18 @@ Rectangle {
         focus();
     }
 
+    /// Takes the patients of these ids out of the results.
+    function drop(ids) {
+        var i;
+
+        for (i = model.count - 1; i >= 0; --i) {
+            // Loosely: an id comes as a number or as text.
+            if (ids.some(function (id) { return id == model.get(i).id; })) {
+                model.remove(i);
+            }
+        }
+    }
+
     function search() {
         AutocompleteLogic.filter(text);
         changed();

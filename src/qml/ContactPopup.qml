@@ -20,8 +20,10 @@ Rectangle {
         onClose: root.closeContact()
         onEnableDragging: root.enableDragging()
 
-        OnceShown {
+        DeferredLoader {
             anchors.fill: parent
+
+            onShownChanged: need()
 
             sourceComponent: Item {
                 WidgetText {

@@ -113,7 +113,7 @@ WindowFrame {
             width: 16
 
             onPressAndHold: root.openContextMenu()
-            onClicked: if (mouse.button === Qt.RightButton) root.openContextMenu()
+            onRightClicked: root.openContextMenu()
             onTriggered: root.hide()
 
             Image {

@@ -131,7 +131,7 @@ Rectangle {
             }
         }
 
-        OnceShown {
+        DeferredLoader {
             id: table
 
             anchors {
@@ -140,6 +140,7 @@ Rectangle {
             }
             width: parent.width
 
+            onShownChanged: need()
             onLoaded: {
                 item.name = Qt.binding(function () { return root.waitingShown ? waitingTab.title : allTab.title; });
                 item.waiting = Qt.binding(function () { return root.waitingShown; });

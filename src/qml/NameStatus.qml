@@ -7,16 +7,20 @@ Rectangle {
 
     property alias name: field.text
     property bool genderMale: true
+    /// Whether name and gender can be changed.
+    property bool editable: true
 
     signal reset
 
-    /// Gives the keyboard to the name.
+    /// Gives the keyboard to the name, or to the way back where the name cannot be changed.
     function focus() {
-        field.forceActiveFocus();
+        (editable ? field : back).forceActiveFocus();
     }
 
     color: Palette.nameBar
     height: Metrics.barHeight
+
+    onEditableChanged: if (!editable) focus()
 
     ImageButton {
         id: back
@@ -43,6 +47,7 @@ Rectangle {
             verticalCenter: parent.verticalCenter
         }
         bold: true
+        enabled: root.editable
         name: qsTr("Nom du patient")
         placeholderColor: Palette.namePlaceholder
         placeholderText: qsTr("NOM Prénom")
@@ -53,6 +58,7 @@ Rectangle {
         id: gender
 
         anchors.right: parent.right
+        enabled: root.editable
         focusColor: Palette.focusOnDark
         height: parent.height
         name: root.genderMale ? qsTr("Sexe : homme") : qsTr("Sexe : femme")

@@ -24,8 +24,35 @@ Column {
         { key: "rdv3", date: "date3", question: rdv3Question }
     ]
 
+    readonly property var questionsAndGates: [testQuestion, rdv1Question, gate1, confirmationQuestion, rdv2Question, gate2,
+                                              rdv3Question]
+
     /// The answer to the step of that key has changed.
     signal answered(string key)
+
+    function questionOf(key) {
+        return steps.filter(function (step) { return step.key === key; })[0].question;
+    }
+
+    /// Gives the keyboard to the question or gate shown next after the question of that key; false when there is none.
+    function focusAfter(key) {
+        return focusFirst(questionsAndGates.slice(questionsAndGates.indexOf(questionOf(key)) + 1));
+    }
+
+    /// Gives the keyboard to the unfolded question, else to the first one; false when none is shown.
+    function focusCurrent() {
+        return focusFirst(questionsAndGates.filter(function (part) { return part.checked; }))
+               || focusFirst(questionsAndGates);
+    }
+
+    function focusFirst(parts) {
+        var shown = parts.filter(function (part) { return part.displayed; });
+
+        if (shown.length > 0) {
+            shown[0].focusLink();
+        }
+        return shown.length > 0;
+    }
 
     /// Unfolds the first question.
     function unfoldFirst() {

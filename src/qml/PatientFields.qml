@@ -17,6 +17,11 @@ Rectangle {
     signal validated
     signal canceled
 
+    /// Gives the keyboard to the phone number.
+    function focusPhone() {
+        phoneField.forceActiveFocus();
+    }
+
     clip: true
     color: Palette.editorBlock
     height: internalHeight
@@ -116,6 +121,7 @@ Rectangle {
             top: firstAppointmentText.bottom
             topMargin: 11
         }
+        enabled: root.editing
         visible: root.editing
 
         ActionButton {

@@ -15,8 +15,15 @@ Item {
     property ExclusiveGroup exclusiveGroup
     property bool displayed: true
     readonly property int internalHeight: !displayed ? 0 : checked ? 100 : 60
+    /// Whether one of the answers has the keyboard.
+    readonly property bool answerFocused: yesBox.activeFocus || noBox.activeFocus
 
     signal saveIt
+
+    /// Gives the keyboard to the question.
+    function focusLink() {
+        header.forceActiveFocus();
+    }
 
     function answer() {
         changed = true;
@@ -24,6 +31,7 @@ Item {
     }
 
     clip: true
+    enabled: displayed
     visible: height > 0
     width: Metrics.widgetWidth
 
@@ -100,6 +108,8 @@ Item {
         }
 
         Clickable {
+            id: header
+
             anchors.fill: parent
             name: shortAnswer.text === "" ? root.text : root.text + " " + shortAnswer.text
 
@@ -113,9 +123,9 @@ Item {
             leftMargin: 30
             top: topRow.bottom
         }
+        enabled: root.checked
         height: 40
         spacing: 30
-        // Folded away, the answers are out of the keyboard's reach too.
         visible: root.height > 60
 
         AnswerBox {

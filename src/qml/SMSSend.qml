@@ -11,6 +11,11 @@ Rectangle {
 
     signal clicked
 
+    /// Gives the keyboard to the bar.
+    function focusLink() {
+        clickable.forceActiveFocus();
+    }
+
     function openServicePage() {
         clicked();
         Qt.openUrlExternally(BuildSettings.smsServicePage);
@@ -53,7 +58,6 @@ Rectangle {
         id: clickable
 
         anchors.fill: parent
-        enabled: root.displayed
         focusColor: Palette.focusOnDark
         name: qsTr("Envoyer le SMS de rappel")
 

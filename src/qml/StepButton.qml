@@ -11,6 +11,11 @@ Item {
 
     signal clicked
 
+    /// Gives the keyboard to the gate.
+    function focusLink() {
+        clickable.forceActiveFocus();
+    }
+
     clip: true
     enabled: displayed
     height: internalHeight
@@ -38,7 +43,6 @@ Item {
         id: clickable
 
         anchors.fill: parent
-        enabled: root.displayed
         name: root.text.replace("<br/>", " ").replace(/<[^>]*>/g, "")
 
         onTriggered: root.clicked()

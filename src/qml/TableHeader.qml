@@ -9,9 +9,11 @@ Rectangle {
 
     height: Metrics.barHeight
 
-    OnceShown {
+    DeferredLoader {
         height: parent.height
         x: root.width * Metrics.columnGap
+
+        onShownChanged: need()
 
         sourceComponent: Row {
             spacing: root.width * Metrics.columnGap

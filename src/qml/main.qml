@@ -2,8 +2,7 @@ import QtQuick 2.2
 import "base"
 import "../js/Bdd.js" as Bdd
 
-// The main widget: search, results and the patient editor that slides in from the right. The results and the editor are
-// half of all there is to load: that is done when they are first wanted, and the widget appears without waiting for it.
+// The main widget: search, results and the patient editor that slides in from the right.
 Rectangle {
     id: root
 
@@ -31,19 +30,15 @@ Rectangle {
         });
     }
 
-    /// Leaves the editor when the patient in it is among the deleted ones.
+    /// Takes deleted patients out of the results, and leaves the editor when its patient is among them.
     function removedPatients(list) {
-        var i;
-
-        if (list === null || editor.item === null) {
+        if (!list) {
             return;
         }
-        for (i = 0; i < list.length; ++i) {
-            // Loosely: an id comes as a number or as text.
-            if (list[i] == editor.item.currentId) {
-                leaveEditor();
-                return;
-            }
+        autocomplete.drop(list);
+        // Loosely: an id comes as a number or as text.
+        if (editor.item && list.some(function (id) { return id == editor.item.currentId; })) {
+            leaveEditor();
         }
     }
 
@@ -58,14 +53,13 @@ Rectangle {
     }
 
     function openEditor(id, name) {
-        editor.active = true;
-        editor.item.load(id, name);
+        editor.need().load(id, name);
         state = "open";
         nameBar.focus();
     }
 
     function leaveEditor() {
-        editor.item.reset();
+        editor.need().reset();
         autocomplete.reset();
         state = "close";
         autocomplete.focus();
@@ -146,14 +140,15 @@ Rectangle {
             z: 1
 
             onChanged: root.state = "close"
+            onActiveChanged: results.need()
             onFirstResultWanted: if (hasResults) results.item.selectFirst()
-            onActiveChanged: results.active = true
             onResultsWanted: hasResults ? results.item.focusFirst() : createLink.focusLink()
         }
 
         NameStatus {
             id: nameBar
 
+            editable: !editor.item || !editor.item.missing
             opacity: 0
             visible: root.state === "open" || opacity > 0
             width: Metrics.widgetWidth
@@ -183,10 +178,9 @@ Rectangle {
                 onClicked: root.openEditor("", autocomplete.text)
             }
 
-            Loader {
+            DeferredLoader {
                 id: results
 
-                active: false
                 anchors {
                     bottom: waitingLink.top
                     left: parent.left
@@ -224,10 +218,9 @@ Rectangle {
             }
         }
 
-        Loader {
+        DeferredLoader {
             id: editor
 
-            active: false
             anchors {
                 left: listPane.right
                 top: autocomplete.bottom

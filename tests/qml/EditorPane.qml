@@ -12,6 +12,7 @@ Item {
     NameStatus {
         id: nameBar
 
+        editable: !detail.missing
         width: parent.width
     }
 

@@ -3,6 +3,7 @@
 #include <QAccessible>
 #include <QDesktopServices>
 #include <QEasingCurve>
+#include <QKeyEvent>
 #include <QMetaEnum>
 #include <QQmlEngine>
 #include <QQmlListReference>
@@ -198,6 +199,18 @@ bool Native::press(QObject *object, const QString &action) const
         return false;
     actions->doAction(action);
     return true;
+}
+
+void Native::holdKey(QObject *itemOfWindow, int key) const
+{
+    QQuickWindow *window = qobject_cast<QQuickItem *>(itemOfWindow)->window();
+    for (int repetition = 0; repetition <= 3; ++repetition) {
+        for (QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+            QKeyEvent event(type, key, Qt::NoModifier, QString(), repetition > 0);
+            QCoreApplication::sendEvent(window, &event);
+            QCoreApplication::processEvents();
+        }
+    }
 }
 
 QVariantList Native::behaviors(QObject *object) const

@@ -41,6 +41,9 @@ public:
     /// Does what an assistive tool does to press or toggle the item; false when the item has no such action.
     Q_INVOKABLE bool press(QObject *object, const QString &action = QStringLiteral("Press")) const;
 
+    /// Presses a key in the item's window and holds it for three repetitions.
+    Q_INVOKABLE void holdKey(QObject *itemOfWindow, int key) const;
+
     /// The animations that the object gives to its properties: [{kind, duration, easing, velocity}].
     Q_INVOKABLE QVariantList behaviors(QObject *object) const;
     /// The animations of a transition, in the same form.

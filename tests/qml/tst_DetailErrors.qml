@@ -177,6 +177,107 @@ Item {
             compare(Native.rows("SELECT name, phone FROM Patients"), [{ name: "Nouveau", phone: "0699" }]);
         }
 
+        /// What the callback of a save does after the commit fails once, as when another process takes the file then.
+        function failNextReading() {
+            var bar = nameBar;
+
+            expectedWarnings = expectedWarnings.concat("Stored, but not read back");
+            detail.nameStatus = Object.defineProperty({}, "name", {
+                set: function () {
+                    detail.nameStatus = bar;
+                    throw new Error("not to be read");
+                }
+            });
+        }
+
+        function test_what_was_stored_and_not_read_back_is_shown_as_stored() {
+            var needRefresh = spy(detail, "needRefresh");
+
+            openPatient({ test: 1, test_date: "2014-05-01" });
+            question("test").checked = true;
+            rest();
+            failNextReading();
+            click(named(question("test"), "Non"));
+            compare([answerOf("test"), stored(1).test, detail.loaded], ["Non", 0, true]);
+            compare(needRefresh.count, 2);
+            wait(0);
+            compare(answerOf("test"), "Non");
+        }
+
+        function test_fields_saved_after_an_unread_answer_keep_answer_and_reminder() {
+            var reminder;
+
+            openPatient({ confirmation: 1, test: 1, test_date: "2014-05-01" });
+            rest();
+            failNextReading();
+            answer("confirmation", "Oui");
+            reminder = stored(1).notification_date;
+            verify(reminder !== "2014-09-15");
+            phone().text = "0699";
+            rest();
+            click(validate());
+            compare([stored(1).phone, stored(1).confirmation, stored(1).notification_date], ["0699", 1, reminder]);
+            compare(detail.unread, false);
+        }
+
+        function test_an_answer_that_fails_after_an_unread_one_shows_the_stored_one() {
+            openPatient({ test: 1, test_date: "2014-05-01", created: "2014-04-10" });
+            rest();
+            failNextReading();
+            answer("confirmation", "Non");
+            lock({ kind: "exclusive" });
+            expectedWarnings = expectedWarnings.concat("Stored, but not read back");
+            answer("confirmation", "Oui");
+            tryCompare(detail, "loaded", true);
+            compare([answerOf("confirmation"), todayShown() !== "10/04/2014"], ["Non", true]);
+        }
+
+        function removePatient() {
+            expectedWarnings = expectedWarnings.concat("The store has no such patient");
+            Native.rows("DELETE FROM Patients");
+        }
+
+        function test_an_answer_for_a_patient_who_is_gone_is_not_shown_as_given() {
+            openPatient({ test: 1, test_date: "2014-05-01" });
+            question("test").checked = true;
+            rest();
+            removePatient();
+            click(named(question("test"), "Non"));
+            tryCompare(detail, "loaded", false);
+            wait(0);
+            compare(answers(), ["", "", "", "", ""]);
+        }
+
+        function test_what_is_not_loaded_takes_no_click_key_or_press() {
+            openPatient();
+            removePatient();
+            detail.load("99", "");
+            rest();
+            click(named(question("test"), "Oui"));
+            verify(Native.press(named(question("test"), "Non"), "Press"));
+            named(question("test"), "Oui").forceActiveFocus();
+            keyClick(Qt.Key_Space);
+            phone().forceActiveFocus();
+            nameBar.focus();
+            type("x");
+            click(named(nameBar, "Sexe : homme"));
+            compare([answers().join(""), phone().text, nameBar.name, nameBar.genderMale],
+                    ["", "0612", "DUPONT Marie", true]);
+            compare(Native.accessible(Native.focusItem(detail)).name, "Retour");
+        }
+
+        function test_fields_saved_for_a_patient_who_is_gone_after_an_unread_answer_are_refused() {
+            openPatient();
+            failNextReading();
+            answer("test", "Oui");
+            phone().text = "0699";
+            rest();
+            removePatient();
+            click(validate());
+            tryCompare(detail, "missing", true);
+            compare([detail.loaded, Native.rows("SELECT id FROM Patients").length], [false, 0]);
+        }
+
         function test_a_failed_deletion_stays_on_the_patient() {
             var needRefresh = spy(detail, "needRefresh");
             var canceled = spy(detail, "canceled");

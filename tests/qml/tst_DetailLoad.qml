@@ -104,6 +104,7 @@ Item {
 
         function test_unknown_id_leaves_everything_as_it_was_but_not_loaded() {
             openPatient({ genderMale: 0 });
+            expectedWarnings = ["The store has no such patient"];
             detail.load("99", "Nobody");
             compare(detail.loaded, false);
             compare(nameBar.name, "DUPONT Marie");

@@ -218,7 +218,7 @@ Item {
             var refreshed = spy(popup, "needRefresh");
             var removed = spy(popup, "removedPatients");
 
-            expectedWarnings = ["database is locked"];
+            expectedWarnings = ["Ticked patients: 1. None was deleted.", "database is locked"];
             tick(popup, 0);
             verify(Native.lockStore("read"));
             click(named(popup, "Supprimer les patients sélectionnés"));

@@ -96,7 +96,8 @@ Item {
                 { tag: "another number", list: [2], leaves: false },
                 { tag: "another text", list: ["11", "12"], leaves: false },
                 { tag: "none", list: [], leaves: false },
-                { tag: "null", list: null, leaves: false }
+                { tag: "null", list: null, leaves: false },
+                { tag: "undefined", list: undefined, leaves: false }
             ];
         }
 

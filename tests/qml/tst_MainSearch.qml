@@ -46,6 +46,44 @@ Item {
             compare(frame().internalState, "results");
         }
 
+        function test_results_follow_a_deletion() {
+            type("du");
+            Native.rows("DELETE FROM Patients WHERE id IN (1, 2)");
+            main.removedPatients([1, "2", 4]);
+            tryCompare(searchBar().model, "count", 1);
+            tryVerify(function () { return found().join() === "DURAND"; });
+            compare(search().text, "du");
+            main.removedPatients([3]);
+            compare(frame().internalState, "base");
+        }
+
+        function test_a_patient_deleted_elsewhere_opens_an_editor_that_takes_nothing() {
+            expectedWarnings = ["The store has no such patient"];
+            type("dup");
+            Native.rows("DELETE FROM Patients WHERE id = 1");
+            keyClick(Qt.Key_Return);
+            compare([main.state, detail().loaded], ["open", false]);
+            settle();
+            type("x");
+            keyClick(Qt.Key_Space);
+            compare(main.state, "close");
+            compare(search().text, "");
+        }
+
+        function test_everything_is_loaded_soon_after_the_start_without_being_wanted_data() {
+            return [{ tag: "in a window", stage: desk }, { tag: "without a window", stage: null }];
+        }
+
+        function test_everything_is_loaded_soon_after_the_start_without_being_wanted(data) {
+            var component = Qt.createComponent("qrc:/qml/main.qml");
+            var document = component.createObject(data.stage);
+
+            tryVerify(function () {
+                return ofType(document, "Detail").length === 1 && ofType(document, "PatientsResults").length === 1;
+            }, 1000);
+            document.destroy();
+        }
+
         function test_erasing_empties_the_list_and_the_frame_goes_back() {
             type("d");
             compare(frame().internalState, "results");

@@ -37,8 +37,8 @@ Button {
         }
     }
 
-    Keys.onEnterPressed: root.clicked()
-    Keys.onReturnPressed: root.clicked()
+    Keys.onEnterPressed: if (!event.isAutoRepeat) root.clicked()
+    Keys.onReturnPressed: if (!event.isAutoRepeat) root.clicked()
 
     Accessible.name: root.name
 }
