@@ -12,6 +12,7 @@ Clickable {
     property ExclusiveGroup exclusiveGroup
 
     cursorShape: Qt.ArrowCursor
+    focusDistance: 4
     height: mark.height
     name: text
     width: label.x + label.width

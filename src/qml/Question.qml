@@ -126,7 +126,8 @@ Item {
         enabled: root.checked
         height: 40
         spacing: 30
-        visible: root.height > 60
+        // At once, so that Tab reaches the answers while they unfold.
+        visible: root.checked || root.height > 60
 
         AnswerBox {
             id: yesBox

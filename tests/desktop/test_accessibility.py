@@ -1,8 +1,8 @@
 """A screen reader finds every control with its role and its French name, and can use it."""
 
 from harness.case import DesktopTest, main
-from harness.tandry import NAME_FIELD, PHONE_FIELD, QUESTIONS, SEARCH_FIELD
-from harness.waiting import wait_equal
+from harness.tandry import GATE_1, GATE_2, NAME_FIELD, PHONE_FIELD, QUESTIONS, SEARCH_FIELD
+from harness.waiting import wait_equal, wait_until
 from harness.widget import CONTACT_WIDTH, LIST_WIDTH
 
 CONTROLS = ("push button", "text", "check box", "page tab", "link", "label", "image", "list item", "radio button")
@@ -64,6 +64,14 @@ class Accessibility(DesktopTest):
             wait_equal(lambda: [self.widget.control(name, "page tab").has("selected") for name in (chosen, other)],
                        [True, False], f"{chosen!r} is selected")
 
+    def answer_and_expect(self, key, answer, columns, action="Press"):
+        """Presses an answer as a screen reader does; it is stored and shown."""
+        self.widget.wait_for_question(key)
+        box = wait_until(lambda: self.widget.answer_box(key, answer), f"{answer!r} below {key!r}")
+        box.act(action)
+        wait_equal(lambda: {name: self.store.patient("Dupont")[name] for name in columns}, columns, f"{key} {answer}")
+        wait_until(lambda: box.has("checked"), f"{answer!r} is ticked")
+
     def test_the_press_action_does_what_a_click_does(self):
         self.widget.type("dup")
         self.widget.control("Dupont", "push button").act()
@@ -73,8 +81,15 @@ class Accessibility(DesktopTest):
         self.widget.control("Enregistrer", "push button").act()
         wait_equal(lambda: self.store.patient("Dupont")["genderMale"], 1, "the gender is stored")
         self.widget.wait_for_question("test")
-        self.widget.control("Oui", "check box").act()
-        wait_equal(lambda: self.store.patient("Dupont")["test_date"], "2014-05-12", "the answer is stored")
+        for action in ("Press", "Toggle"):
+            self.answer_and_expect("test", "Non", {"test": 0, "notification_date": "2014-09-15"}, action)
+        self.answer_and_expect("rdv1", "Oui", {"rdv1": 1, "notification_date": "2050-05-12"})
+        self.widget.control(GATE_1, "push button").act()
+        self.answer_and_expect("confirmation", "Oui", {"confirmation": 1, "notification_date": "2014-12-16"})
+        self.answer_and_expect("rdv2", "Oui", {"rdv2": 1, "notification_date": "2015-09-15"})
+        self.widget.control(GATE_2, "push button").act()
+        self.answer_and_expect("rdv3", "Oui", {"rdv3": 1, "notification_date": "2050-05-12"})
+        self.assertEqual(self.widget.asked(), list(QUESTIONS))
         self.widget.control("Retour", "push button").act()
         self.widget.control(SEARCH_FIELD, "text")
         self.widget.control("Contacts VESK", "push button").act()

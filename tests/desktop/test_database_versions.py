@@ -1,10 +1,11 @@
 """A database of an older layout is emptied, any other is kept."""
 
-from harness.case import DesktopTest, main
+from harness.case import DesktopTest, complaints, main
 from harness.waiting import wait_equal, wait_until
 
 
 class DatabaseVersions(DesktopTest):
+    complains = True  # the loss of patients is logged
 
     def test_older_versions_are_emptied(self):
         for version in ("1.0", "1.1", "1.2"):
@@ -14,6 +15,8 @@ class DatabaseVersions(DesktopTest):
                 widget = self.start_ready()
                 wait_equal(self.store.version, "1.3", "the version is raised")
                 self.assertEqual(self.store.patients(), [])
+                self.assertEqual([line.split("warning: ")[-1] for line in complaints(widget.log)],
+                                 [f'Database of version "{version}": its patients are dropped, in number 2.'])
                 widget.create("DURAND Anne")
                 self.assertEqual([row["name"] for row in self.store.patients()], ["DURAND Anne"])
                 widget.stop()

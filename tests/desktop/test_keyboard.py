@@ -1,7 +1,7 @@
 """Everything works without a mouse."""
 
 from harness.case import DesktopTest, main
-from harness.tandry import NAME_FIELD, PHONE_FIELD, QUESTIONS, SEARCH_FIELD
+from harness.tandry import GATE_1, GATE_2, NAME_FIELD, PHONE_FIELD, QUESTIONS, SEARCH_FIELD
 from harness.waiting import wait_equal, wait_until
 from harness.widget import CONTACT_WIDTH, LIST_WIDTH
 
@@ -69,22 +69,51 @@ class Keyboard(DesktopTest):
         self.widget.press("Return")
         wait_equal(lambda: self.widget.control(NAME_FIELD, "text").text, "Dupont", "the first result opens")
 
-    def test_a_patient_is_created_and_answered_for(self):
+    def expect_stored(self, **columns):
+        """The new patient is stored with these values, and what is not named here is as after the creation."""
+        columns = {"notification_date": "2014-05-12", **columns}
+        wait_equal(lambda: {key: self.store.patient("MARTIN Paul")[key] for key in columns}, columns, "the row")
+
+    def expect_focus(self, start):
+        """The keyboard is on the control whose name begins so."""
+        wait_until(lambda: (self.widget.focus_name() or "").startswith(start), f"{start!r} has the keyboard")
+
+    def test_the_whole_pathway_without_the_mouse(self):
+        press = self.widget.press
         self.widget.type("MARTIN Paul")
-        self.widget.press("Tab", "Tab", "space")
+        self.go_to("Créer la fiche patient")
+        press("Return")
         wait_equal(lambda: self.widget.control(NAME_FIELD, "text").text, "MARTIN Paul", "the editor has the typed name")
         self.go_to("Enregistrer")
-        self.widget.press("Return")
+        press("Return", "Return", "Return")
+        self.expect_focus(QUESTIONS["test"])
+        self.expect_stored()
         self.widget.wait_for_question("test")
+        # Each of the three presses that were too many has folded or unfolded the question.
         self.go_to("Non")
-        self.widget.press("space")
-        wait_equal(lambda: self.store.patient("MARTIN Paul")["test_date"], "2014-05-12", "Space answers")
-        self.widget.wait_for_question("rdv1")
-        self.go_to("Oui")
-        self.widget.press("Return")
-        wait_equal(lambda: self.store.patient("MARTIN Paul")["rdv1"], 1, "Return answers")
+        press("space")
+        self.expect_focus(QUESTIONS["rdv1"])
+        self.expect_stored(test=0, test_date="2014-05-12", notification_date="2014-09-15")
+        press("Tab", "Return")
+        self.expect_focus(GATE_1)
+        self.expect_stored(rdv1=1, date1="2014-05-12", notification_date="2050-05-12")
+        press("space")
+        self.expect_focus(QUESTIONS["confirmation"])
+        press("Tab", "KP_Enter")
+        self.expect_focus(QUESTIONS["rdv2"])
+        self.expect_stored(confirmation=1, notification_date="2014-12-16")
+        press("Tab", "Return")
+        self.expect_focus(GATE_2)
+        self.expect_stored(rdv2=1, notification_date="2015-09-15")
+        press("Return")
+        self.expect_focus(QUESTIONS["rdv3"])
+        press("Tab", "Tab", "Return")
+        self.expect_focus("Envoyer le SMS de rappel")
+        self.expect_stored(test=0, rdv1=1, confirmation=1, rdv2=1, rdv3=0, date3="2014-05-12",
+                           notification_date="2015-09-15")
+        self.assertEqual(self.widget.asked(), list(QUESTIONS))
         self.go_to("Retour")
-        self.widget.press("space")
+        press("space")
         wait_equal(self.widget.focus_name, SEARCH_FIELD, "the search field has the keyboard again")
 
     def test_the_header_buttons_work(self):

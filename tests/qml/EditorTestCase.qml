@@ -35,7 +35,7 @@ DocumentTestCase {
         tryVerify(function () {
             return parts().every(function (part) { return part.height === part.internalHeight; });
         });
-        waitForItemPolished(detail);
+        waitForItemPolished(fields().parent);
     }
 
     function parts() {

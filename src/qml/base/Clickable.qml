@@ -8,6 +8,8 @@ Item {
     default property alias content: area.data
     property string name
     property color focusColor: Palette.focusOnLight
+    /// How far the frame of the focus stands off.
+    property real focusDistance: 0
     property alias acceptedButtons: area.acceptedButtons
     property alias containsMouse: area.containsMouse
     property alias cursorShape: area.cursorShape
@@ -53,6 +55,7 @@ Item {
     }
 
     FocusRing {
+        anchors.margins: -root.focusDistance
         border.color: root.focusColor
     }
 }

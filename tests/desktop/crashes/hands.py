@@ -128,10 +128,10 @@ class Hands(Tandry):
         for _ in range(15):
             try:
                 if self.mouse:
-                    return self.resting_place(lambda: self._box(key, answer), what, limit=1,
+                    return self.resting_place(lambda: self.answer_box(key, answer), what, limit=1,
                                               beside=lambda: self._below(key))
-                return wait_until(lambda: self._box(key, answer), what, limit=1)
+                return wait_until(lambda: self.answer_box(key, answer), what, limit=1)
             except NeverHappened:
-                if not self._box(key, answer):
+                if not self.answer_box(key, answer):
                     self._questions[key].act()
         raise NeverHappened(f"{what} is not to be reached")

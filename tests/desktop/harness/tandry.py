@@ -91,12 +91,12 @@ class Tandry(Widget):
         what = f"{answer!r} below the question {key!r}"
         for _ in range(15):
             try:
-                place = self.resting_place(lambda: self._box(key, answer), what, limit=1,
+                place = self.resting_place(lambda: self.answer_box(key, answer), what, limit=1,
                                            beside=lambda: self._below(key))
                 return self.screen.click(*place)
             except NeverHappened:
                 # Folded, or folding since another question has just unfolded.
-                if not self._box(key, answer):
+                if not self.answer_box(key, answer):
                     self.click_found(lambda: self._question(key), f"the question {key!r}")
         raise NeverHappened(f"{what} is not to be reached")
 
@@ -104,7 +104,7 @@ class Tandry(Widget):
         shown = self.find_all(role="push button")
         return next((control for control in shown if control.name.startswith(QUESTIONS[key])), None)
 
-    def _box(self, key, answer):
+    def answer_box(self, key, answer):
         """The check box of a question, if it is unfolded."""
         return next((c for c in self._after(key) if c.role == "check box" and c.name == answer), None)
 
