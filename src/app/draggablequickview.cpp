@@ -7,6 +7,7 @@
 DraggableQuickView::DraggableQuickView(bool staysOnTop)
     : focuser(new Focuser(this))
 {
+    Q_ASSERT(focuser);
     if (staysOnTop) {
         setFlags(Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
     } else {

@@ -22,9 +22,11 @@ MacUpdateChecker::MacUpdateChecker(QObject *parent)
     : QObject(parent)
 {
     autoUpdater = new MacAutoUpdater(feedAddress());
+    Q_ASSERT(autoUpdater);
     autoUpdater->checkForUpdates();
 
     updateTimer = new QTimer;
+    Q_ASSERT(updateTimer);
     updateTimer->setInterval(checkIntervalMs);
     connect(updateTimer, SIGNAL(timeout()), this, SLOT(checkForUpdate()));
     updateTimer->start();

@@ -35,6 +35,7 @@ WidgetService::WidgetService(QObject *parent)
     networkManager = new QNetworkAccessManager(this);
 
     m_autorun = new Autorun;
+    Q_ASSERT(networkManager);
     Q_ASSERT(m_autorun);
 
     settings = new QSettings(productOrganization, makerApplication);
@@ -99,6 +100,7 @@ void WidgetService::createTrayIcon()
     dialogParent->setWindowIcon(icon);
 
     trayIcon->show();
+    Q_ASSERT(dialogParent);
     connect(trayIcon, SIGNAL(activated(QSystemTrayIcon::ActivationReason)),
             this, SLOT(trayActivated(QSystemTrayIcon::ActivationReason)));
     connect(trayIcon, SIGNAL(messageClicked()), this, SLOT(openList()));
@@ -111,6 +113,7 @@ void WidgetService::startRefreshTimer()
     refreshTimer->setInterval(refreshIntervalMs);
     connect(refreshTimer, SIGNAL(timeout()), this, SLOT(autoRefresh()));
     refreshTimer->start();
+    Q_ASSERT(refreshTimer);
 }
 
 void WidgetService::createViews()
@@ -179,6 +182,7 @@ void WidgetService::startStatistics()
     statisticsTimer->setInterval(statisticsIntervalMs);
     connect(statisticsTimer, SIGNAL(timeout()), this, SLOT(sendDataToServer()));
     statisticsTimer->start();
+    Q_ASSERT(statisticsTimer);
     sendDataToServer();
 }
 

@@ -12,6 +12,7 @@ LONGEST = 400
 
 HEX_COLOUR = re.compile(r"#(?:[0-9a-fA-F]{8}|[0-9a-fA-F]{6}|[0-9a-fA-F]{3,4})\b")
 SYSTEM_SWITCH = re.compile(r"^\s*#\s*(?:if|ifdef|ifndef|elif)\b.*\b(?:Q_OS_\w+|__APPLE__|__linux__|_WIN32)\b")
+MEMBER_MADE = re.compile(r"^\s+(\w+) = new .*;$")
 # Spelt so that they are not found here.
 LEFT_OPEN = re.compile(r"\b(?:Q[S]KIP|TO[D]O|FIX[M]E)\b")
 TEST_LEFT_OUT = re.compile(r"\b(?:s[k]ip(?:Test|If|Unless)?|expectedFailure)\s*\(|\bQEXPECT[_]FAIL\b")
@@ -46,6 +47,11 @@ def breaches_of_file(path, lines):
         yield f"{len(lines)} lines, more than {LONGEST}"
     if path.suffix == ".h" and "#pragma once" not in lines:
         yield "a header without #pragma once"
+    if path.as_posix().startswith("src/"):
+        for line, next_line in zip(lines, lines[1:]):
+            made = MEMBER_MADE.match(line)
+            if made and not re.search(rf"Q_ASSERT(_X)?\({made.group(1)}\b", next_line):
+                yield f"{made.group(1)} is not checked right after its creation"
 
 
 def main():
