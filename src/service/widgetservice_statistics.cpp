@@ -4,11 +4,17 @@
 
 #include <QDebug>
 #include <QNetworkAccessManager>
+#include <QNetworkReply>
 #include <QNetworkRequest>
 #include <QSettings>
+#include <QTimer>
 #include <QUrl>
 
 namespace {
+
+// What a reply may hold in memory, and how long it may keep its connection.
+constexpr int largestReplyBytes = 64 * 1024;
+constexpr int longestReplyMs = 60 * 1000;
 
 const QByteArray boundary = QByteArrayLiteral("margin");
 const QString trackingPath = QStringLiteral("/api/vesktandry/tracking/");
@@ -58,7 +64,11 @@ void WidgetService::sendDataToServer()
     request.setRawHeader("Content-Type", "multipart/form-data; boundary=" + boundary);
     request.setRawHeader("Content-Length", QByteArray::number(body.size()));
     qDebug() << body;
-    networkManager->post(request, body);
+    QNetworkReply *reply = networkManager->post(request, body);
+    // Queued behind the start of the request, which Qt queues, too: set earlier, the size would be lost.
+    QMetaObject::invokeMethod(
+        reply, [reply] { reply->setReadBufferSize(largestReplyBytes); }, Qt::QueuedConnection);
+    QTimer::singleShot(longestReplyMs, reply, SLOT(abort()));
 }
 
 /// The form, without a closing delimiter: the service reads it so.

@@ -8,14 +8,26 @@
 #include <QNetworkReply>
 #include <QTimer>
 
+#include <algorithm>
+
 namespace {
 
 constexpr quint16 port = 47443; // that of the host that test builds post to
+
+/// What the service gives a reply as its limit, and what the test makes of it.
+int limitMs = 0;
+int testsLimitMs = 0;
 
 QNetworkReply *onlyReply(const RunningService &running)
 {
     const auto replies = running.service->findChild<QNetworkAccessManager *>()->findChildren<QNetworkReply *>();
     return replies.size() == 1 ? replies.first() : nullptr;
+}
+
+bool allFinished(const RunningService &running)
+{
+    const auto replies = running.service->findChild<QNetworkAccessManager *>()->findChildren<QNetworkReply *>();
+    return std::all_of(replies.begin(), replies.end(), [](const QNetworkReply *reply) { return reply->isFinished(); });
 }
 
 /// The longest time for which this thread's events had to wait.
@@ -38,6 +50,16 @@ private:
 
 } // namespace
 
+extern "C" {
+void __real__ZN6QTimer10singleShotEiPK7QObjectPKc(int ms, const QObject *receiver, const char *member);
+
+void __wrap__ZN6QTimer10singleShotEiPK7QObjectPKc(int ms, const QObject *receiver, const char *member)
+{
+    limitMs = ms;
+    __real__ZN6QTimer10singleShotEiPK7QObjectPKc(testsLimitMs ? testsLimitMs : ms, receiver, member);
+}
+}
+
 /// When the daily upload goes out, and that nothing a server does or leaves undone is felt.
 class ServiceUpload : public QObject
 {
@@ -55,6 +77,8 @@ private slots:
     void foreign_certificate_gets_nothing();
     void nobody_listening_is_ignored();
     void error_of_the_server_is_ignored();
+    void endless_reply_is_bounded_and_ended();
+    void silent_replies_do_not_stop_later_uploads();
 
 private:
     Certificate *own = nullptr;
@@ -74,6 +98,7 @@ void ServiceUpload::cleanupTestCase()
 void ServiceUpload::init()
 {
     SettingsFile::forgetEverything();
+    testsLimitMs = 0;
 }
 
 void ServiceUpload::construction_uploads_once()
@@ -143,11 +168,11 @@ void ServiceUpload::window_does_not_wait_for_the_server()
 
     Heartbeat heartbeat;
     running.call("show");
-    const auto finished = [&] {
+    const auto answered = [&] {
         int count = 0;
         const auto *manager = running.service->findChild<QNetworkAccessManager *>();
         for (const QNetworkReply *reply : manager->findChildren<QNetworkReply *>())
-            count += reply->isFinished() && reply->bytesAvailable() > 0;
+            count += reply->bytesAvailable() > 0;
         return count;
     };
     if (behaviour == StatisticsServer::NeverShakesHands)
@@ -155,7 +180,7 @@ void ServiceUpload::window_does_not_wait_for_the_server()
     else
         QCOMPARE(server.requests(2).size(), 2);
     if (behaviour < StatisticsServer::NeverAnswers)
-        QTRY_COMPARE_WITH_TIMEOUT(finished(), 2, 60000);
+        QTRY_COMPARE(answered(), 2);
     QTRY_VERIFY(running.main->isExposed());
     QVERIFY2(heartbeat.longestPauseMs < 1000, qPrintable(QString::number(heartbeat.longestPauseMs)));
 }
@@ -191,6 +216,35 @@ void ServiceUpload::error_of_the_server_is_ignored()
     QCOMPARE(server.connections(), 1); // and no second attempt
     running.call("sendDataToServer");
     QCOMPARE(server.requests(2).size(), 2);
+}
+
+void ServiceUpload::endless_reply_is_bounded_and_ended()
+{
+    testsLimitMs = 2000;
+    StatisticsServer server(StatisticsServer::AnswersHugely, *own, port);
+    const RunningService running;
+    QCOMPARE(limitMs, 60000);
+    qint64 most = 0;
+    while (!onlyReply(running)->isFinished()) {
+        most = qMax(most, onlyReply(running)->bytesAvailable());
+        QTest::qWait(5);
+    }
+    QCOMPARE(onlyReply(running)->error(), QNetworkReply::OperationCanceledError);
+    QVERIFY2(most > 0 && most <= 64 * 1024, qPrintable(QString::number(most)));
+}
+
+void ServiceUpload::silent_replies_do_not_stop_later_uploads()
+{
+    testsLimitMs = 1000;
+    StatisticsServer server(StatisticsServer::NeverAnswers, *own, port);
+    RunningService running;
+    for (int i = 1; i < 6; ++i)
+        running.call("sendDataToServer");
+    // As many as Qt makes connections to one host.
+    QCOMPARE(server.requests(6).size(), 6);
+    QTRY_VERIFY(allFinished(running));
+    running.call("sendDataToServer");
+    QCOMPARE(server.requests(7).size(), 7);
 }
 
 SERVICE_TEST_MAIN(ServiceUpload)
