@@ -13,7 +13,7 @@ public:
     ~Autorun();
 
     /// The state as the list says now, so that an edit by hand counts. A list that is missing or cannot be read,
-    /// or one without the key `Disabled`, is "off".
+    /// or one without the key `Disabled`, is "off". What the desktop starts at login is brought in step with it.
     bool isAutorun() const;
 
     /// Writes the whole job and the state at once. The running executable becomes the one that is started, so a
@@ -22,6 +22,8 @@ public:
 
 private:
     Q_DISABLE_COPY(Autorun)
+
+    void follow(bool on) const;
 
     QSettings *m_settings;
 };

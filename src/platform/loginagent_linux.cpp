@@ -4,10 +4,17 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QSaveFile>
 #include <QStandardPaths>
 
 namespace {
+
+QString entryPath()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)
+        + QLatin1String("/autostart/com.olmeric.vesktandry.desktop");
+}
 
 /// A text as the string value of a key.
 QString escaped(QString text)
@@ -70,15 +77,23 @@ QVariant LoginAgent::storedValue(QSettings &list, const QString &key)
     return values.value(key);
 }
 
+bool LoginAgent::hasEntry()
+{
+    return QFileInfo::exists(entryPath());
+}
+
 void LoginAgent::followList(const QString &program, bool on)
 {
-    const QDir folder(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)
-                      + QLatin1String("/autostart"));
-    folder.mkpath(QStringLiteral("."));
-    QSaveFile file(folder.filePath(QStringLiteral("com.olmeric.vesktandry.desktop")));
+    const QByteArray entry = autostartEntry(program, on);
+    QFile current(entryPath());
+    if (current.open(QIODevice::ReadOnly) && current.readAll() == entry) {
+        return;
+    }
+    QFileInfo(current).dir().mkpath(QStringLiteral("."));
+    QSaveFile file(entryPath());
     if (!file.open(QIODevice::WriteOnly)) {
         return;
     }
-    file.write(autostartEntry(program, on));
+    file.write(entry);
     file.commit();
 }

@@ -11,6 +11,11 @@ QVariant LoginAgent::storedValue(QSettings &list, const QString &key)
     return list.value(key);
 }
 
+bool LoginAgent::hasEntry()
+{
+    return false;
+}
+
 void LoginAgent::followList(const QString &, bool)
 {
     // launchd reads the list itself.

@@ -1,4 +1,5 @@
 #include "autorun.h"
+#include "loginagent.h"
 #include "testhome.h"
 
 #include <QFileInfo>
@@ -59,6 +60,7 @@ private slots:
     void switched_on_it_starts_the_program();
     void switched_off_it_stays_but_hidden();
     void asking_writes_nothing();
+    void it_follows_a_list_that_was_edited_by_hand();
     void it_is_no_state_of_its_own();
     void it_follows_a_list_that_could_not_be_written();
     void any_path_reaches_the_desktop_whole_data();
@@ -106,6 +108,25 @@ void tst_AutostartEntry::asking_writes_nothing()
 {
     QVERIFY(!Autorun().isAutorun());
     QVERIFY(!QFileInfo::exists(entryPath()));
+}
+
+void tst_AutostartEntry::it_follows_a_list_that_was_edited_by_hand()
+{
+    Autorun autorun;
+    autorun.setAutorun(true);
+    QSettings list(home->home() + "/Library/LaunchAgents/com.olmeric.vesktandry.plist", LoginAgent::listFormat());
+    list.setValue("Disabled", true);
+    list.setValue("Program", "/opt/tandry");
+    list.sync();
+    QVERIFY(!autorun.isAutorun());
+    QVERIFY(entry().contains("\nHidden=true\n"));
+    // Asking makes no other program the one that is started.
+    QVERIFY(entry().contains("\nExec=\"/opt/tandry\" startup\n"));
+
+    autorun.setAutorun(true);
+    QVERIFY(QFile::remove(list.fileName()));
+    QVERIFY(!autorun.isAutorun());
+    QVERIFY(entry().contains("\nHidden=true\n"));
 }
 
 void tst_AutostartEntry::it_is_no_state_of_its_own()
