@@ -1,6 +1,7 @@
 #include "prepareprocess.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
 #include <QFont>
 #include <QGuiApplication>
 
@@ -8,6 +9,7 @@
 
 namespace {
 
+constexpr char temporaryVariable[] = "TMPDIR";
 constexpr char fontDpiVariable[] = "QT_FONT_DPI";
 constexpr char platformVariable[] = "QT_QPA_PLATFORM";
 constexpr char networkPollVariable[] = "QT_BEARER_POLL_TIMEOUT";
@@ -44,6 +46,14 @@ void prepareProcess()
 {
     // Patients' data: the database, the settings, the lock file and the socket are their owner's alone.
     umask(077);
+
+    // The patients lie in a folder of this name: not the executable's, which may be called through a link or a copy.
+    QCoreApplication::setApplicationName(QStringLiteral("tandry"));
+
+    // Qt would take the current folder for the temporary one, and lay the lock file there.
+    if (qEnvironmentVariableIsSet(temporaryVariable) && !QFileInfo(qEnvironmentVariable(temporaryVariable)).isDir()) {
+        qunsetenv(temporaryVariable);
+    }
 
     // The documents' point sizes are drawn for 72 dots per inch, where a point is a pixel.
     if (!qEnvironmentVariableIsSet(fontDpiVariable)) {

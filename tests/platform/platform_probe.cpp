@@ -4,6 +4,7 @@
 #include "autorun.h"
 #include "prepareprocess.h"
 
+#include <QDir>
 #include <QFont>
 #include <QGuiApplication>
 #include <QJsonDocument>
@@ -26,6 +27,8 @@ QJsonObject report()
     const mode_t mask = umask(0);
     umask(mask);
     return {{"umask", static_cast<int>(mask)},
+            {"application", QCoreApplication::applicationName()},
+            {"temporary", QDir::tempPath()},
             {"QT_FONT_DPI", environment("QT_FONT_DPI")},
             {"QT_QPA_PLATFORM", environment("QT_QPA_PLATFORM")},
             {"QT_BEARER_POLL_TIMEOUT", environment("QT_BEARER_POLL_TIMEOUT")}};

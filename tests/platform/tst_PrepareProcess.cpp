@@ -16,6 +16,8 @@ class tst_PrepareProcess : public QObject
 private slots:
     void the_mask_keeps_others_out();
     void files_and_folders_are_their_owners_alone();
+    void patients_folder_has_its_name_whatever_the_executable_is_called();
+    void temporary_folder_that_does_not_exist_is_not_the_current_one();
     void text_resolution_is_72_unless_the_user_chose_one_data();
     void text_resolution_is_72_unless_the_user_chose_one();
     void x_comes_before_wayland_unless_the_user_chose_data();
@@ -72,6 +74,18 @@ void tst_PrepareProcess::files_and_folders_are_their_owners_alone()
     QCOMPARE(static_cast<int>(status.st_mode & 0777), 0700);
     QCOMPARE(stat(QFile::encodeName(file.fileName()).constData(), &status), 0);
     QCOMPARE(static_cast<int>(status.st_mode & 0777), 0600);
+}
+
+void tst_PrepareProcess::patients_folder_has_its_name_whatever_the_executable_is_called()
+{
+    // "Vesk Tandry" in the sources for macOS.
+    QCOMPARE(probe("prepare", {})["application"].toString(), QString("tandry"));
+}
+
+void tst_PrepareProcess::temporary_folder_that_does_not_exist_is_not_the_current_one()
+{
+    QCOMPARE(probe("prepare", {{"TMPDIR", "/nowhere"}})["temporary"].toString(), QString("/tmp"));
+    QCOMPARE(probe("prepare", {{"TMPDIR", QDir::tempPath()}})["temporary"].toString(), QDir::tempPath());
 }
 
 void tst_PrepareProcess::text_resolution_is_72_unless_the_user_chose_one_data()
