@@ -13,6 +13,7 @@
 #include <ctime>
 #include <memory>
 
+#include <sys/un.h>
 #include <unistd.h>
 
 namespace {
@@ -22,6 +23,7 @@ constexpr int connectAttempts = 2;
 constexpr long retryPauseNs = 250000000; // 250 ms
 constexpr int acknowledgeWaitMs = 1000;
 constexpr int disconnectWaitMs = 1000;
+constexpr int longestSocketPath = int(sizeof(sockaddr_un::sun_path)) - 1;
 
 QString nameFor(const QString &identifier, QString prefix)
 {
@@ -58,7 +60,10 @@ QtLocalPeer::QtLocalPeer(QObject *parent, const QString &applicationId)
 
     instanceLock.setFileName(QDir(QDir::tempPath()).absolutePath() + QLatin1Char('/') + serverName
                              + QLatin1String("-lockfile"));
-    instanceLock.open(QIODevice::ReadWrite);
+    if (!instanceLock.open(QIODevice::ReadWrite)) {
+        qWarning("QtLocalPeer: the lock file %s cannot be opened, %s", qPrintable(instanceLock.fileName()),
+                 qPrintable(instanceLock.errorString()));
+    }
 }
 
 QtLocalPeer::~QtLocalPeer()
@@ -77,7 +82,7 @@ bool QtLocalPeer::isClient()
     }
 
     if (!listen()) {
-        qWarning("QtSingleCoreApplication: listen on local socket failed, %s", qPrintable(localServer->errorString()));
+        qWarning("QtSingleCoreApplication: listen on local socket failed, %s", qPrintable(listenError()));
     }
     connect(localServer, SIGNAL(newConnection()), this, SLOT(receiveConnection()));
     return false;
@@ -158,6 +163,19 @@ bool QtLocalPeer::connectToFirst(QLocalSocket &socket, int timeoutMs) const
         }
     }
     return false;
+}
+
+/// The server's error text; for a path that is too long it says only a number.
+QString QtLocalPeer::listenError() const
+{
+    const QString path = QDir::cleanPath(QDir::tempPath()) + QLatin1Char('/') + serverName;
+    const int length = QFile::encodeName(path).size();
+
+    if (length <= longestSocketPath) {
+        return localServer->errorString();
+    }
+    return localServer->errorString()
+        + QStringLiteral(": the path has %1 bytes, a socket's at most %2: %3").arg(length).arg(longestSocketPath).arg(path);
 }
 
 bool QtLocalPeer::listen()

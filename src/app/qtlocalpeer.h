@@ -44,6 +44,7 @@ private:
     static void acknowledge(QLocalSocket &socket);
     bool connectToFirst(QLocalSocket &socket, int timeoutMs) const;
     bool listen();
+    QString listenError() const;
 
     QString identifier;
     QString serverName;

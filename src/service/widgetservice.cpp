@@ -15,6 +15,8 @@
 #include <QTimer>
 #include <QUuid>
 
+#include <limits>
+
 namespace {
 
 constexpr int refreshIntervalMs = 60 * 60 * 1000;
@@ -186,12 +188,12 @@ void WidgetService::startStatistics()
     sendDataToServer();
 }
 
-/// One more: 1 when the key is absent, else its integer plus 1.
+/// One more: 1 when the key is absent, else its integer plus 1. The largest integer stays.
 void WidgetService::incrementCounter(const QString &key)
 {
-    const QVariant value = settings->value(key);
+    const int count = settings->value(key).toInt();
 
-    settings->setValue(key, value.isValid() ? value.toInt() + 1 : 1);
+    settings->setValue(key, count < std::numeric_limits<int>::max() ? count + 1 : count);
 }
 
 void WidgetService::closeIntent()

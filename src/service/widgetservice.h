@@ -89,6 +89,7 @@ private:
     QStringList getDataFromMap(QMap<QString, QVariant> &map);
 
     QByteArray statisticsBody() const;
+    int patientCount(const char *property, bool &converted) const;
 
     // The views, the tray icon, the dialog parent and the statistics timer live until the process ends.
     DraggableQuickView *view;

@@ -67,12 +67,20 @@ void WidgetService::refreshViews()
     refreshIcon();
 }
 
+/// A count of the main document; 0 and not converted when the document has none or, as Qt has logged, did not load.
+int WidgetService::patientCount(const char *property, bool &converted) const
+{
+    const QQuickItem *document = view->rootObject();
+
+    return (document ? document->property(property) : QVariant()).toInt(&converted);
+}
+
 /// Announces the waiting patients. An unchanged count is passed over once and announced again the next time, on
 /// purpose: while patients keep waiting, the hourly tick repeats the message every two hours.
 void WidgetService::compileMessage()
 {
     bool converted = false;
-    const int count = view->rootObject()->property("number").toInt(&converted);
+    const int count = patientCount("number", converted);
 
     if (!converted || count < 1 || count == lastNotifiedCount) {
         lastNotifiedCount = 0;
@@ -94,8 +102,8 @@ void WidgetService::refreshIcon()
     QIcon icon(QStringLiteral(":/images/tray.png"));
     // One flag for both: the second reading decides, on purpose.
     bool converted = false;
-    const int number = view->rootObject()->property("number").toInt(&converted);
-    const int total = view->rootObject()->property("total").toInt(&converted);
+    const int number = patientCount("number", converted);
+    const int total = patientCount("total", converted);
 
     settings->setValue(QStringLiteral("PatientsWaitingCounter"), number);
     settings->setValue(QStringLiteral("PatientsCounter"), total);

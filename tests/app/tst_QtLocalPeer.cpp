@@ -237,6 +237,7 @@ void tst_QtLocalPeer::name_too_long_for_a_socket_is_only_logged()
     QCOMPARE(LogCapture::lines().size(), 1);
     QVERIFY(LogCapture::lines().at(0).startsWith(
         "warning: QtSingleCoreApplication: listen on local socket failed, QLocalServer::listen: "));
+    QVERIFY(LogCapture::lines().at(0).contains("a socket's at most 107: " + deep));
 }
 
 void tst_QtLocalPeer::unusable_lock_file_makes_a_client()
@@ -246,6 +247,7 @@ void tst_QtLocalPeer::unusable_lock_file_makes_a_client()
     QtLocalPeer peer(nullptr, id());
     QVERIFY(peer.isClient());
     QVERIFY(LogCapture::lines().contains("warning: QtLockedFile::lock(): file is not opened"));
+    QCOMPARE(LogCapture::lines().filter(lockFile() + " cannot be opened, ").size(), 1);
     QVERIFY(QDir().rmdir(lockFile()));
 }
 

@@ -47,6 +47,7 @@ private slots:
     void refreshed_icon_follows_both_counts_data();
     void refreshed_icon_follows_both_counts();
     void counts_are_stored_though_the_document_has_none();
+    void main_document_that_did_not_load_has_no_counts();
     void badge_goes_when_nobody_waits();
     void refresh_asks_main_then_list_then_paints();
     void refresh_sends_no_message();
@@ -190,6 +191,23 @@ void ServiceTray::counts_are_stored_though_the_document_has_none()
     COMPARE_LINES(log(), {"Refreshing icon.", "icon 0."});
     QCOMPARE(SettingsFile::value("PatientsWaitingCounter"), QVariant(0));
     QCOMPARE(SettingsFile::value("PatientsCounter"), QVariant(0));
+}
+
+void ServiceTray::main_document_that_did_not_load_has_no_counts()
+{
+    LogCapture capture;
+    RunningService running;
+    running.main->setSource(QUrl("qrc:/service-tests/missing.qml"));
+    QVERIFY(!running.main->rootObject());
+    QCOMPARE(LogCapture::warnings().filter("missing.qml").size(), 1);
+    SettingsFile::setValue("PatientsWaitingCounter", 3);
+
+    running.call("autoRefresh");
+    running.call("refreshViews");
+
+    QCOMPARE(pictureOf(running.tray().icon()), trayPicture());
+    QCOMPARE(SettingsFile::value("PatientsWaitingCounter"), QVariant(0));
+    QCOMPARE(Recordings::instance().messages.size(), 0);
 }
 
 void ServiceTray::badge_goes_when_nobody_waits()

@@ -21,6 +21,7 @@ private slots:
     void closing_slot_hides_its_own_window_only();
     void opening_a_popup_is_counted_data();
     void opening_a_popup_is_counted();
+    void counter_at_its_largest_stays();
     void showing_the_main_window_is_not_counted();
     void picked_patient_opens_in_the_main_window_and_the_list_stays();
     void picked_patient_is_handed_over_as_text();
@@ -138,6 +139,15 @@ void ServiceWindows::opening_a_popup_is_counted()
     QCOMPARE(SettingsFile::value(key), QVariant(after));
     running.call(slot); // it is open already, and counted all the same
     QCOMPARE(SettingsFile::value(key), QVariant(after + 1));
+}
+
+void ServiceWindows::counter_at_its_largest_stays()
+{
+    RunningService running;
+    SettingsFile::setValue("ShowListViewCounter", 2147483646);
+    running.call("openList");
+    running.call("openList");
+    QCOMPARE(SettingsFile::value("ShowListViewCounter"), QVariant(2147483647));
 }
 
 void ServiceWindows::showing_the_main_window_is_not_counted()
