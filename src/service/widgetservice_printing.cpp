@@ -96,7 +96,7 @@ QString WidgetService::report(const QString &title, const QVariantList &rows)
         html += QStringLiteral("<li>") + columns.at(i).shortLabel + QStringLiteral(" : <i>")
             + columns.at(i).longLabel + QStringLiteral("</i></li>");
     }
-    return html + QStringLiteral("</ul></br><p align=center>Imprimé le ")
+    return html + QStringLiteral("</ul></br><p align=center>") + tr("Imprimé le ")
         + QDateTime::currentDateTime().toString(QStringLiteral("dddd d MMMM yyyy à h:mm"))
         + QStringLiteral("</p></body>");
 }

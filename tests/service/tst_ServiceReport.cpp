@@ -10,6 +10,7 @@
 #include <QJSEngine>
 #include <QPrintDialog>
 #include <QRegularExpression>
+#include <QTranslator>
 
 namespace {
 
@@ -92,6 +93,7 @@ private slots:
     void text_is_not_escaped();
     void date_line_follows_the_clock_data();
     void date_line_follows_the_clock();
+    void date_line_can_be_translated();
     void rows_keep_their_order();
     void kind_of_each_row_is_logged();
     void font_is_eight_pixels_high();
@@ -278,6 +280,21 @@ void ServiceReport::date_line_follows_the_clock()
     const TestClock clock(now);
     const QString report = reportOf(waitingTitle, QVariantList());
     QVERIFY2(report.endsWith("<p align=center>Imprimé le " + line + "</p></body>"), qPrintable(report.right(80)));
+}
+
+void ServiceReport::date_line_can_be_translated()
+{
+    struct English : QTranslator
+    {
+        QString translate(const char *context, const char *text, const char *, int) const override
+        {
+            const bool isMeant = !qstrcmp(context, "WidgetService") && QString(text) == QString::fromUtf8("Imprimé le ");
+            return isMeant ? QString("Printed on ") : QString();
+        }
+        bool isEmpty() const override { return false; }
+    } english;
+    QCoreApplication::installTranslator(&english);
+    QVERIFY(reportOf(waitingTitle, QVariantList()).contains("<p align=center>Printed on "));
 }
 
 void ServiceReport::rows_keep_their_order()
