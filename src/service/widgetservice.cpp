@@ -35,9 +35,9 @@ WidgetService::WidgetService(QObject *parent)
     : QObject(parent)
 {
     networkManager = new QNetworkAccessManager(this);
+    Q_ASSERT(networkManager);
 
     m_autorun = new Autorun;
-    Q_ASSERT(networkManager);
     Q_ASSERT(m_autorun);
 
     settings = new QSettings(productOrganization, makerApplication);
@@ -50,6 +50,7 @@ WidgetService::WidgetService(QObject *parent)
     startRefreshTimer();
     createViews();
     connectDocuments();
+    watchDesktop();
     // The main document is connected by now and hears it.
     emit autorunChanged(QVariant(m_autorun->isAutorun())); // clazy:exclude=incorrect-emit
     startStatistics();
@@ -99,10 +100,10 @@ void WidgetService::createTrayIcon()
 
     // Never shown: it lends its icon to the About box.
     dialogParent = new QWidget(nullptr, Qt::WindowFlags());
+    Q_ASSERT(dialogParent);
     dialogParent->setWindowIcon(icon);
 
     trayIcon->show();
-    Q_ASSERT(dialogParent);
     connect(trayIcon, SIGNAL(activated(QSystemTrayIcon::ActivationReason)),
             this, SLOT(trayActivated(QSystemTrayIcon::ActivationReason)));
     connect(trayIcon, SIGNAL(messageClicked()), this, SLOT(openList()));
@@ -112,10 +113,10 @@ void WidgetService::startRefreshTimer()
 {
     lastRefreshDate = QDate::currentDate();
     refreshTimer = new QTimer(this);
+    Q_ASSERT(refreshTimer);
     refreshTimer->setInterval(refreshIntervalMs);
     connect(refreshTimer, SIGNAL(timeout()), this, SLOT(autoRefresh()));
     refreshTimer->start();
-    Q_ASSERT(refreshTimer);
 }
 
 void WidgetService::createViews()
@@ -181,10 +182,10 @@ void WidgetService::connectDocuments()
 void WidgetService::startStatistics()
 {
     statisticsTimer = new QTimer;
+    Q_ASSERT(statisticsTimer);
     statisticsTimer->setInterval(statisticsIntervalMs);
     connect(statisticsTimer, SIGNAL(timeout()), this, SLOT(sendDataToServer()));
     statisticsTimer->start();
-    Q_ASSERT(statisticsTimer);
     sendDataToServer();
 }
 
@@ -209,8 +210,6 @@ void WidgetService::closeIntent()
     auto *checkBox = new QCheckBox(tr("Ne plus me demander"));
     box.setIconPixmap(QIcon(QStringLiteral(":/images/tray.png")).pixmap(64));
     box.setWindowTitle(tr("Vesk Tandry"));
-    // Or the widget, which stays on top, would cover the question.
-    box.setWindowFlag(Qt::WindowStaysOnTopHint);
     box.setText(tr("Fermeture de Tandry"));
     box.setInformativeText(tr("Etes-vous sur de vouloir fermer le widget Tandry ?"));
     box.setCheckBox(checkBox);

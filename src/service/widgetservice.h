@@ -9,6 +9,7 @@
 
 class Autorun;
 class DraggableQuickView;
+class QDialog;
 class QNetworkAccessManager;
 class QSettings;
 class QTimer;
@@ -17,8 +18,9 @@ class QWidget;
 /// The one controller of the program: owns the settings, the three windows, the tray icon and the timers, and lets the
 /// documents talk to each other. It never opens the patient database; the documents do.
 ///
-/// One source file per chapter: windows (widgetservice_views), tray and refresh cycle (widgetservice_tray), printing
-/// (widgetservice_printing), usage statistics (widgetservice_statistics), construction and preferences (widgetservice).
+/// One source file per chapter: windows (widgetservice_views), what the desktop wants of them (widgetservice_desktop),
+/// tray and refresh cycle (widgetservice_tray), printing (widgetservice_printing), usage statistics
+/// (widgetservice_statistics), construction and preferences (widgetservice).
 class WidgetService : public QObject
 {
     Q_OBJECT
@@ -69,6 +71,10 @@ public slots:
     /// Posts the usage counters; whatever becomes of the post is ignored.
     void sendDataToServer();
 
+protected:
+    /// What the desktop wants of the windows: that they close, that a dialog comes up, that the session ends.
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
     void identifyInstallation();
     void recordOperatingSystem();
@@ -77,9 +83,13 @@ private:
     void createViews();
     void load(DraggableQuickView &window, const QString &document);
     void connectDocuments();
+    void watchDesktop();
+    bool closeByDesktop(QObject *window);
+    void prepareDialog(QDialog &dialog);
     void startStatistics();
     void incrementCounter(const QString &key);
 
+    int patientCount(const char *property, bool &converted) const;
     void compileMessage();
     void collectGarbage();
     QIcon badgedIcon(const QIcon &icon, int count) const;
@@ -89,7 +99,6 @@ private:
     QStringList getDataFromMap(QMap<QString, QVariant> &map);
 
     QByteArray statisticsBody() const;
-    int patientCount(const char *property, bool &converted) const;
 
     // The views, the tray icon, the dialog parent and the statistics timer live until the process ends.
     DraggableQuickView *view;

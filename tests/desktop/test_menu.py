@@ -74,6 +74,10 @@ class ContextMenu(DesktopTest):
         texts = " ".join(label.name for label in box.find_all(role="label"))
         self.assertRegex(texts, r"(?s)Vesk Tandry.*Version 1\.1\.0 - .*[0-9a-f]{8}")
         self.picture("about")
+        window = next(w for w in self.desktop.screen.windows(self.widget.process.pid)
+                      if self.desktop.screen.geometry(w)[:2] == box.box[:2])
+        self.assertTrue(self.desktop.screen.stacked_above(window, self.widget.wait_for_window()))
+        self.assertIn("_NET_WM_STATE_ABOVE", self.desktop.screen.property(window, "_NET_WM_STATE"))
         self.widget.press("Return")
         wait_until(lambda: self.widget.find(role="alert") is None, "the box closes")
 

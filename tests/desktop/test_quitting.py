@@ -1,7 +1,8 @@
 """Quitting asks first, until it is told never to ask again."""
 
 from harness.case import DesktopTest, main
-from harness.waiting import wait_equal, wait_until
+from harness.waiting import stays, wait_equal, wait_until
+from harness.widget import CONTACT_WIDTH, LIST_WIDTH
 
 QUESTION = "Etes-vous sur de vouloir fermer le widget Tandry ?"
 TICK = "Ne plus me demander"
@@ -39,6 +40,33 @@ class Quitting(DesktopTest):
             if key == "Return":
                 self.ask(widget)
         self.assertIsNone(self.never_again())
+
+    def test_the_window_manager_s_close_asks(self):
+        widget = self.start_ready()
+        widget.press("alt+F4")
+        widget.control(QUESTION, "label")
+        widget.press("Escape")
+        widget.wait_gone(QUESTION)
+        self.assertIsNotNone(widget.window())
+        widget.press("alt+F4")
+        widget.control(QUESTION, "label")
+        widget.click("OK", "push button")
+        self.assertEqual(widget.wait_for_exit(), 0)
+
+    def test_the_window_manager_s_close_hides_a_popup(self):
+        widget = self.start_ready()
+        for button, width in (("Contacts VESK", CONTACT_WIDTH), ("Liste de tous les patients", LIST_WIDTH)):
+            widget.click(button, "push button")
+            widget.wait_for_window(width)
+        widget.click("Fermer", "push button")
+        wait_until(lambda: widget.window() is None, "the widget is hidden")
+        for width in (LIST_WIDTH, CONTACT_WIDTH):
+            wait_equal(widget.active_width, width, "the popup has the keyboard")
+            widget.press("alt+F4")
+            wait_until(lambda: widget.window(width) is None, "the popup is hidden")
+        stays(lambda: widget.running, "the program runs without a window", 0.5)
+        widget.click_tray()
+        widget.wait_for_window()
 
     def test_ok_quits(self):
         widget = self.start_ready()

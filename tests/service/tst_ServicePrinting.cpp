@@ -131,6 +131,8 @@ void ServicePrinting::dialog_is_titled_and_stands_alone()
     QVERIFY(withModal<QPrintDialog>([&] { running.service->requestPrint(title, patients(1)); },
                                     [](QPrintDialog &dialog) {
         QCOMPARE(dialog.windowTitle(), title);
+        QVERIFY(!dialog.windowIcon().isNull());
+        QVERIFY(dialog.windowFlags().testFlag(Qt::WindowStaysOnTopHint)); // as the widget is
         QCOMPARE(dialog.parentWidget(), nullptr);
         QVERIFY(dialog.isModal());
     }));

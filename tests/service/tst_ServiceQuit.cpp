@@ -59,6 +59,7 @@ private slots:
     void stored_wish_decides_whether_to_ask_data();
     void stored_wish_decides_whether_to_ask();
     void timers_tick_while_the_question_is_open();
+    void end_of_the_session_quits_without_asking();
     void wish_is_stored_as_told_data();
     void wish_is_stored_as_told();
     void switching_launch_at_login_tells_the_document_once_data();
@@ -77,6 +78,7 @@ void ServiceQuit::question_has_its_words_buttons_and_default()
     QVERIFY(withModal<QMessageBox>([&] { running.call("closeIntent"); }, [](QMessageBox &box) {
         QCOMPARE(box.windowTitle(), QString("Vesk Tandry"));
         QVERIFY(box.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+        QVERIFY(!box.windowIcon().isNull()); // in its title and in the taskbar
         QCOMPARE(box.text(), QString("Fermeture de Tandry"));
         QCOMPARE(box.informativeText(), QString("Etes-vous sur de vouloir fermer le widget Tandry ?"));
         QVERIFY(box.checkBox());
@@ -202,6 +204,20 @@ void ServiceQuit::timers_tick_while_the_question_is_open()
         QTRY_VERIFY(!Recordings::instance().messages.isEmpty());
         hourly->stop();
     }));
+}
+
+void ServiceQuit::end_of_the_session_quits_without_asking()
+{
+    RunningService running;
+    running.call("show");
+    QVERIFY(!QGuiApplication::isFallbackSessionManagementEnabled()); // which would close the windows one by one
+    QTimer::singleShot(0, qApp, [] {
+        QEvent quit(QEvent::Quit);
+        QCoreApplication::sendEvent(qApp, &quit);
+        QVERIFY(quit.isAccepted());
+    });
+    QCOMPARE(qApp->exec(), 0);
+    QVERIFY(running.main->isVisible()); // not closed, so not asked
 }
 
 void ServiceQuit::wish_is_stored_as_told_data()
