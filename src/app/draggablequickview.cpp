@@ -22,6 +22,10 @@ DraggableQuickView::~DraggableQuickView()
 
 void DraggableQuickView::show()
 {
+    // A window whose place was never set is placed anew by the window manager each time it is shown.
+    if (handle()) {
+        setPosition(position());
+    }
     QQuickView::show();
     focuser->raise();
 }
@@ -47,7 +51,9 @@ void DraggableQuickView::mouseMoveEvent(QMouseEvent *event)
 {
     if (event->buttons().testFlag(Qt::LeftButton) && dragging) {
         // The window follows the pointer, so the pointer comes back to dragPosition, which therefore stays.
-        setPosition(position() + event->pos() - dragPosition);
+        // position() may be ahead of the window manager: a real event knows where the window was when it happened.
+        const QPoint origin = event->spontaneous() ? event->globalPos() - event->pos() : position();
+        setPosition(origin + event->pos() - dragPosition);
         return;
     }
     QQuickView::mouseMoveEvent(event);

@@ -1,6 +1,7 @@
 #include "widgetservice.h"
 
 #include "draggablequickview.h"
+#include "restingplace.h"
 
 #include <QCoreApplication>
 #include <QDialog>
@@ -13,6 +14,7 @@ void WidgetService::watchDesktop()
     // With it, Qt would close every window while a session ends, and the widget's closing asks.
     QGuiApplication::setFallbackSessionManagementEnabled(false);
     QCoreApplication::instance()->installEventFilter(this);
+    new RestingPlace(view, this);
 }
 
 bool WidgetService::eventFilter(QObject *watched, QEvent *event)

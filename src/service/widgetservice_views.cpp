@@ -61,6 +61,8 @@ void WidgetService::show()
     } else {
         moveIntoScreen(*view, mainPlacement);
     }
+    // A screen narrower than the distance would have the widget's left edge, or all of it, outside.
+    view->setX(qMax(0, view->x()));
     firstShow = false;
     view->show();
 }
@@ -72,7 +74,8 @@ void WidgetService::hide()
 
 void WidgetService::toggleView()
 {
-    if (view->isVisible()) {
+    // A minimised window counts as visible, and its user misses it.
+    if (view->isVisible() && !view->windowStates().testFlag(Qt::WindowMinimized)) {
         hide();
     } else {
         show();

@@ -3,9 +3,10 @@
 import subprocess
 
 from harness.case import DesktopTest, main
-from harness.desktop import WIDTH
+from harness.desktop import HEIGHT, WIDTH
+from harness.patient_list import PatientList
 from harness.waiting import stays, wait_equal, wait_until
-from harness.widget import CONTACT_WIDTH
+from harness.widget import CONTACT_WIDTH, LIST_WIDTH
 
 
 class Opening(DesktopTest):
@@ -39,6 +40,69 @@ class Opening(DesktopTest):
         wait_equal(lambda: widget.geometry()[:2], (410, 235), "the window follows the header")
         self.desktop.screen.drag((530, 250), (600, 270))
         wait_equal(lambda: widget.geometry()[:2], (480, 255), "the window follows a second time")
+
+    def test_keeps_to_the_pointer_while_the_window_manager_lags(self):
+        widget = self.start_ready()
+        screen = self.desktop.screen
+        screen.press(830, 50)
+        screen.move(820, 60)
+        wait_equal(lambda: widget.geometry()[:2], (700, 45), "the window follows the header")
+        self.desktop.pause_window_manager()
+        try:
+            for step in range(1, 11):
+                screen.move(820 - 29 * step, 60 + 19 * step)
+        finally:
+            self.desktop.continue_window_manager()
+        screen.release()
+        wait_equal(lambda: widget.geometry()[:2], (410, 235), "the window is where the pointer left it")
+
+    def test_a_popup_opens_where_it_was(self):
+        widget = self.start_ready()
+        place = self.opened_list(widget)
+        self.desktop.screen.drag((830, 50), (530, 250))
+        self.assertEqual(self.opened_list(widget), place)
+
+    def opened_list(self, widget):
+        """Opens the list, which is dragged by none, and closes it again; where it was."""
+        place = PatientList(widget).open().place
+        widget.click_found(lambda: PatientList(widget).window.find("Fermer"), "the list's cross")
+        wait_until(lambda: widget.window(LIST_WIDTH) is None, "the list is hidden")
+        return place
+
+    def test_opened_by_a_patient_alone_it_opens_where_it_was(self):
+        self.store.seed({"name": "Dupont", "created": "2014-04-10", "notification_date": "2014-05-01"})
+        widget = self.start("startup", clock="2014-05-12 10:00:00")
+        widget.click_found(lambda: widget.find("Vous avez 1 patient en attente", "label"), "the message")
+        patients = PatientList(widget)
+        places = []
+        for _ in range(2):
+            patients.open_patient("Dupont")
+            places.append(widget.geometry()[:2])
+            place = widget.geometry()
+            self.desktop.screen.click(place.x + 255, place.y + 20)
+            wait_until(lambda: widget.window() is None, "the widget is hidden")
+            # In its way, should it be placed anew.
+            self.desktop.screen.drag((patients.place.x + 300, patients.place.y + 20), (700, 500))
+        self.assertEqual(places[0], places[1])
+
+    def test_low_on_the_screen_it_comes_back_down_when_it_shrinks(self):
+        self.store.seed({"name": "Dupont", "created": "2014-04-10"})
+        widget = self.start_ready()
+        self.desktop.screen.drag((830, 50), (830, HEIGHT - 180), steps=30)
+        place = widget.geometry()
+        self.assertEqual(place.y, HEIGHT - 195)
+        widget.open_patient("Dupont")
+        wait_until(lambda: widget.geometry().y < place.y - 100, "the window manager pushes it up")
+        widget.back()
+        wait_equal(widget.geometry, place, "it is where its user put it")
+
+    def test_a_minimised_widget_comes_back_at_the_first_click(self):
+        widget = self.start_ready()
+        window = widget.wait_for_window()
+        self.desktop.screen.minimise(window)
+        wait_until(lambda: widget.window() is None, "the widget is minimised")
+        widget.click_tray()
+        widget.wait_for_window()
 
     def test_is_not_dragged_by_its_content(self):
         widget = self.start_ready()

@@ -27,6 +27,7 @@ private slots:
     void list_may_hang_over_the_right_edge();
     void real_size_of_the_main_window_does_not_count();
     void small_screen_puts_the_list_partly_outside();
+    void narrow_screen_keeps_the_widget_s_left_edge_inside();
     void place_depends_on_the_size_of_that_screen_data();
     void place_depends_on_the_size_of_that_screen();
     void real_screen_is_asked();
@@ -169,6 +170,14 @@ void ServicePlacement::small_screen_puts_the_list_partly_outside()
     running.list->setPosition(50, 0);
     running.call("openList");
     QCOMPARE(running.list->position(), QPoint(-195, 35));
+}
+
+void ServicePlacement::narrow_screen_keeps_the_widget_s_left_edge_inside()
+{
+    Recordings::instance().availableSize = QSize(426, 341); // 1280 x 1024 at a scale of 3
+    RunningService running;
+    running.call("show");
+    QCOMPARE(running.main->position(), QPoint(0, 35));
 }
 
 void ServicePlacement::place_depends_on_the_size_of_that_screen_data()

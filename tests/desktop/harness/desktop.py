@@ -78,6 +78,14 @@ class Desktop:
         """Starts a window manager where there is none."""
         self._start_window_manager()
 
+    def pause_window_manager(self):
+        """Lets what programs ask of the window manager wait, as on a busy machine."""
+        self._process("openbox").send_signal(signal.SIGSTOP)
+
+    def continue_window_manager(self):
+        """Ends the pause."""
+        self._process("openbox").send_signal(signal.SIGCONT)
+
     def resize(self, width, height):
         """Changes the size of the screen, which can be no larger than it was at first."""
         mode = f"{width}x{height}"
@@ -91,8 +99,11 @@ class Desktop:
         wait_until(lambda: f"0, 0, {width}, {height}" in self.screen.property("root", "_NET_WORKAREA"),
                    f"the screen is {mode}")
 
+    def _process(self, name):
+        return next(process for process in self._processes if process.args[0] == name)
+
     def _stop(self, name):
-        process = next(process for process in self._processes if process.args[0] == name)
+        process = self._process(name)
         self._processes.remove(process)
         processes.stop(process, gently=False)
 

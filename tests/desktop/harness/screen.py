@@ -46,6 +46,10 @@ class Screen:
         order = [int(part, 16) for part in re.findall(r"0x[0-9a-f]+", listed)]
         return order.index(upper) > order.index(lower)
 
+    def minimise(self, window):
+        """Minimises a window, as a taskbar does."""
+        self._do("windowminimize", str(window))
+
     def move(self, x, y):
         """Moves the mouse."""
         self._do("mousemove", str(x), str(y))
