@@ -143,7 +143,10 @@ QString CopyShelf::copyDay(const QDate &today, bool isStart)
     if (stays) {
         return {};
     }
-    QString reason = make(copy);
+    QString reason = m_reader.reasonAgainstCopy();
+    if (reason.isEmpty()) {
+        reason = make(copy);
+    }
     if (reason.isEmpty()) {
         rotate(today);
     }

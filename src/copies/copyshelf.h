@@ -37,7 +37,8 @@ public:
     /// Copies the store unless the last copy holds the same. \a isStart: a copy of this day may be replaced. Returns an
     /// empty text when the store's bytes are in a copy or a copy of today had to stay, else the reason.
     QString copyDay(const QDate &today, bool isStart);
-    /// Copies the store as a \a kind that nothing replaces, unless a copy of that kind holds the same already.
+    /// Copies the store, be it damaged or large, as a \a kind that nothing replaces, unless a copy of that kind holds the
+    /// same already.
     QString keep(Copy::Kind kind, const QDate &today);
 
     /// Those of \a copies (newest first) that may go on the day \a today. Kept are the last seven days, the last copy of

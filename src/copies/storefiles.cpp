@@ -79,8 +79,13 @@ QString StoreFiles::versionIn(const QString &folder)
         .toString();
 }
 
+bool StoreFiles::isThrownAway(const QString &version)
+{
+    static const QStringList old{QStringLiteral("1.0"), QStringLiteral("1.1"), QStringLiteral("1.2")};
+    return version.isEmpty() || old.contains(version);
+}
+
 bool StoreFiles::isAboutToBeEmptied() const
 {
-    static const QStringList emptied{QString(), QStringLiteral("1.0"), QStringLiteral("1.1"), QStringLiteral("1.2")};
-    return QFileInfo(database()).size() > 0 && emptied.contains(versionIn(folder()));
+    return QFileInfo(database()).size() > 0 && isThrownAway(versionIn(folder()));
 }

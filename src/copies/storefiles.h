@@ -30,7 +30,9 @@ public:
 
     /// The version on record; empty when there is none.
     static QString versionIn(const QString &folder);
-    /// Whether the store, opened now, throws away the patients that it holds: their version is old or not on record.
+    /// Whether the store throws away the patients of a database with that version on record: it is old, or there is none.
+    static bool isThrownAway(const QString &version);
+    /// Whether the store, opened now, throws away the patients that it holds.
     bool isAboutToBeEmptied() const;
 
 private:

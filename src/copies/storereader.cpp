@@ -35,7 +35,7 @@ StoreReader::StoreReader(const StoreFiles &store)
 {
 }
 
-QString StoreReader::copyTo(const QString &folder)
+QString StoreReader::reasonAgainstCopy()
 {
     const int database = heldDatabase();
     if (database < 0) {
@@ -47,6 +47,11 @@ QString StoreReader::copyTo(const QString &folder)
     if (QFileInfo(m_store.database()).size() > largestDatabaseBytes) {
         return QStringLiteral("the database is larger than %1 MiB").arg(largestDatabaseBytes / 1024 / 1024);
     }
+    return {};
+}
+
+QString StoreReader::copyTo(const QString &folder)
+{
     const QStringList names = StoreFiles::names();
     QString reason;
     for (int attempt = 0; attempt < attempts; ++attempt) {

@@ -15,6 +15,8 @@ class StoreReader
 public:
     explicit StoreReader(const StoreFiles &store);
 
+    /// Why a copy of the database would be of no use or take too long; empty when there is no such reason.
+    QString reasonAgainstCopy();
     /// Copies all files of the store that exist into an empty folder. Returns an empty text when every byte was found
     /// again there and the store stayed untouched meanwhile, else the reason.
     QString copyTo(const QString &folder);
