@@ -12,8 +12,8 @@ import sys
 
 HERE = pathlib.Path(__file__).resolve().parent
 ROOT = HERE.parents[1]
-CPP_FOLDERS = [ROOT / "src" / name for name in ("app", "copies", "platform", "service")]
-HEADERS = "/src/(app|copies|platform|service)/[^/]+\\.h$"
+CPP_FOLDERS = [ROOT / "src" / name for name in ("app", "copies", "platform", "restore", "service")]
+HEADERS = "/src/(app|copies|platform|restore|service)/[^/]+\\.h$"
 FINDING = re.compile(r"\b(warning|error):")
 
 

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "restorer.h"
+
+#include <QTimer>
+#include <QWidget>
+
+class QLabel;
+class QPushButton;
+class QTreeWidget;
+
+/// The list of the copies, and what can be done with one.
+class RestoreWindow : public QWidget
+{
+    Q_OBJECT
+    Q_DISABLE_COPY(RestoreWindow)
+
+public:
+    explicit RestoreWindow(const StoreFiles &store);
+
+private slots:
+    void lookForWidget();
+    void updateButtons();
+    void askAndGoBack();
+    void choosePatients();
+
+private:
+    void build();
+    void fillList();
+    const Restorer::Entry *selected() const;
+    void say(const QString &text);
+    void report(const QString &reason, const QString &done);
+
+    Restorer m_restorer;
+    QVector<Restorer::Entry> m_entries;
+    QTimer m_timer;
+    bool m_inUse = false;
+    QLabel *m_notice;
+    QTreeWidget *m_list;
+    QPushButton *m_goBack;
+    QPushButton *m_takeBack;
+    QLabel *m_outcome;
+};

@@ -1,0 +1,141 @@
+#include "practicefile.h"
+
+#include <QTemporaryDir>
+#include <QtTest>
+
+using namespace practice;
+
+class tst_PatientTable : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void patients_are_read_in_the_order_of_their_names_with_defaults_for_nulls();
+    void what_cannot_be_read_says_why_data();
+    void what_cannot_be_read_says_why();
+    void a_journal_is_played_back_in_a_copy_of_the_copy();
+    void difference_is_told_as_seen_from_today_data();
+    void difference_is_told_as_seen_from_today();
+    void patients_come_back_with_dates_and_answers_under_new_numbers();
+    void an_older_table_gets_the_present_columns_and_version();
+};
+
+void tst_PatientTable::patients_are_read_in_the_order_of_their_names_with_defaults_for_nulls()
+{
+    const QTemporaryDir place;
+    write(place.path(), {martin, dupont, "UPDATE Patients SET phone = NULL"});
+    const PatientTable table = PatientTable::read(place.path());
+    QCOMPARE(table.error, QString());
+    QCOMPARE(names(table), QStringList({"DUPONT Marie", "MARTIN Paul"}));
+    QCOMPARE(table.rows.first().value("phone"), QVariant(QString()));
+    QCOMPARE(table.rows.first().value("test_date"), QVariant("2014-05-12"));
+    QCOMPARE(table.lastId, 2);
+    QCOMPARE(QDir(place.path()).entryList(QDir::Files).size(), 2); // reading left nothing behind
+}
+
+void tst_PatientTable::what_cannot_be_read_says_why_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<bool>("fails");
+    QTest::newRow("no database") << QByteArray("something else, and long enough for a header of any kind") << true;
+    QTest::newRow("empty") << QByteArray() << false;
+}
+
+void tst_PatientTable::what_cannot_be_read_says_why()
+{
+    QFETCH(QByteArray, bytes);
+    const QTemporaryDir place;
+    QFile file(place.filePath(StoreFiles::databaseName()));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
+    file.close();
+    const PatientTable table = PatientTable::read(place.path());
+    QTEST(!table.error.isEmpty(), "fails");
+    QCOMPARE(table.rows.size(), 0);
+}
+
+void tst_PatientTable::a_journal_is_played_back_in_a_copy_of_the_copy()
+{
+    const QTemporaryDir place;
+    const QString before = place.filePath("before");
+    const QString cut = place.filePath("cut");
+    write(before, {dupont});
+    // A process that dies in the middle of a commit: the new pages are in the file, the old ones in the journal.
+    QDir().mkpath(cut);
+    {
+        QSqlDatabase database = QSqlDatabase::addDatabase("QSQLITE", "cut");
+        database.setDatabaseName(before + '/' + StoreFiles::databaseName());
+        QVERIFY(database.open());
+        QSqlQuery query(database);
+        QVERIFY(query.exec("PRAGMA cache_size = 1") && query.exec("BEGIN IMMEDIATE"));
+        QVERIFY(query.exec("UPDATE Patients SET name = 'HALF Written'"));
+        for (int row = 0; row < 2000; ++row)
+            QVERIFY(query.exec("INSERT INTO Patients (name) VALUES ('Filler that makes the cache spill to the file')"));
+        for (const QString &name : QDir(before).entryList(QDir::Files))
+            QVERIFY(QFile::copy(before + '/' + name, cut + '/' + name));
+        QVERIFY(query.exec("ROLLBACK"));
+    }
+    QSqlDatabase::removeDatabase("cut");
+    QVERIFY(QFileInfo(cut + '/' + StoreFiles::companionNames().first()).size() > 0);
+    QCOMPARE(names(PatientTable::read(cut)), QStringList{"DUPONT Marie"});
+    QVERIFY(QFileInfo(cut + '/' + StoreFiles::companionNames().first()).size() > 0); // untouched
+}
+
+void tst_PatientTable::difference_is_told_as_seen_from_today_data()
+{
+    QTest::addColumn<QStringList>("since");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("nothing") << QStringList() << "comme aujourd'hui";
+    QTest::newRow("one deleted") << QStringList{"DELETE FROM Patients WHERE id = 2"} << "1 patient de plus";
+    QTest::newRow("two deleted") << QStringList{"DELETE FROM Patients"} << "2 patients de plus";
+    QTest::newRow("one new") << QStringList{"INSERT INTO Patients (name) VALUES ('X')"} << "1 patient de moins";
+    QTest::newRow("renamed") << QStringList{"UPDATE Patients SET name = 'DURAND Marie' WHERE id = 1"} << "1 fiche modifiée";
+    QTest::newRow("all at once") << QStringList{"UPDATE Patients SET phone = '1' WHERE id = 1", "DELETE FROM Patients WHERE id = 2",
+                                                "INSERT INTO Patients (name) VALUES ('X')", "INSERT INTO Patients (name) VALUES ('Y')"}
+                                 << "2 patients de moins, 1 patient de plus, 1 fiche modifiée";
+    QTest::newRow("put back under another number")
+        << QStringList{"UPDATE Patients SET id = 9 WHERE id = 2", "UPDATE sqlite_sequence SET seq = 9"} << "comme aujourd'hui";
+    // The numbers begin at 1 again: the new number 1 is somebody else.
+    QTest::newRow("thrown away and begun anew")
+        << QStringList{"DROP TABLE Patients", table, "INSERT INTO Patients (name, created) VALUES ('X', '2014-04-10')"}
+        << "1 patient de moins, 2 patients de plus";
+}
+
+void tst_PatientTable::difference_is_told_as_seen_from_today()
+{
+    QFETCH(QStringList, since);
+    const QTemporaryDir place;
+    write(place.filePath("copy"), {dupont, martin});
+    write(place.filePath("today"), QStringList{dupont, martin} + since);
+    QTEST(Difference::between(PatientTable::read(place.filePath("copy")), PatientTable::read(place.filePath("today"))).text(), "text");
+}
+
+void tst_PatientTable::patients_come_back_with_dates_and_answers_under_new_numbers()
+{
+    const QTemporaryDir place;
+    write(place.filePath("copy"), {dupont, martin});
+    write(place.filePath("today"), {martin});
+    const PatientTable copy = PatientTable::read(place.filePath("copy"));
+    QCOMPARE(patients::add(place.filePath("today"), {copy.rows.first()}), QString());
+    const PatientTable today = PatientTable::read(place.filePath("today"));
+    QCOMPARE(names(today), QStringList({"DUPONT Marie", "MARTIN Paul"}));
+    QVariantMap expected = copy.rows.first();
+    expected["id"] = 2;
+    QCOMPARE(today.rows.first(), expected);
+    QVERIFY(!patients::add(place.path(), copy.rows).isEmpty()); // no table there
+}
+
+void tst_PatientTable::an_older_table_gets_the_present_columns_and_version()
+{
+    const QTemporaryDir place;
+    run(place.path(), {"CREATE TABLE `Patients` (`id` INTEGER PRIMARY KEY, `name` TEXT)",
+                       "INSERT INTO Patients (name) VALUES ('DUPONT Marie')"});
+    QCOMPARE(patients::bringUpToDate(place.path()), QString());
+    QCOMPARE(StoreFiles::versionIn(place.path()), QString("1.3"));
+    run(place.path(), {dupont}); // names the present columns
+    QCOMPARE(names(PatientTable::read(place.path())), QStringList({"DUPONT Marie", "DUPONT Marie"}));
+}
+
+QTEST_GUILESS_MAIN(tst_PatientTable)
+
+#include "tst_PatientTable.moc"
