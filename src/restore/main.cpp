@@ -4,30 +4,14 @@
 
 #include <QApplication>
 #include <QIcon>
-#include <QStandardPaths>
-
-namespace {
-
-/// Outside a bundle Qt names a program after its file, and its data folder with it; ours is the widget's.
-QString widgetsDataFolder()
-{
-    QString folder = QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation);
-    const QLatin1String suffix("-restore");
-    if (folder.endsWith(suffix)) {
-        folder.chop(suffix.size());
-    }
-    return folder;
-}
-
-} // namespace
 
 int main(int argc, char *argv[])
 {
-    prepareProcess();
+    prepareProcess(); // which also gives this program the widget's name, and with it the data folder
 
     QApplication application(argc, argv);
     QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("com.olmeric.vesktandry")));
-    RestoreWindow window{StoreFiles(widgetsDataFolder())};
+    RestoreWindow window{StoreFiles::ofApplication()};
     window.show();
     return QApplication::exec();
 }

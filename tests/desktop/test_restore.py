@@ -15,6 +15,7 @@ class RestoreProgram(Widget):
 
 
 class Restore(DesktopTest):
+    complains = True  # what the store throws away is said
 
     def start_restore(self):
         restore = RestoreProgram(self.desktop, self.home, clock=f"{DAY} 12:00:00")
