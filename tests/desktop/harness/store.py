@@ -15,10 +15,10 @@ _TABLE = """CREATE TABLE `Patients`(`id` INTEGER PRIMARY KEY AUTOINCREMENT,`gend
 
 
 class Store:
-    """The database of a program called `program` in the home whose data folder is `data`."""
+    """The database of a program called `program` in the home whose data folder is `data`, or a copy of it in `folder`."""
 
-    def __init__(self, data, program):
-        self.folder = os.path.join(data, program, "QML", "OfflineStorage", "Databases")
+    def __init__(self, data, program, folder=None):
+        self.folder = folder or os.path.join(data, program, "QML", "OfflineStorage", "Databases")
         self.file = os.path.join(self.folder, _NAME + ".sqlite")
         self._record = os.path.join(self.folder, _NAME + ".ini")
         self.copies_folder = os.path.join(data, program, "copies")

@@ -77,11 +77,16 @@ class Widget:
         wait_until(lambda: self._focus(), "something in the window has the keyboard")
         return self
 
-    def active_width(self):
-        """The width of the program's window that has the keyboard, or None."""
+    def active_place(self):
+        """Place and size of the program's window that has the keyboard, or None."""
         found = re.search(r"0x[0-9a-f]+", self.screen.property("root", "_NET_ACTIVE_WINDOW"))
         window = int(found.group(), 16) if found else 0
-        return self.screen.geometry(window).width if window in self.screen.windows(self.process.pid) else None
+        return self.screen.geometry(window) if window in self.screen.windows(self.process.pid) else None
+
+    def active_width(self):
+        """The width of the program's window that has the keyboard, or None."""
+        place = self.active_place()
+        return place.width if place else None
 
     # Controls
 
