@@ -6,10 +6,14 @@ include(GNUInstallDirs)
 set(application_id com.olmeric.vesktandry)
 set(linux_dir "${CMAKE_CURRENT_LIST_DIR}")
 
-install(TARGETS tandry RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
-install(FILES "${linux_dir}/${application_id}.desktop" DESTINATION "${CMAKE_INSTALL_DATADIR}/applications")
-install(FILES "${linux_dir}/${application_id}.metainfo.xml" DESTINATION "${CMAKE_INSTALL_DATADIR}/metainfo")
+install(TARGETS tandry tandry-restore RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
+install(FILES "${linux_dir}/${application_id}.desktop" "${linux_dir}/${application_id}.restore.desktop"
+    DESTINATION "${CMAKE_INSTALL_DATADIR}/applications")
+configure_file("${linux_dir}/${application_id}.metainfo.xml.in" "${CMAKE_CURRENT_BINARY_DIR}/${application_id}.metainfo.xml" @ONLY)
+install(FILES "${CMAKE_CURRENT_BINARY_DIR}/${application_id}.metainfo.xml" DESTINATION "${CMAKE_INSTALL_DATADIR}/metainfo")
 install(FILES "${linux_dir}/copyright" DESTINATION "${CMAKE_INSTALL_DOCDIR}")
+
+install(DIRECTORY "${TANDRY_MANUAL_DIR}/" DESTINATION "${CMAKE_INSTALL_DOCDIR}")
 
 # Debian keeps manual pages and lists of changes compressed: without a name and a date inside (-n), so that the same
 # sources give the same package.
@@ -22,7 +26,8 @@ function(tandry_install_compressed source name folder)
     install(FILES "${compressed}" DESTINATION "${folder}")
 endfunction()
 tandry_install_compressed("${linux_dir}/tandry.1" tandry.1 "${CMAKE_INSTALL_MANDIR}/man1")
-tandry_install_compressed("${linux_dir}/changelog" changelog "${CMAKE_INSTALL_DOCDIR}")
+tandry_install_compressed("${linux_dir}/tandry-restore.1" tandry-restore.1 "${CMAKE_INSTALL_MANDIR}/man1")
+tandry_install_compressed("${linux_dir}/changelog" changelog.Debian "${CMAKE_INSTALL_DOCDIR}")
 tandry_install_compressed("${PROJECT_SOURCE_DIR}/CHANGELOG.md" CHANGELOG.md "${CMAKE_INSTALL_DOCDIR}")
 get_property(compressed_files GLOBAL PROPERTY TANDRY_COMPRESSED)
 add_custom_target(tandry_package_documents ALL DEPENDS ${compressed_files})
@@ -37,6 +42,20 @@ install(FILES "${PROJECT_SOURCE_DIR}/src/images/source/tray.svg"
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME vesk-tandry)
 set(CPACK_PACKAGE_VERSION "${PROJECT_VERSION}")
+# Counts the packages of one version of the program. With the release that it is built on behind it, since each has its
+# own Qt: so an upgrade of the system finds the newer package.
+set(TANDRY_PACKAGE_REVISION 1)
+set(release "")
+if(EXISTS /etc/os-release)
+    file(STRINGS /etc/os-release os_release REGEX "^(ID|VERSION_ID)=")
+    if(os_release MATCHES "(^|;)VERSION_ID=\"?([0-9.]+)")
+        set(release "${CMAKE_MATCH_2}")
+    endif()
+    if(release AND os_release MATCHES "(^|;)ID=\"?([a-z]+)")
+        string(REPLACE debian deb release "+${CMAKE_MATCH_2}${release}")
+    endif()
+endif()
+set(CPACK_DEBIAN_PACKAGE_RELEASE "${TANDRY_PACKAGE_REVISION}${release}")
 set(CPACK_PACKAGE_VENDOR Olmeric)
 set(CPACK_PACKAGE_CONTACT "Olmeric <${TANDRY_CUSTOMER_EMAIL}>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Follow-up of patients in allergy desensitisation")

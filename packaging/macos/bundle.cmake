@@ -13,6 +13,13 @@ add_custom_command(TARGET tandry POST_BUILD
     COMMAND ditto "${TANDRY_SPARKLE_FRAMEWORK}" "${bundle_contents}/Frameworks/Sparkle.framework"
     COMMENT "Embedding the update framework")
 
+# Beside the program: the one that goes back to a copy, which finds the same data folder there, and the manual.
+add_dependencies(tandry tandry-restore tandry_manual)
+add_custom_command(TARGET tandry POST_BUILD
+    COMMAND "${CMAKE_COMMAND}" -E copy "$<TARGET_FILE:tandry-restore>" "${bundle_contents}/MacOS/tandry-restore"
+    COMMAND "${CMAKE_COMMAND}" -E copy_directory "${TANDRY_MANUAL_DIR}" "${bundle_contents}/Resources/manuel"
+    COMMENT "Adding the second program and the manual")
+
 # The icon is made from the drawing of the tray picture by scripts/render-pictures.
 target_sources(tandry PRIVATE "${CMAKE_CURRENT_LIST_DIR}/tandry.icns")
 set_source_files_properties("${CMAKE_CURRENT_LIST_DIR}/tandry.icns"

@@ -15,10 +15,15 @@ from project import APPLICATION_ID, ROOT, given
 ICONS = f"share/icons/hicolor/{{}}/apps/{APPLICATION_ID}."
 TREE = sorted([
     "bin/tandry",
+    "bin/tandry-restore",
     f"share/applications/{APPLICATION_ID}.desktop",
+    f"share/applications/{APPLICATION_ID}.restore.desktop",
     "share/doc/vesk-tandry/CHANGELOG.md.gz",
-    "share/doc/vesk-tandry/changelog.gz",
+    "share/doc/vesk-tandry/changelog.Debian.gz",
     "share/doc/vesk-tandry/copyright",
+    *(f"share/doc/vesk-tandry/images/{name}.png" for name in ("fenetre", "fiche", "liste", "recherche", "reprendre", "retour")),
+    "share/doc/vesk-tandry/installation.html",
+    "share/doc/vesk-tandry/manuel.html",
     ICONS.format("16x16") + "png",
     ICONS.format("22x22") + "png",
     ICONS.format("24x24") + "png",
@@ -28,6 +33,7 @@ TREE = sorted([
     ICONS.format("128x128") + "png",
     ICONS.format("256x256") + "png",
     ICONS.format("scalable") + "svg",
+    "share/man/man1/tandry-restore.1.gz",
     "share/man/man1/tandry.1.gz",
     f"share/metainfo/{APPLICATION_ID}.metainfo.xml",
 ])
@@ -69,13 +75,13 @@ class DebianPackage(unittest.TestCase):
                  for folder, _, names in os.walk(self.prefix) for name in names]
         self.assertEqual(sorted(found), TREE)
 
-    def test_only_the_program_can_be_executed(self):
+    def test_only_the_programs_can_be_executed(self):
         executable = [below for below in TREE if os.stat(self.path(below)).st_mode & stat.S_IXUSR]
-        self.assertEqual(executable, ["bin/tandry"])
+        self.assertEqual(executable, ["bin/tandry", "bin/tandry-restore"])
 
     def test_the_icons_have_the_sizes_that_their_folders_say(self):
         for below in TREE:
-            if not below.endswith(".png"):
+            if not below.endswith(".png") or "/icons/" not in below:
                 continue
             with open(self.path(below), "rb") as file:
                 header = file.read(24)
@@ -83,11 +89,35 @@ class DebianPackage(unittest.TestCase):
             width, height = int.from_bytes(header[16:20], "big"), int.from_bytes(header[20:24], "big")
             self.assertIn(f"/{width}x{height}/", below)
 
-    def test_the_menu_entry(self):
+    def menu_entry(self, name):
         reader = configparser.ConfigParser(interpolation=None)
         reader.optionxform = str
-        reader.read_string(self.read(f"share/applications/{APPLICATION_ID}.desktop"))
-        entry = reader["Desktop Entry"]
+        reader.read_string(self.read(f"share/applications/{name}.desktop"))
+        return reader
+
+    def test_the_manual_is_whole_and_the_menu_opens_it(self):
+        entry = self.menu_entry(APPLICATION_ID)
+        self.assertEqual(entry["Desktop Entry"]["Actions"], "manuel;")
+        action = entry["Desktop Action manuel"]
+        self.assertEqual(action["Name"], "Manuel")
+        self.assertEqual(action["Exec"], "xdg-open /usr/share/doc/vesk-tandry/manuel.html")
+        for page, title in (("manuel", "Vesk Tandry : manuel"), ("installation", "Installer Vesk Tandry au cabinet")):
+            text = self.read(f"share/doc/vesk-tandry/{page}.html")
+            self.assertIn(f"<title>{title}</title>", text)
+            self.assertIn("<table>", text)
+            targets = re.findall(r'(?:src|href)="([^"#:]+)"', text)
+            self.assertTrue(targets)
+            for target in targets:
+                self.assertTrue(os.path.exists(self.path(f"share/doc/vesk-tandry/{target}")), target)
+
+    def test_the_menu_entry_of_the_way_back(self):
+        entry = self.menu_entry(f"{APPLICATION_ID}.restore")["Desktop Entry"]
+        self.assertEqual(entry["Name"], "Vesk Tandry – revenir à une copie")
+        self.assertEqual(entry["Exec"], "tandry-restore")
+        self.assertEqual(entry["StartupWMClass"], "tandry-restore")
+
+    def test_the_menu_entry(self):
+        entry = self.menu_entry(APPLICATION_ID)["Desktop Entry"]
         self.assertEqual(entry["Type"], "Application")
         self.assertEqual(entry["Name"], "Vesk Tandry")
         self.assertEqual(entry["Exec"], "tandry")
@@ -108,18 +138,28 @@ class DebianPackage(unittest.TestCase):
         self.assertEqual(component.findtext("launchable"), f"{APPLICATION_ID}.desktop")
         self.assertEqual(component.findtext("provides/binary"), "tandry")
         self.assertTrue(component.findtext("summary"))
+        language = "{http://www.w3.org/XML/1998/namespace}lang"
+        paragraphs = [paragraph.get(language) for paragraph in component.findall("description/p")]
+        self.assertEqual(paragraphs, [None, "fr"] * 2)
+        self.assertEqual([os.path.basename(image.text) for image in component.findall("screenshots/screenshot/image")],
+                         ["widget.png", "liste.png"])
 
     def test_every_paper_names_this_version_first(self):
         version = given("TANDRY_VERSION")
         component = xml.fromstring(self.read(f"share/metainfo/{APPLICATION_ID}.metainfo.xml"))
         self.assertEqual(component.find("releases/release").get("version"), version, "metainfo")
-        self.assertEqual(self.read("share/doc/vesk-tandry/changelog.gz").split("\n")[0],
-                         f"vesk-tandry ({version}) unstable; urgency=medium")
-        self.assertRegex(self.read("share/man/man1/tandry.1.gz"), rf'\A\.TH TANDRY 1 "[-0-9]+" "Vesk Tandry {version}"')
+        package = self.packager_settings()["CPACK_DEBIAN_PACKAGE_RELEASE"]
+        revision = package.split("+")[0]
+        self.assertEqual(self.read("share/doc/vesk-tandry/changelog.Debian.gz").split("\n")[0],
+                         f"vesk-tandry ({version}-{revision}) unstable; urgency=medium")
+        for page in ("tandry", "tandry-restore"):
+            self.assertRegex(self.read(f"share/man/man1/{page}.1.gz"),
+                             rf'\A\.TH {page.upper()} 1 "[-0-9]+" "Vesk Tandry {version}"')
         first = re.search(r"^## (\S+?),", self.read("share/doc/vesk-tandry/CHANGELOG.md.gz"), re.MULTILINE)
         self.assertEqual(first.group(1), version, "CHANGELOG.md")
         manual = (ROOT / "docs" / "manuel.md").read_text(encoding="utf-8")
-        self.assertEqual(set(re.findall(r"vesk-tandry_([0-9.]+)_amd64\.deb", manual)), {version}, "manuel.md")
+        self.assertEqual(set(re.findall(r"vesk-tandry_([-0-9.]+)\+deb12_amd64\.deb", manual)), {f"{version}-{revision}"},
+                         "manuel.md")
         self.assertEqual(self.packager_settings()["CPACK_PACKAGE_VERSION"], version)
 
     def test_the_package_asks_for_what_no_tool_finds(self):

@@ -10,7 +10,7 @@ from project import PACKAGING, given
 
 SCRIPT = str(PACKAGING / "macos" / "make-bundle")
 # The code of a real bundle, as macdeployqt and the update framework leave it; some is a file, some a folder.
-FILES = ["MacOS/tandry",
+FILES = ["MacOS/tandry", "MacOS/tandry-restore",
          "PlugIns/platforms/libqcocoa.dylib",
          "Resources/qml/QtQuick.2/libqtquick2plugin.dylib",
          "Frameworks/QtCore.framework/Versions/5/QtCore",
@@ -53,7 +53,8 @@ class MakeBundle(unittest.TestCase):
 
     def test_the_documents_folder_is_searched_for_modules(self):
         deploy = next(step for step in steps() if step[0] == "macdeployqt")
-        self.assertEqual(deploy[1:3], ["build/macos/Vesk Tandry.app", "-qmldir=src/qml"])
+        self.assertEqual(deploy[1:4], ["build/macos/Vesk Tandry.app", "-qmldir=src/qml",
+                                       "-executable=build/macos/Vesk Tandry.app/Contents/MacOS/tandry-restore"])
 
     def test_the_bundle_is_renamed_and_the_image_named_after_the_version(self):
         all_steps = steps("--output", "out")
@@ -65,7 +66,7 @@ class MakeBundle(unittest.TestCase):
         self.make_bundle()
         signed = self.signed()
         self.assertEqual(sorted(signed), sorted([
-            "", "PlugIns/platforms/libqcocoa.dylib", "Resources/qml/QtQuick.2/libqtquick2plugin.dylib",
+            "", "MacOS/tandry-restore", "PlugIns/platforms/libqcocoa.dylib", "Resources/qml/QtQuick.2/libqtquick2plugin.dylib",
             "Frameworks/QtCore.framework", "Frameworks/Sparkle.framework",
             "Frameworks/Sparkle.framework/Versions/A/Resources/Autoupdate.app",
             "Frameworks/Sparkle.framework/Versions/A/Resources/Autoupdate.app/Contents/MacOS/fileop"]))
