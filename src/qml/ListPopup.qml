@@ -125,6 +125,8 @@ Rectangle {
 
                 focusColor: Palette.focusOnDark
                 name: qsTr("Tout sélectionner")
+                narrow: true
+                outlined: false
                 tickColor: Palette.tickAll
 
                 onCheckedChanged: ListLogic.checkAll(checked)

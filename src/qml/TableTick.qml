@@ -1,16 +1,20 @@
 import QtQuick 2.2
 import "base"
 
-// The tick box at the left of the patient table: its zone is wider than the box, which stands in its column.
+// The tick box at the left of the patient table, in its column. A row's zone is wider and begins at the row's edge.
 Clickable {
     id: root
 
     property bool checked: false
     property real tableWidth: parent ? parent.width : 0
     property alias tickColor: mark.tickColor
+    property alias outlined: mark.outlined
+    /// Whether the zone is the column's own.
+    property bool narrow: false
 
     height: parent ? parent.height : 0
-    width: tableWidth * Metrics.tickZone
+    width: tableWidth * (narrow ? Metrics.tickColumn : Metrics.tickZone)
+    x: narrow ? tableWidth * Metrics.columnGap : 0
 
     onTriggered: checked = !checked
 
@@ -24,6 +28,6 @@ Clickable {
 
         anchors.verticalCenter: parent.verticalCenter
         checked: root.checked
-        x: Math.round(root.tableWidth * (Metrics.columnGap + Metrics.tickColumn / 2) - width / 2)
+        x: Math.round(root.tableWidth * (Metrics.columnGap + Metrics.tickColumn / 2) - width / 2) - root.x
     }
 }

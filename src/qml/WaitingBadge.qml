@@ -16,11 +16,8 @@ Image {
         anchors.centerIn: parent
         color: Palette.white
         font.bold: true
-        fontSizeMode: Text.HorizontalFit
-        horizontalAlignment: Text.AlignHCenter
-        minimumPointSize: 5
+        growth: 1.2
         text: root.number
-        width: 20
 
         Accessible.ignored: root.number === 0
         Accessible.name: root.number < 2 ? qsTr("%1 patient en attente").arg(root.number)

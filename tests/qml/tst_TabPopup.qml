@@ -37,6 +37,15 @@ Item {
             compare(look(item, child, "top"), 9);
         }
 
+        function test_number_of_the_badge_keeps_its_size() {
+            var badge = load("WaitingBadge", { number: 7 });
+            var text = textItem(badge, "7");
+            var height = text.contentHeight;
+
+            badge.number = 12345;
+            compare(text.contentHeight, height);
+        }
+
         function test_activation_checks_and_never_unchecks_data() {
             return [{ tag: "mouse" }, { tag: "Return", key: Qt.Key_Return }, { tag: "Space", key: Qt.Key_Space },
                     { tag: "press action", press: true }];

@@ -1,14 +1,16 @@
 import QtQuick 2.2
 
-// The square of a tick box: white, filled with its colour and ticked when `checked`.
+// The square of a tick box: white, filled with its colour and ticked when `checked`. Unticked it has an outline where
+// white could not be seen on what lies below.
 Rectangle {
     id: root
 
     property bool checked: false
     property color tickColor: Palette.tickYes
+    property bool outlined: true
 
     border.color: Palette.tickBoxBorder
-    border.width: checked ? 0 : 1
+    border.width: outlined && !checked ? 1 : 0
     color: checked ? tickColor : Palette.tickBox
     implicitHeight: Metrics.tickBoxSize
     implicitWidth: Metrics.tickBoxSize
