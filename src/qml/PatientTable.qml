@@ -40,6 +40,7 @@ Rectangle {
     ThinScrollView {
         anchors.fill: parent
         horizontalScrollBarPolicy: Qt.ScrollBarAlwaysOff
+        rowHeight: Metrics.tableRowHeight
         verticalScrollBarPolicy: Qt.ScrollBarAlwaysOn
 
         ListView {

@@ -5,6 +5,7 @@ from harness.patient_list import ALL, REMOVE, SELECT_ALL, WAITING, PatientList
 from harness.waiting import wait_equal, wait_until
 
 COUNT = 10000
+ROW_HEIGHT = 42
 # A person takes a longer pause for a program that hangs.
 PATIENCE_FOR_ONE_STEP = 10
 
@@ -21,6 +22,10 @@ class LargeList(DesktopTest):
 
     def test_scrolls_while_the_wheel_turns(self):
         place = self.list.place
+        row = self.list.window.find("Ouvrir Patient 00008", "push button")
+        before = row.box.y
+        self.desktop.screen.wheel(place.x + 400, place.y + 400, -1)
+        wait_equal(lambda: row.box.y, before - 3 * ROW_HEIGHT, "a notch moves three rows")
         self.desktop.screen.wheel(place.x + 400, place.y + 400, -40)
         wait_until(lambda: (self.list.names() or [""])[0] > "Patient 00010", "the rows move", PATIENCE_FOR_ONE_STEP)
         self.picture("list-scrolled")

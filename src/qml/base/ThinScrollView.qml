@@ -2,8 +2,12 @@ import QtQuick 2.2
 import QtQuick.Controls 1.1
 import QtQuick.Controls.Styles 1.1
 
-// A scroll view with a thin bar that is always there and has no arrows.
+// A scroll view with a thin bar that is always there and has no arrows. A notch of the wheel moves it by three rows.
 ScrollView {
+    /// The height of what is scrolled by threes.
+    property real rowHeight: Metrics.rowHeight
+
+    __wheelAreaScrollSpeed: 3 * rowHeight
     style: ScrollViewStyle {
         decrementControl: null
         handle: Rectangle {
