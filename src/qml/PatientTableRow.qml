@@ -120,6 +120,8 @@ Rectangle {
             right: parent.right
             rightMargin: root.width * Metrics.rightOfOpenZone
         }
+        // Round the phone number, which reaches beyond the zone.
+        focusRing.anchors.rightMargin: -root.width * Metrics.phoneBeyondOpenZone
         height: parent.height
         name: qsTr("Ouvrir %1").arg(root.iname)
 

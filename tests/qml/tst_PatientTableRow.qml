@@ -108,6 +108,15 @@ Item {
             compare(item.exchecked, data.ticks);
         }
 
+        function test_the_focus_frame_goes_round_the_phone_number() {
+            var item = row({ iphone: "06 11 22 33 44" });
+            var ring = ofType(named(item, "Ouvrir " + marie), "FocusRing")[0];
+            var phone = textItem(item, "06 11 22 33 44");
+
+            verify(look(item, ring, "right") > look(item, phone, "right"));
+            verify(look(item, ring, "right") < look(item, ofType(item, "ButtonSMS")[0], "left"));
+        }
+
         function test_roles_and_states() {
             var item = row();
             var tick = named(item, "Sélectionner " + marie);

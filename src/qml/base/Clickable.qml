@@ -8,6 +8,7 @@ Item {
     default property alias content: area.data
     property string name
     property color focusColor: Palette.focusOnLight
+    property alias focusRing: ring
     /// How far the frame of the focus stands off.
     property real focusDistance: 0
     property alias acceptedButtons: area.acceptedButtons
@@ -55,6 +56,8 @@ Item {
     }
 
     FocusRing {
+        id: ring
+
         anchors.margins: -root.focusDistance
         border.color: root.focusColor
     }

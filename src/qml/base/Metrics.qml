@@ -34,6 +34,7 @@ QtObject {
     // what answers the mouse in a row: the tick at the left, the patient up to what lies right of it
     readonly property real tickZone: 0.05
     readonly property real rightOfOpenZone: 0.13
+    readonly property real phoneBeyondOpenZone: 0.027
 
     readonly property int slideDuration: 600
     readonly property int unfoldDuration: 300
