@@ -73,6 +73,7 @@ FocusScope {
     /// Shows `model` in all fields and questions.
     function displayModel() {
         nameStatus.name = model.name || "";
+        nameStatus.showBeginning();
         nameStatus.genderMale = !(model.genderMale === false || model.genderMale === 0);
         fields.phone = model.phone || "";
         fields.firstAppointment = model.created_format || getToday();

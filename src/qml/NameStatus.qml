@@ -17,6 +17,11 @@ Rectangle {
         (editable ? field : back).forceActiveFocus();
     }
 
+    /// Shows the beginning of a name that is longer than the bar.
+    function showBeginning() {
+        field.cursorPosition = 0;
+    }
+
     color: Palette.nameBar
     height: Metrics.barHeight
 

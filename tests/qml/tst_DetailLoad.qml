@@ -48,6 +48,14 @@ Item {
             compare(detail.state, data.state);
         }
 
+        function test_a_long_name_shows_its_beginning() {
+            openPatient({ name: "François de La Tour-Maubourg" });
+            compare(named(nameBar, "Nom du patient").cursorPosition, 0);
+            // What was typed to create a patient is typed on at its end.
+            detail.load("", "Dupont");
+            compare(named(nameBar, "Nom du patient").cursorPosition, 6);
+        }
+
         function test_a_new_patient_after_a_stored_one_is_blank() {
             openPatient({ genderMale: 0, test: 1, test_date: "2014-05-12" });
             detail.load("", "");
