@@ -26,6 +26,11 @@ WindowFrame {
         contextMenu.popup();
     }
 
+    /// Opens the menu below the header, wherever the mouse is.
+    function openContextMenuByKey() {
+        contextMenu.__popup(Qt.rect(10, Metrics.headerHeight, 0, 0), -1);
+    }
+
     dragZone.width: buttons.x
     height: 174
     state: "base"

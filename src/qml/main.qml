@@ -76,8 +76,8 @@ Rectangle {
     }
 
     function openMenuByKey(event) {
-        if (event.key === Qt.Key_Menu || event.key === Qt.Key_F10 && event.modifiers & Qt.ShiftModifier) {
-            container.openContextMenu();
+        if (event.key === Qt.Key_Menu || event.key === Qt.Key_F10) {
+            container.openContextMenuByKey();
             event.accepted = true;
         }
     }

@@ -2,6 +2,7 @@
 
 from harness.case import DesktopTest, main
 from harness.screen import RIGHT
+from harness.tandry import SEARCH_FIELD
 from harness.waiting import stays, wait_equal, wait_until
 
 
@@ -91,14 +92,34 @@ class ContextMenu(DesktopTest):
         self.assertTrue(self.widget.running)
 
     def test_works_from_the_keyboard(self):
-        self.widget.press("shift+F10")
+        self.widget.press("F10")
         self.wait_for_menu()
+        place, window = self.desktop.screen.geometry(self.widget.menu_window()), self.widget.geometry()
+        self.assertEqual(place[:2], (window.x + 10, window.y + 42), "below the header, not at the mouse")
         self.widget.press("Down", "Return")
         wait_equal(lambda: self.home.login_list()["Disabled"], True, "the first item was chosen")
-        self.widget.press("Menu")
+        self.widget.press("Tab", "Menu")
         self.wait_for_menu()
         self.widget.press("Down", "Down", "Down", "Return")
         self.widget.control("Fermeture de Tandry")
+
+
+    def test_a_field_has_a_menu_of_its_own(self):
+        def text():
+            return self.widget.control(SEARCH_FIELD, "text").text
+
+        self.widget.search("du")
+        self.widget.press("ctrl+a")
+        for key, item, result in (("Menu", "Couper", ""), ("shift+F10", "Coller", "du"), ("Menu", "nothing", "dux")):
+            self.widget.press(key)
+            self.wait_for_menu()
+            self.picture("field-menu-" + item)
+            if item == "nothing":
+                self.close_menu()
+                self.widget.type("x")
+            else:
+                self.widget.press("Down", "Return")
+            wait_equal(text, result, item)
 
 
 if __name__ == "__main__":

@@ -175,11 +175,30 @@ Item {
             compare(Native.accessible(named(item, "Effacer la recherche")).role, "Button");
         }
 
-        function test_a_right_click_in_the_field_writes_no_warning() {
+        // Couper, Copier, Coller, Tout sélectionner: what a right click offers, and what it does.
+        function test_the_field_has_a_menu() {
             var item = bar();
+            var input = field(item);
+            var choose = function (number, enabled) {
+                mouseClick(input, 40, 10, Qt.RightButton);
+                compare([0, 1, 2, 3].map(function (i) { return input.fieldMenu.items[i].enabled; }), enabled);
+                input.fieldMenu.items[number].trigger();
+                input.fieldMenu.__dismissMenu();
+            };
 
-            mouseClick(field(item), 40, 10, Qt.RightButton);
-            compare(item.text, "");
+            input.text = "dupont";
+            input.select(0, 2);
+            choose(0, [true, true, input.canPaste, true]);
+            compare(input.text, "pont");
+            choose(2, [false, false, true, true]);
+            compare(input.text, "dupont");
+            choose(3, [false, false, true, true]);
+            compare(input.selectedText, "dupont");
+            choose(1, [true, true, true, true]);
+            compare(input.text, "dupont");
+            input.text = "";
+            choose(2, [false, false, true, false]);
+            compare(input.text, "dupont");
         }
     }
 }

@@ -130,7 +130,8 @@ Item {
             return [
                 { tag: "Menu", key: Qt.Key_Menu, modifiers: Qt.NoModifier, opens: 1 },
                 { tag: "Shift F10", key: Qt.Key_F10, modifiers: Qt.ShiftModifier, opens: 1 },
-                { tag: "F10", key: Qt.Key_F10, modifiers: Qt.NoModifier, opens: 0 }
+                { tag: "F10", key: Qt.Key_F10, modifiers: Qt.NoModifier, opens: 1 },
+                { tag: "F9", key: Qt.Key_F9, modifiers: Qt.NoModifier, opens: 0 }
             ];
         }
 

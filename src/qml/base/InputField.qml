@@ -15,8 +15,24 @@ TextField {
     property color placeholderColor: Palette.white
     property color selectionColor: Palette.white
     property color selectedTextColor: Palette.searchBar
+    property FieldMenu fieldMenu: null
 
-    // This Qt's own menu of a field ends in a script error.
+    function openMenu(x, y) {
+        if (!fieldMenu) {
+            fieldMenu = menuComponent.createObject(root, { field: root });
+        }
+        forceActiveFocus();
+        fieldMenu.open(x, y);
+    }
+
+    /// The keys that open the menu of what has the keyboard.
+    function openMenuByKey(event) {
+        if (event.key === Qt.Key_Menu || event.key === Qt.Key_F10 && event.modifiers & Qt.ShiftModifier) {
+            openMenu(0, height);
+            event.accepted = true;
+        }
+    }
+
     menu: null
     style: TextFieldStyle {
         background: Item {}
@@ -36,5 +52,20 @@ TextField {
         textColor: root.color
     }
 
+    Keys.onPressed: openMenuByKey(event)
+
     Accessible.name: root.name
+
+    MouseArea {
+        acceptedButtons: Qt.RightButton
+        anchors.fill: parent
+
+        onClicked: root.openMenu(mouse.x, mouse.y)
+    }
+
+    Component {
+        id: menuComponent
+
+        FieldMenu {}
+    }
 }
