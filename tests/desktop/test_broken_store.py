@@ -1,5 +1,7 @@
 """A database that cannot be used: the program starts, says so in its log, loses nothing and does not hang."""
 
+import os
+
 from harness import isolation
 from harness.case import DesktopTest, complaints, main
 from harness.tandry import PHONE_FIELD, QUESTIONS
@@ -49,6 +51,16 @@ class BrokenStore(DesktopTest):
         widget.control("Créer la fiche patient")
         with open(self.store.file, "rb") as file:
             self.assertEqual(file.read(), garbage)
+
+    def test_a_folder_that_cannot_be_made(self):
+        os.makedirs(os.path.dirname(self.store.folder), mode=0o700)
+        with open(self.store.folder, "wb"):  # a file in its place
+            pass
+        widget = self.start_ready()
+        self.wait_for_complaint(widget)
+        os.remove(self.store.folder)
+        widget.create("Dupont")
+        self.assertEqual([row["name"] for row in self.store.patients()], ["Dupont"])
 
     def test_read_only(self):
         self.put_on_a_disk_of_its_own()

@@ -21,6 +21,14 @@ class DatabaseVersions(DesktopTest):
                 self.assertEqual([row["name"] for row in self.store.patients()], ["DURAND Anne"])
                 widget.stop()
 
+    def test_a_migration_that_was_cut_short_is_finished(self):
+        self.store.seed(version="1.2")
+        self.store.execute("DROP TABLE `Patients`")
+        widget = self.start_ready()
+        widget.create("DURAND Anne")
+        self.assertEqual((self.store.version(), [row["name"] for row in self.store.patients()]),
+                         ("1.3", ["DURAND Anne"]))
+
     def test_the_present_version_and_unknown_ones_are_kept(self):
         for version in ("1.3", "2.0"):
             with self.subTest(version=version):

@@ -4,8 +4,8 @@ and nothing that was stored is lost."""
 import os
 
 from harness.case import DesktopTest, complaints, main
-from harness.patient_list import PatientList
-from harness.tandry import PHONE_FIELD, QUESTIONS
+from harness.patient_list import ALL, PatientList
+from harness.tandry import NAME_FIELD, PHONE_FIELD, QUESTIONS
 from harness.waiting import wait_equal, wait_until
 
 PATIENT = {"name": "Dupont", "created": "2014-04-10", "phone": "0601020304"}
@@ -80,6 +80,35 @@ class StoreAccidents(DesktopTest):
         self.assertEqual([row["name"] for row in self.store.patients()], ["Dupont", "Autre"])
         widget.back()
         widget.open_patient("Autre")
+
+    def test_its_version_record_lost(self):
+        self.store.seed(PATIENT)
+        widget = self.start_ready()
+        self.store.lose_record()
+        widget.open_patient("Dupont")
+        self.answer_again(widget)
+        self.assertEqual([row["name"] for row in self.store.patients()], ["Dupont"])
+
+    def test_a_patient_deleted_by_another_process(self):
+        self.store.seed(PATIENT, {**PATIENT, "name": "Dupond"})
+        widget = self.start_ready()
+        widget.open_patient("Dupont")
+        widget.wait_for_question("test")
+        self.store.execute("DELETE FROM `Patients` WHERE name = 'Dupont'")
+        widget.answer("test", "Oui")
+        wait_until(lambda: "The store has no such patient" in widget.log, "the log says why")
+        wait_equal(widget.focus_name, "Retour", "only the way back is left")
+        wait_equal(widget.asked, ["test"], "the answer is not shown as given")
+        widget.control(QUESTIONS["test"], "push button")
+        # A row of the list that has not heard of the deletion.
+        rows = PatientList(widget).open()
+        rows.show_tab(ALL)
+        self.store.execute("DELETE FROM `Patients`")
+        rows.open_patient("Dupond")
+        wait_until(lambda: widget.log.count("The store has no such patient") == 2, "the log says so again")
+        widget.type("x")
+        wait_equal(lambda: widget.control(NAME_FIELD, "text").text, "Dupont", "what was shown stays, and takes no key")
+        widget.control(QUESTIONS["test"], "push button")
 
     def test_a_damaged_page(self):
         # Enough rows for many pages: one in the middle is damaged, as by a failing disk.

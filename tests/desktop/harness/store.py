@@ -35,6 +35,16 @@ class Store:
         database.close()
         self.write_version(version)
 
+    def execute(self, statement):
+        """Changes the database as another process does."""
+        with sqlite3.connect(self.file, timeout=5) as database:
+            database.execute(statement)
+        database.close()
+
+    def lose_record(self):
+        """Takes the version record away."""
+        os.remove(self._record)
+
     def make_folder(self):
         """Creates the folders down to the database's."""
         os.makedirs(self.folder, mode=0o700, exist_ok=True)
