@@ -44,6 +44,7 @@ FIGURES = {
     9: inside("scroll", "9", {"frames dropped per 1,000": "≤ 5"}),
     10: figures.second_start,
     11: inside("report", "11", {"report, text": "≤ 3"}),
+    12: figures.opening,
 }
 
 

@@ -73,6 +73,11 @@ QQuickItem *findItem(QQuickItem *root, const char *type, const char *property, c
     return found;
 }
 
+bool hasItem(QQuickItem *root, const char *type)
+{
+    return search(root, QByteArray(type) + "_QMLTYPE", "", QString()) != nullptr;
+}
+
 void paintedAfter(const std::vector<QQuickWindow *> &windows, const std::function<void()> &work)
 {
     work();

@@ -24,6 +24,9 @@ QString databaseFile(const QQmlEngine &engine);
 /// value (any, when the value is empty). Ends the process when there is none.
 QQuickItem *findItem(QQuickItem *root, const char *type, const char *property = "", const QString &value = QString());
 
+/// Whether there is an item of that document below \a root.
+bool hasItem(QQuickItem *root, const char *type);
+
 /// Does the work and returns once each window has painted a frame after it; ends the process after 60 s.
 void paintedAfter(const std::vector<QQuickWindow *> &windows, const std::function<void()> &work);
 

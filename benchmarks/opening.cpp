@@ -1,0 +1,80 @@
+// What the program loads after its first frame, and what a first use costs beside the second: one start, one pair.
+#include "figure.h"
+#include "rawstore.h"
+#include "testhome.h"
+#include "windows.h"
+
+#include "draggablequickview.h"
+#include "widgetservice.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QKeyEvent>
+#include <QQmlEngine>
+#include <QQuickItem>
+#include <QQuickView>
+
+namespace {
+
+double pressLetter(QQuickView &view, const QQuickItem &field)
+{
+    QKeyEvent down(QEvent::KeyPress, Qt::Key_D, Qt::NoModifier, QStringLiteral("d"));
+    QKeyEvent up(QEvent::KeyRelease, Qt::Key_D, Qt::NoModifier, QStringLiteral("d"));
+    waitUntilAtRest();
+    const double ms = elapsedMs([&] { paintedAfter({&view}, [&] { QCoreApplication::sendEvent(&view, &down); }); });
+    QCoreApplication::sendEvent(&view, &up);
+    if (field.property("text").toString() != QLatin1String("d")) {
+        qFatal("The key press did not search");
+    }
+    return ms;
+}
+
+double open(QQuickView &view, const std::function<void()> &opening)
+{
+    waitUntilAtRest();
+    return elapsedMs([&] { paintedAfter({&view}, opening); });
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    const TestHome home;
+    const Figure figure(argc, argv);
+    QApplication application(argc, argv);
+    WidgetService service(nullptr);
+    QQuickView *main = service.getView();
+    QQuickView *list = findView(QStringLiteral("ListPopup"));
+    QQuickView *contact = findView(QStringLiteral("ContactPopup"));
+    RawStore(databaseFile(*main->engine())).fill(figure.patients);
+    service.refreshViews();
+
+    QElapsedTimer sinceFrame;
+    QObject::connect(main, &QQuickWindow::frameSwapped, main, [&sinceFrame] {
+        if (!sinceFrame.isValid()) {
+            sinceFrame.start();
+        }
+    });
+    service.show();
+    waitUntil([&] {
+        return sinceFrame.isValid() && hasItem(main->rootObject(), "Detail")
+            && hasItem(main->rootObject(), "PatientsResults") && hasItem(list->rootObject(), "PatientTable")
+            && hasItem(list->rootObject(), "TableTitle") && hasItem(contact->rootObject(), "ContactSection");
+    });
+    printValue("everything loaded after the first frame", static_cast<double>(sinceFrame.nsecsElapsed()) / 1e6);
+
+    QQuickItem *search = findItem(main->rootObject(), "Autocomplete");
+    waitUntil([main] { return main->activeFocusItem() && main->isActive(); });
+    const double firstLetter = pressLetter(*main, *search);
+    search->setProperty("text", QString());
+    printPair("first letter, beside the second", firstLetter, pressLetter(*main, *search));
+
+    const double firstList = open(*list, [&service] { service.openList(); });
+    service.closeList();
+    printPair("first opening of the list, beside the second", firstList, open(*list, [&service] { service.openList(); }));
+
+    const double firstContact = open(*contact, [&service] { service.openContact(); });
+    service.closeContact();
+    printPair("first opening of the contacts, beside the second", firstContact,
+              open(*contact, [&service] { service.openContact(); }));
+}
