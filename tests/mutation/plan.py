@@ -15,6 +15,8 @@ CORE_APPLICATION = ("tst_QtSingleCoreApplication", "tst_GuardWaits")
 PLAN = {
     "src/js/AutocompleteLogic.js": ("tst_AutocompleteLogic",),
     "src/js/Bdd.js": STORE,
+    "src/js/ReminderDates.js": ("tst_ReminderDates", "tst_StoreWriting"),
+    "src/js/Storage.js": STORE,
     "src/js/ListLogic.js": ("tst_ListLogic",),
     "src/js/StepCells.js": ("tst_PatientTableRow",),
     "src/app/messagereader.cpp": READER,
