@@ -2,6 +2,7 @@ import QtQuick 2.2
 import QtQuick.Window 2.2
 import "base"
 import "../js/Bdd.js" as Bdd
+import "../js/EditorLogic.js" as EditorLogic
 
 // The patient editor. A pathway answer is saved at once; name, gender and phone wait for the button.
 FocusScope {
@@ -39,34 +40,7 @@ FocusScope {
             loaded = true;
             nameStatus.name = name;
         } else {
-            read(newId, state);
-        }
-    }
-
-    /// Shows the stored patient of that id in that state. When the store throws, everything stays as it was; when it has
-    /// no such patient, what is shown stays and can no longer be changed.
-    function read(id, newState) {
-        var before = { id: currentId, state: state, loaded: loaded };
-
-        state = newState;
-        loaded = false;
-        currentId = id;
-        try {
-            Bdd.get(id, function (record) {
-                model = record;
-                displayModel();
-                loaded = true;
-            });
-            missing = !loaded;
-            unread = false;
-        } catch (error) {
-            currentId = before.id;
-            state = before.state;
-            loaded = before.loaded;
-            throw error;
-        }
-        if (missing) {
-            console.warn("The store has no such patient: the editor takes no answer.");
+            EditorLogic.read(newId, state);
         }
     }
 
@@ -96,120 +70,9 @@ FocusScope {
 
     /// Stores the patient: after the answer to the step of key q, or without one for the fields.
     function save(q) {
-        var gates = [stepPassed, step2Passed];
-
-        if (!loaded) {
-            return;
+        if (loaded) {
+            EditorLogic.save(q);
         }
-        fields.validateDisabled = true;
-        try {
-            store(q);
-        } catch (error) {
-            fields.validateDisabled = false;
-            if (q) {
-                stepPassed = gates[0];
-                step2Passed = gates[1];
-                takeBack(model);
-            }
-            throw error;
-        }
-    }
-
-    function store(q) {
-        if (unread) {
-            readReminder();
-        }
-        if (currentId === "") {
-            insert(buildData(q));
-        } else {
-            update(buildData(q));
-        }
-    }
-
-    function insert(data) {
-        Bdd.insert(data, function (newId) {
-            fields.validateDisabled = false;
-            state = "base";
-            currentId = newId;
-            needRefresh();
-        });
-    }
-
-    /// An error of the reading that follows the save is no failed save: what is shown is what is stored.
-    function update(data) {
-        var stored = false;
-
-        data.id = currentId;
-        try {
-            Bdd.update(data, function () {
-                stored = true;
-                showStored(data);
-            });
-        } catch (error) {
-            if (!stored) {
-                throw error;
-            }
-            console.warn("Stored, but not read back: " + error.message);
-        }
-        fields.validateDisabled = false;
-        state = "base";
-    }
-
-    /// Reads back what was stored; when that fails, remembers the data instead.
-    function showStored(data) {
-        try {
-            cancel();
-            if (missing) {
-                takeBack({});
-            }
-        } catch (error) {
-            model = toRecord(data, model);
-            unread = true;
-            throw error;
-        } finally {
-            needRefresh();
-        }
-    }
-
-    /// Reads the reminder that the last save has moved, before the next save hands it on.
-    function readReminder() {
-        var found = false;
-
-        Bdd.get(currentId, function (record) {
-            found = true;
-            model = record;
-            notification_date = record.notification_date;
-        });
-        unread = false;
-        loaded = found;
-        missing = !found;
-        if (missing) {
-            throw new Error("The store has no such patient: the editor takes no answer.");
-        }
-    }
-
-    /// The data of a save as a record; what they do not hold is that of the record before.
-    function toRecord(data, before) {
-        var record = {};
-
-        [before, data].forEach(function (source) {
-            var key;
-
-            for (key in source) {
-                record[key] = typeof source[key] === "boolean" ? Number(source[key]) : source[key];
-            }
-        });
-        return record;
-    }
-
-    /// Shows the answers of that record in place of one that was not stored: what is shown as answered is what is kept.
-    /// Later, when the two boxes of the question have come to rest; until then nothing is saved.
-    function takeBack(record) {
-        loaded = false;
-        Qt.callLater(function () {
-            pathway.display(record);
-            loaded = !missing;
-        });
     }
 
     /// The record as the fields and questions show it, after the answer to the step of key q if there is one.
@@ -245,7 +108,7 @@ FocusScope {
     /// Drops what is not saved: shows the stored patient again, or leaves the editor when there is none.
     function cancel() {
         if (currentId !== "") {
-            read(currentId, "base");
+            EditorLogic.read(currentId, "base");
         } else {
             state = "base";
             loaded = false;

@@ -24,8 +24,9 @@ Column {
         { key: "rdv3", date: "date3", question: rdv3Question }
     ]
 
-    readonly property var questionsAndGates: [testQuestion, rdv1Question, gate1, confirmationQuestion, rdv2Question, gate2,
-                                              rdv3Question]
+    readonly property var questionsAndGates: [
+        testQuestion, rdv1Question, gate1, confirmationQuestion, rdv2Question, gate2, rdv3Question
+    ]
 
     /// The answer to the step of that key has changed.
     signal answered(string key)

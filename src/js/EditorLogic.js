@@ -1,0 +1,149 @@
+// Reads and saves the patient of the editor. Runs in the scope of the document that imports it: its `root`, `fields`,
+// `pathway` and `Bdd`.
+
+/// Shows the stored patient of that id in that state. When the store throws, everything stays as it was; when it has no
+/// such patient, what is shown stays and can no longer be changed.
+function read(id, state) {
+    var before = { id: root.currentId, state: root.state, loaded: root.loaded };
+
+    root.state = state;
+    root.loaded = false;
+    root.currentId = id;
+    try {
+        Bdd.get(id, function (record) {
+            root.model = record;
+            root.displayModel();
+            root.loaded = true;
+        });
+        root.missing = !root.loaded;
+        root.unread = false;
+    } catch (error) {
+        root.currentId = before.id;
+        root.state = before.state;
+        root.loaded = before.loaded;
+        throw error;
+    }
+    if (root.missing) {
+        console.warn("The store has no such patient: the editor takes no answer.");
+    }
+}
+
+/// Stores what the editor shows. When the store throws, an answer is taken back and the button works again.
+function save(q) {
+    var gates = [root.stepPassed, root.step2Passed];
+
+    fields.validateDisabled = true;
+    try {
+        store(q);
+    } catch (error) {
+        fields.validateDisabled = false;
+        if (q) {
+            root.stepPassed = gates[0];
+            root.step2Passed = gates[1];
+            takeBack(root.model);
+        }
+        throw error;
+    }
+}
+
+function store(q) {
+    if (root.unread) {
+        readReminder();
+    }
+    if (root.currentId === "") {
+        insert(root.buildData(q));
+    } else {
+        update(root.buildData(q));
+    }
+}
+
+function insert(data) {
+    Bdd.insert(data, function (newId) {
+        fields.validateDisabled = false;
+        root.state = "base";
+        root.currentId = newId;
+        root.needRefresh();
+    });
+}
+
+/// An error of the reading that follows the save is no failed save: what is shown is what is stored.
+function update(data) {
+    var stored = false;
+
+    data.id = root.currentId;
+    try {
+        Bdd.update(data, function () {
+            stored = true;
+            showStored(data);
+        });
+    } catch (error) {
+        if (!stored) {
+            throw error;
+        }
+        console.warn("Stored, but not read back: " + error.message);
+    }
+    fields.validateDisabled = false;
+    root.state = "base";
+}
+
+/// Reads back what was stored; when that fails, remembers the data instead.
+function showStored(data) {
+    try {
+        root.cancel();
+        if (root.missing) {
+            takeBack({});
+        }
+    } catch (error) {
+        root.model = toRecord(data, root.model);
+        root.unread = true;
+        throw error;
+    } finally {
+        root.needRefresh();
+    }
+}
+
+/// Reads the reminder that the last save has moved, before the next save hands it on.
+function readReminder() {
+    var found = false;
+
+    Bdd.get(root.currentId, function (record) {
+        found = true;
+        root.model = record;
+        root.notification_date = record.notification_date;
+    });
+    root.unread = false;
+    root.loaded = found;
+    root.missing = !found;
+    if (!found) {
+        throw new Error("The store has no such patient: the editor takes no answer.");
+    }
+}
+
+/// The data of a save as a record; what they do not hold is that of the record before.
+function toRecord(data, before) {
+    var record = {};
+
+    [before, data].forEach(function (source) {
+        var key;
+
+        for (key in source) {
+            record[key] = typeof source[key] === "boolean" ? Number(source[key]) : source[key];
+        }
+    });
+    return record;
+}
+
+/// Shows the answers of that record in place of one that was not stored: what is shown as answered is what is kept.
+/// Later, when the two boxes of the question have come to rest; until then nothing is saved.
+function takeBack(record) {
+    var id = root.currentId;
+
+    root.loaded = false;
+    Qt.callLater(function () {
+        // Another patient may have been opened since.
+        if (root.currentId === id) {
+            pathway.display(record);
+            root.loaded = !root.missing;
+        }
+    });
+}
