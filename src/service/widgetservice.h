@@ -20,7 +20,8 @@ class QWidget;
 ///
 /// One source file per chapter: windows (widgetservice_views), what the desktop wants of them (widgetservice_desktop),
 /// tray and refresh cycle (widgetservice_tray), printing (widgetservice_printing), usage statistics
-/// (widgetservice_statistics), construction and preferences (widgetservice).
+/// (widgetservice_statistics), settings and the question before quitting (widgetservice_preferences). The constructor,
+/// which calls them in order, is in widgetservice.
 class WidgetService : public QObject
 {
     Q_OBJECT
@@ -76,18 +77,24 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    // The constructor's steps, in its order.
+    void createNetworkManager();
+    void createAutorun();
+    void openSettings();
     void identifyInstallation();
     void recordOperatingSystem();
     void createTrayIcon();
     void startRefreshTimer();
     void createViews();
-    void load(DraggableQuickView &window, const QString &document);
     void connectDocuments();
     void watchDesktop();
+    void announceAutorun();
+    void startStatistics();
+
+    void incrementCounter(const QString &key);
+    void load(DraggableQuickView &window, const QString &document);
     bool closeByDesktop(QObject *window);
     void prepareDialog(QDialog &dialog);
-    void startStatistics();
-    void incrementCounter(const QString &key);
 
     int patientCount(const char *property, bool &converted) const;
     void compileMessage();

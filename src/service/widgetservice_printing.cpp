@@ -1,6 +1,7 @@
 #include "widgetservice.h"
 
 #include "plainvariant.h"
+#include "settingskeys.h"
 
 #include <QDateTime>
 #include <QDebug>
@@ -30,7 +31,7 @@ bool isGiven(const QMap<QString, QVariant> &map, const QString &date)
     return !map.value(date).toString().isEmpty();
 }
 
-/// Here any value above 0 is a yes, on purpose; the list on the screen wants exactly 1.
+/// Any value above 0 is a yes, as on sheets printed so far; the list on the screen wants exactly 1.
 bool isYes(const QMap<QString, QVariant> &map, const QString &flag)
 {
     return map.value(flag).toDouble() > 0;
@@ -57,7 +58,7 @@ void WidgetService::requestPrint(QString title, QVariant list)
     dialog.setWindowTitle(title);
     if (dialog.exec() == QDialog::Accepted) {
         document.print(&printer);
-        incrementCounter(QStringLiteral("PrinterCounter"));
+        incrementCounter(SettingsKeys::printerCounter);
     }
 }
 
@@ -103,6 +104,7 @@ QString WidgetService::report(const QString &title, const QVariantList &rows)
 
 void WidgetService::appendReportRow(QString &html, const QVariant &row)
 {
+    // The variant's type, not the user's: a row that is no map (8) prints as an empty one, and this line shows why.
     qDebug() << "userType:" << row.userType();
 
     QMap<QString, QVariant> map = row.toMap();
@@ -122,7 +124,7 @@ void WidgetService::appendReportRow(QString &html, const QVariant &row)
 }
 
 /// The five step cells of a row. After the first step that is open or refused the cells stay empty, whatever answers
-/// the row holds for them: the sheet shows the pathway, the list on the screen shows all answers. Both are meant.
+/// the row holds for them: the sheet shows the pathway, the list on the screen shows all answers.
 QStringList WidgetService::getDataFromMap(QMap<QString, QVariant> &map)
 {
     enum Cell { SkinTests, WorkUp, Allergy, FirstIntake, Review, CellCount };

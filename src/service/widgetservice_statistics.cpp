@@ -1,16 +1,23 @@
 #include "widgetservice.h"
 
 #include "buildsettings.h"
+#include "macversion.h"
+#include "settingskeys.h"
 
 #include <QDebug>
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QNetworkRequest>
 #include <QSettings>
+#include <QSysInfo>
 #include <QTimer>
 #include <QUrl>
 
+#include <limits>
+
 namespace {
+
+constexpr int uploadIntervalMs = 24 * 60 * 60 * 1000;
 
 // What a reply may hold in memory, and how long it may keep its connection.
 constexpr int largestReplyBytes = 64 * 1024;
@@ -19,22 +26,22 @@ constexpr int longestReplyMs = 60 * 1000;
 const QByteArray boundary = QByteArrayLiteral("margin");
 const QString trackingPath = QStringLiteral("/api/vesktandry/tracking/");
 
-/// The fields in the order in which the service expects them. Nobody counts ShowMainViewCounter: it is always empty.
+/// The fields in the order in which the service expects them.
 QStringList fields()
 {
     return {
-        QStringLiteral("Uuid"),
-        QStringLiteral("OSType"),
-        QStringLiteral("OSVersion"),
-        QStringLiteral("LaunchCounter"),
-        QStringLiteral("ShowListViewCounter"),
-        QStringLiteral("ShowContactViewCounter"),
-        QStringLiteral("ShowMainViewCounter"),
-        QStringLiteral("DontAskBeforeQuit"),
-        QStringLiteral("PrinterCounter"),
-        QStringLiteral("PatientsCounter"),
-        QStringLiteral("PatientsWaitingCounter"),
-        QStringLiteral("OSVersionReadable"),
+        SettingsKeys::uuid,
+        SettingsKeys::osType,
+        SettingsKeys::osVersion,
+        SettingsKeys::launchCounter,
+        SettingsKeys::showListViewCounter,
+        SettingsKeys::showContactViewCounter,
+        SettingsKeys::showMainViewCounter,
+        SettingsKeys::dontAskBeforeQuit,
+        SettingsKeys::printerCounter,
+        SettingsKeys::patientsCounter,
+        SettingsKeys::patientsWaitingCounter,
+        SettingsKeys::osVersionReadable,
     };
 }
 
@@ -53,6 +60,43 @@ QString fieldText(const QVariant &value)
 }
 
 } // namespace
+
+void WidgetService::createNetworkManager()
+{
+    networkManager = new QNetworkAccessManager(this);
+    Q_ASSERT(networkManager);
+}
+
+void WidgetService::recordOperatingSystem()
+{
+    QT_WARNING_PUSH
+    QT_WARNING_DISABLE_DEPRECATED
+    // The statistics know the systems by these codes.
+    const int version = QSysInfo::macVersion();
+    QT_WARNING_POP
+
+    settings->setValue(SettingsKeys::osType, QStringLiteral("Mac"));
+    settings->setValue(SettingsKeys::osVersion, version);
+    settings->setValue(SettingsKeys::osVersionReadable, readableMacVersion(version));
+}
+
+/// One more: 1 when the key is absent, else its integer plus 1. The largest integer stays.
+void WidgetService::incrementCounter(const QString &key)
+{
+    const int count = settings->value(key).toInt();
+
+    settings->setValue(key, count < std::numeric_limits<int>::max() ? count + 1 : count);
+}
+
+void WidgetService::startStatistics()
+{
+    statisticsTimer = new QTimer;
+    Q_ASSERT(statisticsTimer);
+    statisticsTimer->setInterval(uploadIntervalMs);
+    connect(statisticsTimer, SIGNAL(timeout()), this, SLOT(sendDataToServer()));
+    statisticsTimer->start();
+    sendDataToServer();
+}
 
 void WidgetService::sendDataToServer()
 {

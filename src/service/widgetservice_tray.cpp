@@ -1,15 +1,19 @@
 #include "widgetservice.h"
 
 #include "draggablequickview.h"
+#include "settingskeys.h"
 
 #include <QDebug>
 #include <QPainter>
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QSettings>
+#include <QTimer>
+#include <QWidget>
 
 namespace {
 
+constexpr int refreshIntervalMs = 60 * 60 * 1000;
 constexpr int messageDurationMs = 50000;
 constexpr int largestBadgeNumber = 99;
 
@@ -21,8 +25,43 @@ constexpr int badgePointSize = 70;
 constexpr int badgeFontWeight = 10;
 // 72 dots per inch, where a point is a pixel: larger texts must not make the number outgrow its badge.
 constexpr int badgeDotsPerMetre = 2835;
+// The badge's ground is a picture, drawn in src/images/source/counter-big.svg.
+const QColor badgeTextColour = Qt::white;
+
+QIcon plainIcon()
+{
+    return QIcon(QStringLiteral(":/images/tray.png"));
+}
 
 } // namespace
+
+void WidgetService::createTrayIcon()
+{
+    const QIcon icon = plainIcon();
+
+    trayIcon = new QSystemTrayIcon(icon);
+    Q_ASSERT(trayIcon);
+
+    // Never shown: it lends its icon to the About box.
+    dialogParent = new QWidget(nullptr, Qt::WindowFlags());
+    Q_ASSERT(dialogParent);
+    dialogParent->setWindowIcon(icon);
+
+    trayIcon->show();
+    connect(trayIcon, SIGNAL(activated(QSystemTrayIcon::ActivationReason)),
+            this, SLOT(trayActivated(QSystemTrayIcon::ActivationReason)));
+    connect(trayIcon, SIGNAL(messageClicked()), this, SLOT(openList()));
+}
+
+void WidgetService::startRefreshTimer()
+{
+    lastRefreshDate = QDate::currentDate();
+    refreshTimer = new QTimer(this);
+    Q_ASSERT(refreshTimer);
+    refreshTimer->setInterval(refreshIntervalMs);
+    connect(refreshTimer, SIGNAL(timeout()), this, SLOT(autoRefresh()));
+    refreshTimer->start();
+}
 
 void WidgetService::trayActivated(QSystemTrayIcon::ActivationReason reason)
 {
@@ -75,8 +114,8 @@ int WidgetService::patientCount(const char *property, bool &converted) const
     return (document ? document->property(property) : QVariant()).toInt(&converted);
 }
 
-/// Announces the waiting patients. An unchanged count is passed over once and announced again the next time, on
-/// purpose: while patients keep waiting, the hourly tick repeats the message every two hours.
+/// Announces the waiting patients. An unchanged count is passed over once and announced again the next time: while
+/// patients keep waiting, the hourly tick repeats the message every two hours.
 void WidgetService::compileMessage()
 {
     bool converted = false;
@@ -99,19 +138,20 @@ void WidgetService::refreshIcon()
 {
     qDebug() << "Refreshing icon.";
 
-    QIcon icon(QStringLiteral(":/images/tray.png"));
-    // One flag for both: the second reading decides, on purpose.
+    QIcon icon = plainIcon();
+    // One flag for both: a main document without a total has not counted, and gets no badge.
     bool converted = false;
     const int number = patientCount("number", converted);
     const int total = patientCount("total", converted);
 
-    settings->setValue(QStringLiteral("PatientsWaitingCounter"), number);
-    settings->setValue(QStringLiteral("PatientsCounter"), total);
+    settings->setValue(SettingsKeys::patientsWaitingCounter, number);
+    settings->setValue(SettingsKeys::patientsCounter, total);
 
     if (converted && number >= 1) {
         qDebug() << "icon" << number;
         icon = badgedIcon(icon, number);
     } else {
+        // With a full stop, unlike the line above: the two lines are what logs of every installed version hold.
         qDebug() << "icon 0.";
     }
     trayIcon->setIcon(icon);
@@ -132,7 +172,7 @@ QIcon WidgetService::badgedIcon(const QIcon &icon, int count) const
 
     QPainter badgePainter(&badge);
     badgePainter.setFont(QFont(QStringLiteral("Arial"), badgePointSize, badgeFontWeight, false));
-    badgePainter.setPen(Qt::white);
+    badgePainter.setPen(badgeTextColour);
     badgePainter.drawText(badge.rect(), Qt::AlignCenter, text);
     badgePainter.end();
 

@@ -3,16 +3,21 @@
 #include "buildsettings.h"
 #include "draggablequickview.h"
 #include "plainvariant.h"
+#include "settingskeys.h"
 
 #include <QMessageBox>
+#include <QQmlContext>
+#include <QQmlEngine>
 #include <QQuickItem>
 #include <QScreen>
 #include <QSettings>
 
 namespace {
 
+constexpr double pointFactor = 1.3;
+
 /// Where a window opens: its nominal size, and the distance of its left edge from the right of the screen.
-/// The nominal sizes are fixed and not the windows' real ones, on purpose: a window that is only a little off stays.
+/// The nominal sizes are fixed and not the windows' real ones: a window that is only a little off stays.
 struct Placement
 {
     int width;
@@ -48,6 +53,66 @@ void moveIntoScreen(QWindow &window, const Placement &placement)
 }
 
 } // namespace
+
+void WidgetService::createViews()
+{
+    // Before any view exists, or the transparent colour has no effect.
+    QQuickWindow::setDefaultAlphaBuffer(true);
+
+    // Frameless windows show no title: screen readers and the desktop's list of windows name them by it.
+    view = new DraggableQuickView(true);
+    Q_ASSERT(view);
+    view->setTitle(tr("Vesk Tandry"));
+    load(*view, QStringLiteral("main"));
+    const QQmlEngine *engine = view->engine();
+    Q_ASSERT(engine);
+    connect(engine, SIGNAL(quit()), this, SIGNAL(quit()));
+
+    contactView = new DraggableQuickView(false);
+    Q_ASSERT(contactView);
+    contactView->setTitle(tr("Vesk Tandry – contacts"));
+    load(*contactView, QStringLiteral("ContactPopup"));
+
+    listView = new DraggableQuickView(false);
+    Q_ASSERT(listView);
+    listView->setTitle(tr("Vesk Tandry – liste des patients"));
+    load(*listView, QStringLiteral("ListPopup"));
+}
+
+void WidgetService::load(DraggableQuickView &window, const QString &document)
+{
+    window.rootContext()->setContextProperty(QStringLiteral("point_factor"), pointFactor);
+    window.setSource(QUrl(QStringLiteral("qrc:///qml/%1.qml").arg(document)));
+    window.setColor(Qt::transparent);
+    window.setIcon(dialogParent->windowIcon());
+}
+
+void WidgetService::connectDocuments()
+{
+    const QObject *main = view->rootObject();
+    const QObject *contact = contactView->rootObject();
+    const QObject *list = listView->rootObject();
+
+    connect(main, SIGNAL(hide()), this, SLOT(hide()));
+    connect(main, SIGNAL(close()), this, SLOT(closeIntent()));
+    connect(main, SIGNAL(openContact()), this, SLOT(openContact()));
+    connect(main, SIGNAL(openList()), this, SLOT(openList()));
+    connect(main, SIGNAL(openAbout()), this, SLOT(openAbout()));
+    connect(contact, SIGNAL(closeContact()), this, SLOT(closeContact()));
+    connect(list, SIGNAL(closeList()), this, SLOT(closeList()));
+    connect(main, SIGNAL(enableDragging()), view, SLOT(enableDragging()));
+    connect(contact, SIGNAL(enableDragging()), contactView, SLOT(enableDragging()));
+    connect(list, SIGNAL(enableDragging()), listView, SLOT(enableDragging()));
+    connect(list, SIGNAL(openPatient(QString)), this, SLOT(openPatient(QString)));
+    connect(main, SIGNAL(needRefresh()), this, SLOT(refreshViews()));
+    connect(list, SIGNAL(needRefresh()), this, SLOT(refreshViews()));
+    connect(list, SIGNAL(removedPatients(QVariant)), this, SLOT(removedPatients(QVariant)));
+    connect(list, SIGNAL(requestPrint(QString,QVariant)), this, SLOT(requestPrint(QString,QVariant)));
+    connect(main, SIGNAL(ready()), this, SLOT(firstRefresh()));
+    connect(main, SIGNAL(autorun(bool)), this, SLOT(setAutorun(bool)));
+
+    connect(this, SIGNAL(autorunChanged(QVariant)), main, SLOT(setAutorun(QVariant)));
+}
 
 DraggableQuickView *WidgetService::getView() const
 {
@@ -86,7 +151,7 @@ void WidgetService::openList()
 {
     moveIntoScreen(*listView, listPlacement);
     listView->show();
-    incrementCounter(QStringLiteral("ShowListViewCounter"));
+    incrementCounter(SettingsKeys::showListViewCounter);
 }
 
 void WidgetService::closeList()
@@ -98,7 +163,7 @@ void WidgetService::openContact()
 {
     moveIntoScreen(*contactView, contactPlacement);
     contactView->show();
-    incrementCounter(QStringLiteral("ShowContactViewCounter"));
+    incrementCounter(SettingsKeys::showContactViewCounter);
 }
 
 void WidgetService::closeContact()
@@ -119,7 +184,7 @@ void WidgetService::removedPatients(QVariant list)
 
 void WidgetService::openAbout()
 {
-    QString identifier = settings->value(QStringLiteral("Uuid")).toString();
+    QString identifier = settings->value(SettingsKeys::uuid).toString();
     identifier.remove(QLatin1Char('{')).remove(QLatin1Char('}'));
 
     const QString text = tr("<h3>Vesk Tandry</h3><p>Version %1 - <em>%2</em></p>")

@@ -31,14 +31,17 @@ PLAN = {
     "src/app/qtsinglecoreapplication.cpp": CORE_APPLICATION,
     "src/app/qtsinglecoreapplication.h": CORE_APPLICATION,
     "src/service/macversion.h": ("tst_MacVersion",),
+    "src/service/settingskeys.h": SERVICE,
     "src/service/widgetservice.cpp": SERVICE,
+    "src/service/widgetservice_preferences.cpp": SERVICE,
     "src/service/widgetservice_printing.cpp": ("tst_ServiceStepCells", "tst_ServiceReport", "tst_ServicePrinting"),
     "src/service/widgetservice_statistics.cpp": (
-        "tst_ServiceConstruction", "tst_ServiceStatistics", "tst_ServiceUpload"),
-    "src/service/widgetservice_tray.cpp": ("tst_ServiceBadge", "tst_ServiceMessages", "tst_ServiceTray"),
+        "tst_ServiceConstruction", "tst_ServiceFirstStart", "tst_ServiceStatistics", "tst_ServiceUpload"),
+    "src/service/widgetservice_tray.cpp": (
+        "tst_ServiceConstruction", "tst_ServiceBadge", "tst_ServiceMessages", "tst_ServiceTray"),
     "src/service/widgetservice_views.cpp": (
-        "tst_ServicePlacement", "tst_ServiceViews", "tst_ServiceWindows", "tst_ServiceConnections",
-        "tst_ServiceAbout", "tst_ServiceStatistics"),
+        "tst_ServiceConstruction", "tst_ServicePlacement", "tst_ServiceViews", "tst_ServiceWindows",
+        "tst_ServiceConnections", "tst_ServiceAbout", "tst_ServiceStatistics"),
 }
 
 # What is built for a test, where it is not called like the test.
