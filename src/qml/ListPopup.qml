@@ -140,16 +140,17 @@ Rectangle {
                 bottom: tableFooter.top
                 top: tableHeader.bottom
             }
+            source: "PatientTable.qml"
             width: parent.width
 
             onShownChanged: need()
             onLoaded: {
+                item.patients = model;
                 item.name = Qt.binding(function () { return root.waitingShown ? waitingTab.title : allTab.title; });
                 item.waiting = Qt.binding(function () { return root.waitingShown; });
                 item.openPatient.connect(root.openPatient);
                 item.ticked.connect(ListLogic.checkIt);
             }
-            Component.onCompleted: setSource("PatientTable.qml", { patients: model })
         }
 
         TableFooter {

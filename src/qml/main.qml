@@ -188,6 +188,7 @@ Rectangle {
                     top: createLink.bottom
                 }
                 opacity: autocomplete.hasResults ? 1 : 0
+                source: "PatientsResults.qml"
                 visible: opacity > 0
 
                 Behavior on opacity {
@@ -197,8 +198,10 @@ Rectangle {
                     }
                 }
 
-                onLoaded: item.selected.connect(root.openEditor)
-                Component.onCompleted: setSource("PatientsResults.qml", { model: autocomplete.model })
+                onLoaded: {
+                    item.model = autocomplete.model;
+                    item.selected.connect(root.openEditor);
+                }
             }
 
             PatientsItem {
@@ -225,15 +228,16 @@ Rectangle {
                 left: listPane.right
                 top: autocomplete.bottom
             }
+            source: "Detail.qml"
             visible: root.state === "open" || listPane.anchors.leftMargin < 0
 
             onLoaded: {
+                item.nameStatus = nameBar;
                 item.externalGenderMale = Qt.binding(function () { return nameBar.genderMale; });
                 item.externalName = Qt.binding(function () { return nameBar.name; });
                 item.canceled.connect(root.leaveEditor);
                 item.needRefresh.connect(root.needRefresh);
             }
-            Component.onCompleted: setSource("Detail.qml", { nameStatus: nameBar })
         }
     }
 

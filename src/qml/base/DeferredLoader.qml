@@ -2,7 +2,8 @@ import QtQuick 2.2
 import QtQuick.Window 2.2
 
 // Loads its content by itself soon after the start, after the first frame of a window that is shown: the widget appears
-// without waiting for what cannot be seen yet, and no click waits for its loading.
+// without waiting for what cannot be seen yet, and no click waits for its loading. What the content is to know it is given
+// in onLoaded: need() during the loading begins it anew, and the toolkit then forgets the properties of setSource().
 Loader {
     id: root
 
