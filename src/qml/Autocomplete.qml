@@ -61,6 +61,7 @@ Rectangle {
 
         color: Palette.searchButton
         height: parent.height
+        objectName: "magnifier"
         width: height
 
         Image {

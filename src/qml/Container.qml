@@ -144,6 +144,7 @@ WindowFrame {
         }
         clip: true
         color: Palette.content
+        objectName: "contentArea"
     }
 
     states: [

@@ -89,6 +89,7 @@ Rectangle {
                 height: parent.height
                 hoveredColor: Palette.waitingTabHovered
                 normalColor: Palette.waitingTab
+                objectName: "waitingTab"
                 title: qsTr("Patients en attente")
                 width: parent.width / 2
 
@@ -107,6 +108,7 @@ Rectangle {
                 }
                 exclusiveGroup: tabs
                 height: parent.height
+                objectName: "allTab"
                 title: qsTr("Liste de tous les patients")
 
                 onCheckedChanged: if (checked) root.openTab(ListLogic.showAll)

@@ -141,6 +141,7 @@ Column {
         checked: true
         displayed: root.asking
         exclusiveGroup: unfolded
+        objectName: "test"
         text: qsTr("Avez-vous pratiqué des tests cutanés sur le patient ?")
 
         onSaveIt: root.answered("test")
@@ -151,6 +152,7 @@ Column {
 
         displayed: testQuestion.displayed && testQuestion.no.checked
         exclusiveGroup: unfolded
+        objectName: "rdv1"
         text: qsTr("Le patient souhaite-t-il prendre rdv pour son bilan allergologique ?")
 
         onDisplayedChanged: if (displayed) checked = true
@@ -161,6 +163,7 @@ Column {
         id: gate1
 
         displayed: root.asking && !root.stepPassed && rdv1Question.yes.checked
+        objectName: "gate1"
         text: qsTr("Si vous avez les résultats du bilan,<br/>cliquez ici")
 
         onClicked: root.stepPassed = true
@@ -173,6 +176,7 @@ Column {
                    && (rdv1Question.displayed && rdv1Question.yes.checked
                        || testQuestion.displayed && testQuestion.yes.checked)
         exclusiveGroup: unfolded
+        objectName: "confirmation"
         text: qsTr("Confirmation de l'allergie au pollen de graminés ?")
 
         onDisplayedChanged: if (displayed) checked = true
@@ -184,6 +188,7 @@ Column {
 
         displayed: root.asking && confirmationQuestion.displayed && confirmationQuestion.yes.checked
         exclusiveGroup: unfolded
+        objectName: "rdv2"
         text: qsTr("Le patient souhaite-t-il prendre rdv pour la première prise au cabinet ?")
 
         onDisplayedChanged: if (displayed) checked = true
@@ -194,6 +199,7 @@ Column {
         id: gate2
 
         displayed: root.asking && !root.step2Passed && rdv2Question.yes.checked
+        objectName: "gate2"
         text: qsTr("Si la 1<sup>ère</sup> prise au cabinet a été effectuée,<br/>cliquez ici")
 
         onClicked: root.step2Passed = true
@@ -204,6 +210,7 @@ Column {
 
         displayed: root.asking && root.step2Passed && rdv2Question.displayed && rdv2Question.yes.checked
         exclusiveGroup: unfolded
+        objectName: "rdv3"
         text: qsTr("Le patient souhaite-t-il prendre rdv pour son bilan de fin de saison ?")
 
         onDisplayedChanged: if (displayed) checked = true

@@ -132,6 +132,7 @@ Rectangle {
             disabled: root.patientId === "" && root.patientName === ""
             hoveredBackgroundColor: root.deleteMode ? Palette.removeHovered : Palette.saveHovered
             image: root.deleteMode ? "../images/no-white.png" : "../images/yes-white.png"
+            objectName: "validate"
             text: root.deleteMode ? qsTr("Supprimer") : qsTr("Enregistrer")
             width: Math.ceil(root.width / 2)
 
@@ -140,6 +141,7 @@ Rectangle {
         ActionButton {
             backgroundColor: Palette.cancel
             hoveredBackgroundColor: Palette.cancelHovered
+            objectName: "cancel"
             text: qsTr("Annuler")
             textBold: false
             width: Math.floor(root.width / 2)

@@ -154,6 +154,7 @@ Rectangle {
         StepCell {
             column: Columns.test
             emphasised: StepCells.isTestEmphasised(root.itest_date)
+            objectName: "test"
             red: root.red
             text: StepCells.testText(root.itest_date, root.itest)
             width: root.width * Metrics.stepColumn
@@ -163,6 +164,7 @@ Rectangle {
 
             column: Columns.workUp
             emphasised: StepCells.isWorkUpEmphasised(root.idate1, root.irdv1, text)
+            objectName: "rdv1"
             red: root.red
             text: StepCells.workUpText(root.idate1, root.irdv1, root.itest_date, root.itest)
             width: root.width * Metrics.stepColumn
@@ -172,6 +174,7 @@ Rectangle {
 
             column: Columns.allergy
             emphasised: StepCells.isAllergyEmphasised(text)
+            objectName: "confirmation"
             red: root.red
             text: StepCells.allergyText(root.iconfirmation_date, root.iconfirmation, workUp.text)
             width: root.width * Metrics.stepColumn
@@ -181,6 +184,7 @@ Rectangle {
 
             column: Columns.firstIntake
             emphasised: StepCells.isAppointmentEmphasised(root.idate2, root.irdv2)
+            objectName: "rdv2"
             red: root.red
             text: StepCells.appointmentText(root.idate2, root.irdv2, allergy.text)
             width: root.width * Metrics.stepColumn
@@ -188,12 +192,14 @@ Rectangle {
         StepCell {
             column: Columns.review
             emphasised: StepCells.isAppointmentEmphasised(root.idate3, root.irdv3)
+            objectName: "rdv3"
             red: root.red
             text: StepCells.appointmentText(root.idate3, root.irdv3, firstIntake.text)
             width: root.width * Metrics.stepColumn
         }
         Item {
             height: Metrics.tableRowHeight
+            objectName: "phoneColumn"
             width: root.width * Metrics.phoneColumn
 
             // A number of full length is a little wider than its column: it may use the gaps beside it.

@@ -29,6 +29,7 @@ Item {
             right: parent.right
         }
         height: parent.height - 2
+        objectName: "background"
 
         Image {
             id: icon
@@ -55,6 +56,7 @@ Item {
             // The links can be read whole, the patients' names as large as most of them fit.
             growth: root.alwaysBold ? 1 : 1.5
             maximumLineCount: 1
+            objectName: "label"
             points: 10
             text: root.text.replace(/[\r\n]+/g, " ")
         }

@@ -29,6 +29,7 @@ WindowFrame {
             topMargin: 5
         }
         height: Metrics.headerHeight - 10
+        objectName: "headerArea"
     }
 
     Clickable {
@@ -59,6 +60,7 @@ WindowFrame {
         clip: true
         color: Palette.popupContent
         height: root.height - (root.noFooterBorder ? 0 : Metrics.footerBorder) - Metrics.headerHeight
+        objectName: "contentArea"
         width: root.width - 2
         x: 1
         y: Metrics.headerHeight

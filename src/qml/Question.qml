@@ -49,12 +49,14 @@ Item {
         id: topRow
 
         height: 40
+        objectName: "topRow"
         width: parent.width
         y: 10
 
         Rectangle {
             color: Palette.questionBar
             height: parent.height
+            objectName: "bar"
             width: 4
         }
 
@@ -84,6 +86,7 @@ Item {
             color: yesBox.checked ? Palette.shortYes : Palette.shortNo
             font.bold: true
             growth: 1.3
+            objectName: "shortAnswer"
             points: 11
             text: yesBox.checked ? qsTr("Oui") : noBox.checked ? qsTr("Non") : ""
 
@@ -125,6 +128,7 @@ Item {
         }
         enabled: root.checked
         height: 40
+        objectName: "answerRow"
         spacing: 30
         // At once, so that Tab reaches the answers while they unfold.
         visible: root.checked || root.height > 60

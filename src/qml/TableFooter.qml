@@ -20,9 +20,11 @@ Rectangle {
             topMargin: 2
         }
         color: Palette.printBar
+        objectName: "printBar"
 
         Row {
             anchors.centerIn: parent
+            objectName: "printGroup"
             opacity: printButton.containsMouse ? 0.6 : 1
             spacing: 5
 

@@ -164,6 +164,7 @@ Rectangle {
                 left: parent.left
                 top: autocomplete.bottom
             }
+            objectName: "listPane"
             visible: root.state !== "open" || anchors.leftMargin > -width
             width: Metrics.widgetWidth
 
@@ -187,6 +188,7 @@ Rectangle {
                     right: parent.right
                     top: createLink.bottom
                 }
+                objectName: "results"
                 opacity: autocomplete.hasResults ? 1 : 0
                 source: "PatientsResults.qml"
                 visible: opacity > 0

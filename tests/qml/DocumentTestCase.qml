@@ -133,7 +133,8 @@ TestCase {
         }, document);
     }
 
-    /// What one step of a path may mean: "text Oui", "2 Question", "child 1 of type Container", ...
+    /// What one step of a path may mean: "text Oui" and the like by what is to be read, "type Container" by its type,
+    /// "part topRow" by its objectName, "shown groove" the same as long as it is visible.
     function candidates(item, name) {
         var words = name.split(" ");
         var rest = words.slice(1).join(" ");
@@ -145,24 +146,16 @@ TestCase {
         case "picture": return where(item, function (each) { return isPicture(each, rest); });
         case "control": return namedAll(item, rest);
         case "type": return ofType(item, rest);
-        case "parent": return candidates(item, words.slice(2).join(" ")).map(function (each) { return each.parent; });
-        case "child": return candidates(item, words.slice(3).join(" ")).map(function (each) {
-                return each.children[words[1] - 1];
-            });
-        case "first": return ofType(item, rest).slice(0, 1);
-        case "last": return ofType(item, rest).slice(-1);
+        case "part": return where(item, function (each) { return each.objectName === rest; });
+        case "shown": return where(item, function (each) { return each.objectName === rest && each.visible; });
+        case "item": return ofType(item, "PatientsItem").filter(function (each) { return each.text === rest; });
+        case "row": return ofType(item, "PatientTableRow").filter(function (each) { return each.iname === rest; });
+        case "title": return ofType(item, "TableTitle").filter(function (each) { return each.text === rest; });
+        case "section": return ofType(item, "ContactSection").filter(function (each) { return each.heading === rest; });
         case "input": return where(item, isInput);
-        case "coloured": return where(item, function (each) { return isColoured(each, rest); });
         case "menu": return menuItems(item).slice(words[2] - 1, words[2]);
         }
-        if (isNaN(words[0])) {
-            fail("What is " + name + "?");
-        }
-        return ofType(item, rest).slice(words[0] - 1, words[0]);
-    }
-
-    function isColoured(item, shade) {
-        return Native.typeName(item) === "Rectangle" && item.color.toString() === shade && item.visible;
+        fail("What is " + name + "?");
     }
 
     /// The items of the menu that an item holds.

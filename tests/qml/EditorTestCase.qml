@@ -43,17 +43,17 @@ DocumentTestCase {
     }
 
     function question(key) {
-        return ofType(detail, "Question")[keys.indexOf(key)];
+        return part(detail, "part " + key);
     }
 
     function gate(number) {
-        return ofType(detail, "StepButton")[number - 1];
+        return part(detail, "part gate" + number);
     }
 
     function fields() { return ofType(detail, "PatientFields")[0]; }
     function phone() { return named(detail, "Téléphone"); }
-    function validate() { return ofType(detail, "ActionButton")[0]; }
-    function cancelButton() { return ofType(detail, "ActionButton")[1]; }
+    function validate() { return part(detail, "part validate"); }
+    function cancelButton() { return part(detail, "part cancel"); }
     function sms() { return ofType(detail, "SMSSend")[0]; }
 
     /// What the answer boxes of a question show: "Oui", "Non", "" or, wrongly, "both".

@@ -12,18 +12,9 @@ DocumentTestCase {
 
     function frame() { return ofType(main, "Container")[0]; }
     function detail() { return ofType(main, "Detail")[0]; }
-    function listPane() {
-        return only(ofType(main, "PatientsItem").filter(function (item) {
-            return item.text === "Liste des patients en attente";
-        }), "link to the waiting patients").parent;
-    }
-
+    function listPane() { return part(main, "part listPane"); }
     /// What holds the results, from the first letter on.
-    function results() {
-        return only(listOf(listPane().children).filter(function (item) { return item.sourceComponent !== undefined; }),
-                    "place of the results");
-    }
-
+    function results() { return part(main, "part results"); }
     function searchBar() { return ofType(main, "Autocomplete")[0]; }
     function nameBar() { return ofType(main, "NameStatus")[0]; }
     function search() { return named(main, "Rechercher un patient"); }

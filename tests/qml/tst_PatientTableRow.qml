@@ -23,8 +23,8 @@ Item {
             return item;
         }
 
-        function cell(item, number) {
-            return ofType(item, "StepCell")[number];
+        function cell(item, step) {
+            return part(item, "part " + step);
         }
 
         function test_entering_either_zone_hovers_and_leaving_restores_data() {
@@ -165,7 +165,7 @@ Item {
         }
 
         function test_skin_tests(data) {
-            compareCell(row({ itest_date: data.date, itest: data.flag }), 0, data);
+            compareCell(row({ itest_date: data.date, itest: data.flag }), "test", data);
         }
 
         function test_work_up_data() {
@@ -194,7 +194,8 @@ Item {
         }
 
         function test_work_up(data) {
-            compareCell(row({ itest_date: data.test_date, itest: data.test, idate1: data.date, irdv1: data.flag }), 1, data);
+            compareCell(row({ itest_date: data.test_date, itest: data.test, idate1: data.date, irdv1: data.flag }), "rdv1",
+                        data);
         }
 
         function test_allergy_data() {
@@ -228,8 +229,8 @@ Item {
 
             item.iconfirmation_date = data.date;
             item.iconfirmation = data.flag;
-            compare(cell(item, 1).text, data.before);
-            compareCell(item, 2, data);
+            compare(cell(item, "rdv1").text, data.before);
+            compareCell(item, "confirmation", data);
         }
 
         function workUpReading(text) {
@@ -251,8 +252,8 @@ Item {
 
             item.idate2 = data.date;
             item.irdv2 = data.flag;
-            compare(cell(item, 2).text, data.before);
-            compareCell(item, 3, data);
+            compare(cell(item, "confirmation").text, data.before);
+            compareCell(item, "rdv2", data);
         }
 
         function allergyReading(text) {
@@ -277,8 +278,8 @@ Item {
             }
             item.idate3 = data.date;
             item.irdv3 = data.flag;
-            compare(cell(item, 3).text, data.before);
-            compareCell(item, 4, data);
+            compare(cell(item, "rdv2").text, data.before);
+            compareCell(item, "rdv3", data);
         }
 
         function appointmentRows() {
@@ -305,14 +306,14 @@ Item {
         }
 
         /// The cell's text and weight, and its colour in both lists.
-        function compareCell(item, number, data) {
-            var step = cell(item, number);
+        function compareCell(item, step, data) {
+            var shown = cell(item, step);
 
-            compare(step.text, data.text);
-            compare(step.font.bold, data.bold);
-            compare(step.color.toString(), "#002357");
+            compare(shown.text, data.text);
+            compare(shown.font.bold, data.bold);
+            compare(shown.color.toString(), "#002357");
             item.red = true;
-            compare(step.color.toString(), data.bold ? "#e50000" : "#002357");
+            compare(shown.color.toString(), data.bold ? "#e50000" : "#002357");
         }
     }
 }

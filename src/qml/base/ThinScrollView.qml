@@ -14,11 +14,13 @@ ScrollView {
             color: Palette.scrollHandle
             implicitHeight: 4
             implicitWidth: 4
+            objectName: "handle"
 
             Rectangle {
                 anchors.centerIn: parent
                 color: Palette.scrollHandleMark
                 height: 2
+                objectName: "handleMark"
                 width: 2
             }
         }
@@ -35,6 +37,7 @@ ScrollView {
             color: Palette.scrollGroove
             implicitHeight: 4
             implicitWidth: 4
+            objectName: "groove"
         }
         transientScrollBars: false
     }

@@ -23,6 +23,7 @@ Rectangle {
 
         acceptedButtons: Qt.LeftButton | Qt.RightButton
         height: Metrics.headerHeight
+        objectName: "dragZone"
 
         onPressed: root.dragStarted()
         onClicked: if (mouse.button === Qt.RightButton) root.contextMenuRequested()

@@ -16,34 +16,19 @@ var states = {
     "given, disabled": { properties: { disabledBackgroundColor: "#778899", disabled: true } }
 };
 
-// state | item | property | expected
+// state, item or items, {property: expected}
 var rows = [
-    ["plain", "", "height", 38],
-    ["plain", "", "color", "#55b03b"],
-    ["plain", "", "state", "base"],
-    ["plain", "", "disabled", false],
-    ["plain", "", "textBold", true],
-    ["plain", "", "image", ""],
-    ["plain", "text Enregistrer", "font.bold", true],
-    ["plain", "text Enregistrer", "left", 5],
-    ["plain", "text Enregistrer", "right", 133],
-    ["plain", "text Enregistrer", "horizontalAlignment", Text.AlignHCenter],
-    ["plain", "text Enregistrer", "centreY", 19],
-    ["hovered", "", "state", "hovered"],
-    ["hovered", "", "color", "#7abb67"],
-    ["disabled", "", "state", "disabled"],
-    ["disabled", "", "color", "#a9a9a9"],
-    ["disabled, hovered", "", "state", "disabled"],
-    ["disabled, hovered", "", "color", "#a9a9a9"],
-    ["icon", "picture yes-white.png", "left", 14],
-    ["icon", "picture yes-white.png", "visible", true],
-    ["icon", "picture yes-white.png", "centreY", 19],
-    ["icon", "text Enregistrer", "left", ["right", "picture yes-white.png", 20]],
-    ["icon", "text Enregistrer", "horizontalAlignment", Text.AlignLeft],
-    ["icon, hovered", "", "color", "#7abb67"],
-    ["given", "", "color", "#112233"],
-    ["given", "text Enregistrer", "color", "#010203"],
-    ["given", "text Enregistrer", "font.bold", false],
-    ["given, hovered", "", "color", "#445566"],
-    ["given, disabled", "", "color", "#778899"]
+    ["plain", "", { height: 38, color: "#55b03b", state: "base", disabled: false, textBold: true, image: "" }],
+    ["plain", "text Enregistrer", { "font.bold": true, left: 5, right: 133, horizontalAlignment: Text.AlignHCenter,
+     centreY: 19 }],
+    ["hovered", "", { state: "hovered", color: "#7abb67" }],
+    ["disabled", "", { state: "disabled", color: "#a9a9a9" }],
+    ["disabled, hovered", "", { state: "disabled", color: "#a9a9a9" }],
+    ["icon", "picture yes-white.png", { left: 14, visible: true, centreY: 19 }],
+    ["icon", "text Enregistrer", { left: ["right", "picture yes-white.png", 20], horizontalAlignment: Text.AlignLeft }],
+    ["icon, hovered", "", { color: "#7abb67" }],
+    ["given", "", { color: "#112233" }],
+    ["given", "text Enregistrer", { color: "#010203", "font.bold": false }],
+    ["given, hovered", "", { color: "#445566" }],
+    ["given, disabled", "", { color: "#778899" }]
 ];

@@ -8,31 +8,15 @@ var states = {
     "hidden": { properties: { displayed: false } }
 };
 
-// state | item | property | expected
+// state, item or items, {property: expected}
 var rows = [
-    ["shown", "", "displayed", true],
-    ["shown", "", "internalHeight", 38],
-    ["shown", "", "height", 38],
-    ["shown", "", "width", 275],
-    ["shown", "", "clip", true],
-    ["shown", "", "color", "#6989ba"],
-    ["shown", "", "behavior", "number 300 InOutQuad"],
-    ["shown", "picture next-white.png", "right", 265],
-    ["shown", "picture next-white.png", "top", 0],
-    ["shown", "picture next-white.png", "height", 38],
-    ["shown", "picture next-white.png", "fillMode", Image.PreserveAspectFit],
-    ["shown", "text Envoyer le SMS de rappel", "color", "#ffffff"],
-    ["shown", "text Envoyer le SMS de rappel", "font.bold", true],
-    ["shown", "text Envoyer le SMS de rappel", "points", 11],
-    ["shown", "text Envoyer le SMS de rappel", "renderType", Text.NativeRendering],
-    ["shown", "text Envoyer le SMS de rappel", "centreX", 137.5],
-    ["shown", "text Envoyer le SMS de rappel", "centreY", 19],
-    ["shown", "control Envoyer le SMS de rappel", "cursorShape", Qt.PointingHandCursor],
-    ["shown", "control Envoyer le SMS de rappel", "width", 275],
-    ["shown", "control Envoyer le SMS de rappel", "height", 38],
-    ["hovered", "", "color", "#4f79b8"],
-    ["hovered", "text Envoyer le SMS de rappel", "color", "#ffffff"],
-    ["hidden", "", "internalHeight", 0],
-    ["hidden", "", "height", 0],
-    ["hidden", "", "visible", false]
+    ["shown", "", { displayed: true, internalHeight: 38, height: 38, width: 275, clip: true, color: "#6989ba",
+     behavior: "number 300 InOutQuad" }],
+    ["shown", "picture next-white.png", { right: 265, top: 0, height: 38, fillMode: Image.PreserveAspectFit }],
+    ["shown", "text Envoyer le SMS de rappel", { color: "#ffffff", "font.bold": true, points: 11,
+     renderType: Text.NativeRendering, centreX: 137.5, centreY: 19 }],
+    ["shown", "control Envoyer le SMS de rappel", { cursorShape: Qt.PointingHandCursor, width: 275, height: 38 }],
+    ["hovered", "", { color: "#4f79b8" }],
+    ["hovered", "text Envoyer le SMS de rappel", { color: "#ffffff" }],
+    ["hidden", "", { internalHeight: 0, height: 0, visible: false }]
 ];

@@ -8,22 +8,12 @@ var states = {
     "hidden": { properties: { displayed: false } }
 };
 
-// state | item | property | expected
+// state, item or items, {property: expected}
 var rows = [
-    ["shown", "", "displayed", true],
-    ["shown", "", "height", 38],
-    ["shown", "", "behavior", "number 200 Linear"],
-    ["shown", "text Si la consultation continue,<br/>cliquez ici", "textFormat", Text.RichText],
-    ["shown", "text Si la consultation continue,<br/>cliquez ici", "font.bold", true],
-    ["shown", "text Si la consultation continue,<br/>cliquez ici", "points", 9],
-    ["shown", "text Si la consultation continue,<br/>cliquez ici", "color", "#405a82"],
-    ["shown", "text Si la consultation continue,<br/>cliquez ici", "horizontalAlignment", Text.AlignHCenter],
-    ["shown", "text Si la consultation continue,<br/>cliquez ici", "centreX", 137.5],
-    ["shown", "text Si la consultation continue,<br/>cliquez ici", "centreY", 19],
-    ["shown", "text Si la consultation continue,<br/>cliquez ici", "opacity", 1],
-    ["hovered", "text Si la consultation continue,<br/>cliquez ici", "opacity", 0.7],
-    ["hovered", "", "height", 38],
-    ["hidden", "", "internalHeight", 0],
-    ["hidden", "", "height", 0],
-    ["hidden", "", "visible", false]
+    ["shown", "", { displayed: true, height: 38, behavior: "number 200 Linear" }],
+    ["shown", "text Si la consultation continue,<br/>cliquez ici", { textFormat: Text.RichText, "font.bold": true,
+     points: 9, color: "#405a82", horizontalAlignment: Text.AlignHCenter, centreX: 137.5, centreY: 19, opacity: 1 }],
+    ["hovered", "text Si la consultation continue,<br/>cliquez ici", { opacity: 0.7 }],
+    ["hovered", "", { height: 38 }],
+    ["hidden", "", { internalHeight: 0, height: 0, visible: false }]
 ];
