@@ -286,7 +286,7 @@ Item {
         }
 
         function test_the_SMS_button_opens_the_page_and_no_patient() {
-            givenNames(["A"]);
+            givenPatients([{ name: "A", phone: "0612", notification_date: "2014-05-12" }]);
             var popup = load("ListPopup");
             var opened = spy(popup, "openPatient");
 

@@ -61,6 +61,28 @@ Item {
             tryCompare(listPane().anchors, "leftMargin", 0);
         }
 
+        function test_what_slides_or_fades_is_visible_until_it_is_gone() {
+            var shown = function () {
+                return [searchBar(), listPane(), nameBar(), detail()].map(function (item) { return item.visible; });
+            };
+
+            tryVerify(detail);
+            compare(shown(), [true, true, false, false]);
+            main.openPatient("1");
+            compare(shown(), [true, true, true, true]);
+            settle();
+            compare(shown(), [false, false, true, true]);
+            click(named(main, "Retour"));
+            compare(shown(), [true, true, true, true]);
+            settle();
+            compare(shown(), [true, true, false, false]);
+            search().text = "du";
+            tryCompare(results(), "opacity", 1);
+            search().text = "";
+            compare(results().visible, true);
+            tryCompare(results(), "visible", false);
+        }
+
         function test_canceled_leaves_the_editor() {
             search().text = "du";
             main.openPatient("1");
