@@ -30,31 +30,6 @@ Item {
             tryVerify(function () { return item.color.toString() !== "#a9a9a9"; });
         }
 
-        function test_activation_is_told_unless_disabled_data() {
-            var ways = [{ tag: "mouse" }, { tag: "Return", key: Qt.Key_Return }, { tag: "Enter", key: Qt.Key_Enter },
-                        { tag: "Space", key: Qt.Key_Space }, { tag: "press action", press: true }];
-
-            return ways.concat(ways.map(function (way) {
-                return { tag: "disabled, " + way.tag, key: way.key, press: way.press, disabled: true };
-            }));
-        }
-
-        function test_activation_is_told_unless_disabled(data) {
-            var item = button({ disabled: data.disabled === true });
-            var clicked = spy(item, "clicked");
-            var control = named(item, "Enregistrer");
-
-            if (data.press) {
-                Native.press(control);
-            } else if (data.key) {
-                control.forceActiveFocus();
-                keyClick(data.key);
-            } else {
-                click(item);
-            }
-            compare(clicked.count, data.disabled ? 0 : 1);
-        }
-
         function test_tab_passes_over_a_disabled_button() {
             var controls = [button(), button({ disabled: true, y: 50 }), button({ y: 100 })].map(function (item) {
                 return named(item, "Enregistrer");

@@ -154,27 +154,6 @@ Item {
             compare(validate().disabled, data.disabled);
         }
 
-        function test_a_disabled_save_button_stores_nothing_data() {
-            return [{ tag: "mouse" }, { tag: "Return", key: Qt.Key_Return }, { tag: "Space", key: Qt.Key_Space },
-                    { tag: "press action", press: true }];
-        }
-
-        function test_a_disabled_save_button_stores_nothing(data) {
-            createPatient("N");
-            nameBar.name = "";
-            rest();
-            compare(validate().disabled, true);
-            if (data.press) {
-                Native.press(named(detail, "Enregistrer"));
-            } else if (data.key) {
-                named(detail, "Enregistrer").forceActiveFocus();
-                keyClick(data.key);
-            } else {
-                click(validate());
-            }
-            compare(all(), []);
-        }
-
         function test_cancel_drops_the_edits_of_a_stored_patient() {
             var canceled = spy(detail, "canceled");
 

@@ -70,38 +70,6 @@ Item {
             compare(hide.count, 0);
         }
 
-        function test_left_click_on_the_cross_hides() {
-            var hide = spy(main, "hide");
-
-            click(named(main, "Fermer"));
-            compare(hide.count, 1);
-        }
-
-        function test_buttons_and_links_tell_their_signal_data() {
-            return [
-                { tag: "Contacts VESK", signalName: "openContact" },
-                { tag: "Liste de tous les patients", signalName: "openList" },
-                { tag: "Liste des patients en attente", signalName: "openList" },
-                { tag: "Fermer", signalName: "hide" }
-            ];
-        }
-
-        function test_buttons_and_links_tell_their_signal(data) {
-            var told = spy(main, data.signalName);
-
-            click(named(main, data.tag));
-            compare(told.count, 1);
-            named(main, data.tag).forceActiveFocus();
-            keyClick(Qt.Key_Return);
-            compare(told.count, 2);
-            keyClick(Qt.Key_Enter);
-            compare(told.count, 3);
-            keyClick(Qt.Key_Space);
-            compare(told.count, 4);
-            verify(Native.press(named(main, data.tag)));
-            compare(told.count, 5);
-        }
-
         function test_pressing_the_header_starts_dragging_data() {
             return [
                 { tag: "left edge", x: 3, y: 3, button: Qt.LeftButton, starts: 1 },

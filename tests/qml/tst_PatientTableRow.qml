@@ -82,32 +82,6 @@ Item {
             compare(mark.checked, true);
         }
 
-        function test_keyboard_and_assistive_tools_data() {
-            return [
-                { tag: "tick by Space", control: "Sélectionner ", key: Qt.Key_Space, opens: 0, ticks: true },
-                { tag: "tick by Return", control: "Sélectionner ", key: Qt.Key_Return, opens: 0, ticks: true },
-                { tag: "tick by press", control: "Sélectionner ", opens: 0, ticks: true },
-                { tag: "open by Return", control: "Ouvrir ", key: Qt.Key_Return, opens: 1, ticks: false },
-                { tag: "open by Space", control: "Ouvrir ", key: Qt.Key_Space, opens: 1, ticks: false },
-                { tag: "open by press", control: "Ouvrir ", opens: 1, ticks: false }
-            ];
-        }
-
-        function test_keyboard_and_assistive_tools(data) {
-            var item = row();
-            var opened = spy(item, "openPatient");
-            var control = named(item, data.control + marie);
-
-            if (data.key) {
-                control.forceActiveFocus();
-                keyClick(data.key);
-            } else {
-                verify(Native.press(control));
-            }
-            compare(opened.count, data.opens);
-            compare(item.exchecked, data.ticks);
-        }
-
         function test_the_focus_frame_goes_round_the_phone_number() {
             var item = row({ iphone: "06 11 22 33 44" });
             var ring = ofType(named(item, "Ouvrir " + marie), "FocusRing")[0];

@@ -53,25 +53,6 @@ Item {
             compare(item.checked, false);
         }
 
-        function test_keys_and_press_action_unfold_data() {
-            return [{ tag: "Return", key: Qt.Key_Return }, { tag: "Enter", key: Qt.Key_Enter },
-                    { tag: "Space", key: Qt.Key_Space }, { tag: "press action", key: 0 }];
-        }
-
-        function test_keys_and_press_action_unfold(data) {
-            var item = load("Question", { text: asked });
-            var row = named(item, asked);
-
-            tryCompare(item, "height", 60);
-            if (data.key) {
-                row.forceActiveFocus();
-                keyClick(data.key);
-            } else {
-                verify(Native.press(row));
-            }
-            compare(item.checked, true);
-        }
-
         function test_a_tick_sets_changed_and_saves_once_data() {
             return [{ tag: "Oui" }, { tag: "Non" }];
         }

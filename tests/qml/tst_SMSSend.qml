@@ -34,28 +34,6 @@ Item {
             fuzzyCompare(text.x + text.width / 2, 137.5, 0.51);
         }
 
-        function test_activation_opens_the_services_page_without_anything_of_the_patient_data() {
-            return [{ tag: "mouse" }, { tag: "Return", key: Qt.Key_Return }, { tag: "Enter", key: Qt.Key_Enter },
-                    { tag: "Space", key: Qt.Key_Space }, { tag: "press action", press: true }];
-        }
-
-        function test_activation_opens_the_services_page_without_anything_of_the_patient(data) {
-            var item = load("SMSSend");
-            var clicked = spy(item, "clicked");
-            var control = named(item, caption);
-
-            if (data.press) {
-                verify(Native.press(control));
-            } else if (data.key) {
-                control.forceActiveFocus();
-                keyClick(data.key);
-            } else {
-                click(item);
-            }
-            compare(clicked.count, 1);
-            compare(Native.takeOpenedAddresses(), ["http://" + Native.smsHost() + "/vesk_sms/"]);
-        }
-
         function test_a_right_click_opens_nothing() {
             var item = load("SMSSend");
 

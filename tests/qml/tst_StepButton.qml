@@ -25,27 +25,6 @@ Item {
             tryCompare(item, "height", 38);
         }
 
-        function test_activation_is_told_once_data() {
-            return [{ tag: "mouse" }, { tag: "Return", key: Qt.Key_Return }, { tag: "Enter", key: Qt.Key_Enter },
-                    { tag: "Space", key: Qt.Key_Space }, { tag: "press action", press: true }];
-        }
-
-        function test_activation_is_told_once(data) {
-            var item = load("StepButton");
-            var clicked = spy(item, "clicked");
-            var control = named(item, "Si la consultation continue, cliquez ici");
-
-            if (data.press) {
-                verify(Native.press(control));
-            } else if (data.key) {
-                control.forceActiveFocus();
-                keyClick(data.key);
-            } else {
-                click(item);
-            }
-            compare(clicked.count, 1);
-        }
-
         function test_accessible_name_has_no_markup() {
             var item = load("StepButton", {
                 text: "Si la 1<sup>ère</sup> prise au cabinet a été effectuée,<br/>cliquez ici"
