@@ -148,6 +148,7 @@ Rectangle {
             onShownChanged: need()
             onLoaded: {
                 item.patients = model;
+                item.showTop();
                 item.name = Qt.binding(function () { return root.waitingShown ? waitingTab.title : allTab.title; });
                 item.waiting = Qt.binding(function () { return root.waitingShown; });
                 item.openPatient.connect(root.openPatient);
