@@ -2,42 +2,12 @@
 
 import os
 
-from harness import isolation
-from harness.case import DesktopTest, complaints, main
-from harness.tandry import PHONE_FIELD, QUESTIONS
-from harness.waiting import wait_equal, wait_until
-
-PATIENT = {"name": "Dupont", "created": "2014-04-10", "phone": "0601020304"}
-DISK_BYTES = 256 * 1024
+from harness.case import main
+from harness.refusal import PATIENT, RefusingStore
+from harness.waiting import wait_until
 
 
-class BrokenStore(DesktopTest):
-    complains = True
-
-    def put_on_a_disk_of_its_own(self):
-        """Gives the database's folder a small file system."""
-        self.store.make_folder()
-        isolation.small_disk(self.store.folder, DISK_BYTES)
-        self.addCleanup(isolation.release_disk, self.store.folder)
-
-    def wait_for_complaint(self, widget, count=0):
-        """Waits until the log reports more than `count` failures."""
-        wait_until(lambda: len(complaints(widget.log)) > count, "the log says what failed")
-
-    def assertNotStored(self, widget):
-        """An answer and a phone number are refused: said in the log, not shown as stored, and nothing is lost."""
-        before = self.store.patients()
-        widget.open_patient("Dupont")
-        said = len(complaints(widget.log))
-        widget.answer("test", "Oui")
-        self.wait_for_complaint(widget, said)
-        wait_equal(widget.asked, ["test"], "the answer is not shown as stored")
-        widget.control(QUESTIONS["test"], "push button")  # without an answer in its name
-        said = len(complaints(widget.log))
-        widget.replace_text(PHONE_FIELD, "06")
-        widget.click("Enregistrer")
-        self.wait_for_complaint(widget, said)
-        self.assertEqual(self.store.patients(), before)
+class BrokenStore(RefusingStore):
 
     def test_not_a_database(self):
         self.store.make_folder()
@@ -61,18 +31,6 @@ class BrokenStore(DesktopTest):
         os.remove(self.store.folder)
         widget.create("Dupont")
         self.assertEqual([row["name"] for row in self.store.patients()], ["Dupont"])
-
-    def test_read_only(self):
-        self.put_on_a_disk_of_its_own()
-        self.store.seed(PATIENT)
-        isolation.read_only_disk(self.store.folder)
-        self.assertNotStored(self.start_ready())
-
-    def test_a_full_disk(self):
-        self.put_on_a_disk_of_its_own()
-        self.store.seed(PATIENT)
-        isolation.fill_disk(self.store.folder)
-        self.assertNotStored(self.start_ready())
 
     def test_locked_by_another_process_from_the_start(self):
         self.store.seed(PATIENT)

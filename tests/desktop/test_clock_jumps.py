@@ -13,7 +13,7 @@ class ClockJumps(DesktopTest):
     def start_at(self, time):
         """Starts the program, on a clock that is then set by the test, and waits for its first refresh."""
         self.clock = SetClock(self.home, time)
-        widget = self.start(environment=self.clock.environment).wait_until_ready()
+        widget = self.start_ready(clock=self.clock)
         wait_until(lambda: "icon 0." in widget.log, "the first refresh is done")
         return widget
 

@@ -6,6 +6,7 @@ import subprocess
 
 from harness import traces
 from harness.case import DesktopTest, complaints, main
+from harness.clock import moved
 from harness.patient_list import ALL, PatientList
 from harness.statistics import StatisticsService
 from harness.tandry import PHONE_FIELD
@@ -15,6 +16,7 @@ from harness.widget import LIST_WIDTH
 NAME, PHONE = "ZQUIXOTAV Wplimbrond", "0739184620"
 DELETED, DELETED_PHONE = "KRVELSTUN Jhopazdig", "0628451973"
 MARKS = NAME.split() + [PHONE] + DELETED.split() + [DELETED_PHONE]
+DAY_BEFORE = "2014-05-11 10:00:00"  # the program's day: then the service's certificate is valid in every time zone
 PRINT_TITLE = "Liste de tous les patients"
 # The program's own lines and the toolkit's at every level, but the toolkit's inner traces: they name every key press.
 EVERYTHING = {"QT_LOGGING_RULES": "*=true;qt.*.debug=false;qt.*.info=false"}
@@ -27,14 +29,14 @@ class Privacy(DesktopTest):
 
     def setUp(self):
         super().setUp()
-        self.service = StatisticsService()
+        self.service = StatisticsService(clock=moved(DAY_BEFORE))
         self.addCleanup(self.service.stop)
         self.pdf = os.path.join(self.home.folder, "liste.pdf")
 
     def start_looking(self):
         """Starts the program with every line of its log and waits until it has done what it does by itself."""
         uploads, refreshes = len(self.service.requests), self.log().count("Refreshing icon.")
-        self.widget = self.start(environment=EVERYTHING).wait_until_ready()
+        self.widget = self.start(environment={**EVERYTHING, **self.service.environment}).wait_until_ready()
         wait_until(lambda: self.log().count("Refreshing icon.") > refreshes, "the first refresh is done")
         wait_until(lambda: len(self.service.requests) > uploads, "the statistics are uploaded")
 
@@ -161,7 +163,7 @@ class Privacy(DesktopTest):
 
     def make_waiting(self):
         """The patient's day has come."""
-        other = self.store.write_lock("UPDATE `Patients` SET notification_date = date('now')")
+        other = self.store.write_lock("UPDATE `Patients` SET notification_date = '2014-05-12'")
         other.execute("COMMIT")
         other.close()
 

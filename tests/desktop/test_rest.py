@@ -12,7 +12,7 @@ FALLEN_ASLEEP_SECONDS, WATCHED_SECONDS = 3, 25
 class Rest(DesktopTest):
 
     def test_hidden_it_is_woken_by_nothing(self):
-        widget = self.start("startup")
+        widget = self.start("startup", clock=None)
         wait_until(lambda: "icon" in widget.log, "the first refresh is done")
         wait_until(lambda: sleeps(widget.process.pid), "the statistics have given up, the scripts have come to rest")
         before = wake_ups(widget.process.pid)

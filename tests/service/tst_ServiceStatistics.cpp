@@ -62,6 +62,7 @@ private:
 
 void ServiceStatistics::initTestCase()
 {
+    OwnNetwork::claim(port);
     own = new Certificate("own");
     own->trust();
 }

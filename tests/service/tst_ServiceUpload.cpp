@@ -86,6 +86,7 @@ private:
 
 void ServiceUpload::initTestCase()
 {
+    OwnNetwork::claim(port);
     own = new Certificate("own");
     own->trust();
 }

@@ -18,6 +18,13 @@ def moved(start, speed=1):
     return faked
 
 
+def environment_of(clock, speed=1):
+    """The environment for a clock: a time as `moved` takes it, a `SetClock`, or None for this machine's."""
+    if clock is None:
+        return {}
+    return clock.environment if isinstance(clock, SetClock) else moved(clock, speed)
+
+
 class SetClock:
     """A clock that someone sets while the program runs; between two settings it stands still. Timers run on."""
 

@@ -16,7 +16,8 @@ from .waiting import NeverHappened, wait_until
 WIDTH, HEIGHT = 1280, 1024
 _AT_SPI_LAUNCHER = "/usr/libexec/at-spi-bus-launcher"
 # What a developer's session may carry and what would change the program under test.
-_FOREIGN = ("QT_", "QML_", "XDG_", "DBUS_", "AT_SPI_", "WAYLAND_", "LC_", "LANG", "DISPLAY", "XAUTHORITY", "http_proxy")
+_FOREIGN = ("QT_", "QML_", "XDG_", "DBUS_", "AT_SPI_", "WAYLAND_", "LC_", "LANG", "DISPLAY", "XAUTHORITY", "http_proxy",
+            "LD_PRELOAD", "FAKETIME")
 
 
 class Desktop:

@@ -29,6 +29,7 @@ def stop(process, gently=True, limit=5):
     for stream in (process.stdin, process.stdout, process.stderr):
         if stream:
             stream.close()
+    _forget_clock(process.pid)
 
 
 def _signal_group(process, number):
@@ -36,6 +37,16 @@ def _signal_group(process, number):
         os.killpg(process.pid, number)
     except ProcessLookupError:
         pass
+
+
+def _forget_clock(pid):
+    """Removes what the library of the moved clock leaves in the shared memory of a program that is killed: a later process
+    of the same number would not start."""
+    for name in (f"faketime_shm_{pid}", f"sem.faketime_sem_{pid}"):
+        try:
+            os.remove(os.path.join("/dev/shm", name))
+        except FileNotFoundError:
+            pass
 
 
 def _die_with_parent():

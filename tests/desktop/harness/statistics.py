@@ -1,4 +1,4 @@
-"""The statistics service of test builds: a TLS server on the loopback whose certificate the program trusts."""
+"""The statistics service of test builds: a TLS server on the loopback, whose certificate the program under test trusts."""
 
 import collections
 import os
@@ -13,43 +13,38 @@ from . import isolation
 
 HOST, PORT = "127.0.0.1", 47443  # what test builds post to, see CMakePresets.json
 ANSWER = b'HTTP/1.1 200 OK\r\nContent-Type: application/json\r\nContent-Length: 15\r\n\r\n{"status":"ok"}'
-_TRUSTED = "/etc/ssl/certs"
-_TRUSTED_BYTES = 64 * 1024
 
 Request = collections.namedtuple("Request", "line head body")  # line: of the head the first
 
 
 class StatisticsService:
     """Keeps every request that arrives whole in `requests`, and what went wrong in `failures`. Made after the desktop,
-    which gives this process a network and mounts of its own. Its certificate is valid for `days` from the time that
-    `clock` (an environment) gives, from now on without."""
+    which may give this process a network of its own. Programs that have `environment` trust its certificate, which is valid
+    for `days` from the time that `clock` (an environment) gives, from now on without."""
 
     def __init__(self, days=2, clock=None):
         self.requests, self.failures = [], []
         self._folder = tempfile.mkdtemp(prefix="tandry-statistics-")
-        self._certificate, self._key = (os.path.join(self._folder, name) for name in ("own.pem", "own.key"))
+        certificate, key = (os.path.join(self._folder, name) for name in ("own.pem", "own.key"))
         self._openssl("req", "-x509", "-newkey", "rsa:2048", "-nodes", "-days", str(days), "-subj", f"/CN={HOST}",
-                      "-addext", f"subjectAltName=IP:{HOST}", "-keyout", self._key, "-out", self._certificate,
+                      "-addext", f"subjectAltName=IP:{HOST}", "-keyout", key, "-out", certificate,
                       environment=clock or {})
-        self._have_it_trusted()
         self._context = ssl.SSLContext(ssl.PROTOCOL_TLS_SERVER)
-        self._context.load_cert_chain(self._certificate, self._key)
+        self._context.load_cert_chain(certificate, key)
+        self._claim = isolation.claim_port(PORT)
         self._listener = socket.create_server((HOST, PORT))
+        self.environment = {
+            "QT_PLUGIN_PATH": os.environ["TANDRY_TRUST"], "QT_QPA_GENERIC_PLUGINS": "tandrytrust",
+            "TANDRY_TRUSTED_CERTIFICATE": certificate}
         threading.Thread(target=self._serve, daemon=True).start()
 
     def stop(self):
-        """Ends the service and takes its certificate back."""
+        """Ends the service."""
         # Closing alone would not wake the thread that waits for a connection.
         self._listener.shutdown(socket.SHUT_RDWR)
         self._listener.close()
-        isolation.release_disk(_TRUSTED)
+        self._claim.close()
         shutil.rmtree(self._folder, ignore_errors=True)
-
-    def _have_it_trusted(self):
-        digest = self._openssl("x509", "-hash", "-noout", "-in", self._certificate).strip()
-        # In front of the system's own folder, and for this process and its children alone.
-        isolation.small_disk(_TRUSTED, _TRUSTED_BYTES)
-        shutil.copy(self._certificate, os.path.join(_TRUSTED, digest + ".0"))
 
     def _serve(self):
         while True:

@@ -16,8 +16,8 @@ _STILL_SECONDS = 0.12
 
 
 class Widget:
-    """One run of the program, on a desktop and in a home. `clock` is the time at its start: "2014-05-12 10:00:00";
-    `speed` is how many times as fast as ours it and the program's timers run."""
+    """One run of the program, on a desktop and in a home. `clock` is the time at its start, "2014-05-12 10:00:00", or a
+    `SetClock`; `speed` is how many times as fast as ours it and the program's timers run."""
 
     program = os.environ.get("TANDRY_PROGRAM", "")
 
@@ -27,7 +27,7 @@ class Widget:
         full = {**desktop.environment, **home.environment, **(environment or {}),
                 "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1", "QT_ASSUME_STDERR_HAS_CONSOLE": "1",
                 "QT_MESSAGE_PATTERN": "%{type}: %{message}", "ASAN_OPTIONS": sanitizer.OPTIONS,
-                **(clock_of.moved(clock, speed) if clock else {})}
+                **clock_of.environment_of(clock, speed)}
         with open(self._log_path, "ab") as log:
             self.process = desktop.start([self.program, *arguments], full, stdin=subprocess.DEVNULL, stdout=log,
                                          stderr=log, cwd=home.folder)

@@ -7,6 +7,9 @@
 
 #include <functional>
 
+#include <netinet/in.h>
+#include <sys/socket.h>
+
 /// Hands each connection over as a descriptor.
 class Acceptor : public QTcpServer
 {
@@ -19,7 +22,21 @@ protected:
 
 namespace {
 
+constexpr int highestDescriptor = 1024;
 constexpr int hugeSize = 100 * 1024 * 1024;
+
+/// Whether the other end of a connection is a socket of this process, too.
+bool isOurs(quint16 peerPort)
+{
+    for (int descriptor = 0; descriptor < highestDescriptor; ++descriptor) {
+        sockaddr_in name;
+        socklen_t size = sizeof name;
+        if (getsockname(descriptor, reinterpret_cast<sockaddr *>(&name), &size) == 0 && name.sin_family == AF_INET
+            && ntohs(name.sin_port) == peerPort)
+            return true;
+    }
+    return false;
+}
 
 /// The length of the whole request, or -1 as long as its header is not complete.
 int lengthOf(const QByteArray &request)
@@ -72,13 +89,13 @@ void StatisticsServer::run()
 {
     Acceptor acceptor;
     acceptor.accept = [this, &acceptor](qintptr descriptor) {
-        {
+        auto *socket = new QSslSocket(&acceptor);
+        socket->setSocketDescriptor(descriptor);
+        if (isOurs(socket->peerPort())) {
             const QMutexLocker lock(&mutex);
             ++accepted;
             changed.wakeAll();
         }
-        auto *socket = new QSslSocket(&acceptor);
-        socket->setSocketDescriptor(descriptor);
         if (behaviour == NeverShakesHands)
             return;
         socket->setLocalCertificate(certificate.certificate);
@@ -98,7 +115,7 @@ void StatisticsServer::run()
         });
         socket->startServerEncryption();
     };
-    if (!acceptor.listen(QHostAddress::Any, port))
+    if (!acceptor.listen(QHostAddress::LocalHost, port))
         qFatal("Port %d: %s", port, qPrintable(acceptor.errorString()));
     {
         const QMutexLocker lock(&mutex);

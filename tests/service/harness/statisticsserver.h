@@ -28,6 +28,7 @@ public:
 
     /// Waits until that many requests have arrived whole; then all there are, header and body together.
     QList<QByteArray> requests(int count, int timeoutMs = 10000);
+    /// How many connections of this process there have been; another's may come on a network that is not the test's own.
     int connections() const;
 
 protected:

@@ -39,6 +39,7 @@ def main():
     build = pathlib.Path(sys.argv[sys.argv.index("--build") + 1]).resolve()
     # Before the modules are loaded: the harness takes the program and the place for pictures from here.
     os.environ["TANDRY_PROGRAM"] = str(build / "src" / "tandry")
+    os.environ["TANDRY_TRUST"] = str(build / "tests" / "desktop" / "trust" / "plugins")
     os.environ["TANDRY_ARTEFACTS"] = str(build / "desktop-artefacts")
     modules = {path.stem: importlib.import_module(path.stem) for path in sorted(TRIALS.glob("*.py"))}
     runs = list(arguments({name: module for name, module in modules.items() if hasattr(module, "run")}))

@@ -90,13 +90,15 @@ class TrayYear:
         return reminders
 
     def _serve(self):
-        """A service whose certificate this system's programs trust, and no other."""
+        """A service whose certificate is valid for all these days."""
         before = BEGIN - datetime.timedelta(days=1)
         return StatisticsService(self.days + 30, clock.moved(f"{before:%Y-%m-%d %H:%M:%S}"))
 
     def _start(self, program, observer):
         moved = clock.moved(f"{BEGIN:%Y-%m-%d %H:%M:%S}", self.speed)
-        own = {"TZ": ZONE, "QT_PLUGIN_PATH": observer, "QT_QPA_GENERIC_PLUGINS": "tandryobserver",
+        network = self.server.environment
+        own = {**network, "TZ": ZONE, "QT_PLUGIN_PATH": os.pathsep.join((observer, network["QT_PLUGIN_PATH"])),
+               "QT_QPA_GENERIC_PLUGINS": "tandryobserver," + network["QT_QPA_GENERIC_PLUGINS"],
                "TANDRY_OBSERVED": self._observed, "QT_ASSUME_STDERR_HAS_CONSOLE": "1",
                "QT_MESSAGE_PATTERN": "%{time yyyy-MM-ddTHH:mm:ss} %{type}: %{message}",
                # On a bus the clock would run out between a question and its answer, and the bus's library gives up then.

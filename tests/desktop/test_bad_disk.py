@@ -1,0 +1,29 @@
+"""A database on a disk that is full or read-only: the program starts, says so in its log, and loses nothing."""
+
+from harness import isolation
+from harness.case import main
+from harness.refusal import PATIENT, RefusingStore
+
+DISK_BYTES = 256 * 1024
+
+
+class BadDisk(RefusingStore):
+
+    def setUp(self):
+        super().setUp()
+        self.store.make_folder()
+        isolation.small_disk(self.store.folder, DISK_BYTES)
+        self.addCleanup(isolation.release_disk, self.store.folder)
+        self.store.seed(PATIENT)
+
+    def test_read_only(self):
+        isolation.read_only_disk(self.store.folder)
+        self.assertNotStored(self.start_ready())
+
+    def test_a_full_disk(self):
+        isolation.fill_disk(self.store.folder)
+        self.assertNotStored(self.start_ready())
+
+
+if __name__ == "__main__":
+    main()
