@@ -1,4 +1,5 @@
-# tandry_move_clock(tst_Name): the test may move the clock of its own process (testclock.h).
+# tandry_move_clock(target [test ...]): the tests of this target may move the clock of their own process (testclock.h).
+# Without tests, the target's name is that of its only one.
 #
 # Linked rather than preloaded, where the linker lets a library stand before libc: so the clock moves in the test alone
 # and not in the processes that it starts, and a sanitizer still comes first.
@@ -9,12 +10,16 @@ if(NOT TANDRY_FAKETIME)
     message(FATAL_ERROR "libfaketime is missing: scripts/install-dependencies installs it")
 endif()
 
-function(tandry_move_clock test)
+function(tandry_move_clock target)
+    set(tests ${ARGN})
+    if(NOT tests)
+        set(tests ${target})
+    endif()
     set(environment "FAKETIME_NO_CACHE=1;FAKETIME_DONT_FAKE_MONOTONIC=1")
     if(APPLE)
         list(APPEND environment "DYLD_INSERT_LIBRARIES=${TANDRY_FAKETIME}" "DYLD_FORCE_FLAT_NAMESPACE=1")
     else()
-        target_link_libraries(${test} PRIVATE -Wl,--no-as-needed "${TANDRY_FAKETIME}" -Wl,--as-needed)
+        target_link_libraries(${target} PRIVATE -Wl,--no-as-needed "${TANDRY_FAKETIME}" -Wl,--as-needed)
     endif()
-    set_property(TEST ${test} APPEND PROPERTY ENVIRONMENT ${environment})
+    set_property(TEST ${tests} APPEND PROPERTY ENVIRONMENT ${environment})
 endfunction()
