@@ -104,6 +104,8 @@ class DesktopTest(unittest.TestCase):
         def watched():
             try:
                 method()
+            except unittest.SkipTest:
+                raise
             except BaseException:
                 self._report_failure()
                 raise

@@ -23,7 +23,9 @@ class Control:
     @property
     def role(self):
         """The role as the accessibility bus spells it: "push button", "text", "check box", "list item"…"""
-        return self._node.get_role_name()
+        name = self._node.get_role_name()
+        # So since version 2.56 of the bus's library.
+        return "push button" if name == "button" else name
 
     @property
     def name(self):
