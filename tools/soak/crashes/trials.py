@@ -6,11 +6,11 @@ import random
 
 from harness.case import complaints
 from harness.home import Home
+from harness.killer import CREATED, DELETED, MODIFIED, Killer
 from harness.store import Store
 
 from . import autopsy
 from .hands import Hands
-from .killer import CREATED, DELETED, MODIFIED, Killer
 from .ledger import CLOCK, Ledger, Lost, State
 
 _SURNAMES = ("ARNAUD", "DUPONT", "MARTIN", "MOREAU", "PETIT", "RENARD")

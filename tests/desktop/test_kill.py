@@ -1,0 +1,50 @@
+"""The program is killed while it saves: what its window had confirmed is there at the next start, what was under way is
+there whole or not at all, and the work goes on."""
+
+import os
+
+from harness.case import DesktopTest, main
+from harness.killer import CREATED, DELETED, MODIFIED, Killer
+from harness.waiting import wait_equal, wait_until
+
+UNANSWERED, ANSWERED = (0, "", "2014-05-12"), (1, "2014-05-12", "2014-09-15")
+
+
+class Kill(DesktopTest):
+
+    def stored(self):
+        """What an answer to the first question changes."""
+        row = self.store.patient("Martin")
+        return row["test"], row["test_date"], row["notification_date"]
+
+    def kill_at(self, suffix, event, outcomes):
+        """Kills the program as soon as `event` happens to the file of the database with this suffix, while an answer is
+        saved; the next start shows one of `outcomes`, and takes the answer."""
+        self.store.make_folder()
+        widget = self.start_ready()
+        widget.create("Martin")
+        Killer(widget.process).at_event(self.store.folder, os.path.basename(self.store.file) + suffix, event)
+        widget.answer("test", "Oui")
+        self.assertEqual(widget.wait_for_exit(), -9)
+
+        widget = self.start_ready()
+        widget.open_patient("Martin")
+        self.assertIn(self.stored(), outcomes)
+        wait_equal(widget.asked, ["test", "confirmation"] if self.stored() == ANSWERED else ["test"],
+                   "the editor shows what is stored")
+        if self.stored() == UNANSWERED:
+            widget.answer("test", "Oui")
+        wait_until(lambda: self.stored() == ANSWERED, "the answer is stored")
+
+    def test_before_a_byte_is_written(self):
+        self.kill_at("-journal", CREATED, [UNANSWERED, ANSWERED])
+
+    def test_in_the_middle_of_the_database(self):
+        self.kill_at("", MODIFIED, [UNANSWERED, ANSWERED])
+
+    def test_after_the_commit(self):
+        self.kill_at("-journal", DELETED, [ANSWERED])
+
+
+if __name__ == "__main__":
+    main()
