@@ -21,7 +21,7 @@ def add_arguments(parser):
 
 
 def run(options, report):
-    observer = pathlib.Path(options.build) / "tests" / "soak" / "observer" / "plugins"
+    observer = pathlib.Path(options.build) / "tools" / "soak" / "observer" / "plugins"
     year = TrayYear(options.program, str(observer), options.days, options.speed)
     try:
         year.live(lambda sample: int(sample.day) % 30 or report.progress(f"day {sample.day:.0f}: {sample.own} KiB"))

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Changes one thing at a time in the program's rules and sees whether a test fails. See scripts/mutate."""
+"""Changes one thing at a time in the program's rules and sees whether a test fails. See scripts/check mutate."""
 
 import argparse
 import collections
@@ -80,7 +80,7 @@ def chosen_paths(names):
 
 
 def arguments():
-    parser = argparse.ArgumentParser(prog="scripts/mutate", description=__doc__)
+    parser = argparse.ArgumentParser(prog="scripts/check mutate", description=__doc__)
     parser.add_argument("files", nargs="*", help="only the mutants of these files, such as Bdd.js")
     parser.add_argument("--sample", type=int, metavar="N", help="only N of the mutants, drawn at random")
     parser.add_argument("--seed", type=int, default=1, metavar="S", help="another draw (default: %(default)s)")

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""What the driver of scripts/mutate changes, and what it says of changes that are seen, unseen, endless and broken."""
+"""What the driver of scripts/check mutate changes, and what it says of changes that are seen, unseen, endless and broken."""
 
 import contextlib
 import io

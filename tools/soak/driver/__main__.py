@@ -16,11 +16,11 @@ import traceback
 from report import Report
 
 TRIALS = pathlib.Path(__file__).resolve().parents[1]
-HARNESS = TRIALS.parent / "desktop"
+HARNESS = TRIALS.parents[1] / "tests" / "desktop"
 
 
 def arguments(trials):
-    parser = argparse.ArgumentParser(prog="scripts/soak", description="Makes the long trials, or one of them.")
+    parser = argparse.ArgumentParser(prog="scripts/check soak", description="Makes the long trials, or one of them.")
     parser.add_argument("--build", type=pathlib.Path, required=True, help=argparse.SUPPRESS)
     commands = parser.add_subparsers(dest="trial", metavar="TRIAL")
     for name, module in trials.items():
