@@ -1,10 +1,12 @@
 #include "native.h"
 
 #include <QAccessible>
+#include <QCoreApplication>
 #include <QDesktopServices>
 #include <QEasingCurve>
 #include <QKeyEvent>
 #include <QMetaEnum>
+#include <QVariantAnimation>
 #include <QQmlEngine>
 #include <QQmlListReference>
 #include <QQuickItem>
@@ -49,6 +51,37 @@ QVariantMap animationLook(const QObject *animation)
 }
 
 } // namespace
+
+/// A time of the animations that stands still but for `pass`: a busy machine shows them at each moment all the same.
+class Native::HeldTime : public QAnimationDriver
+{
+public:
+    HeldTime()
+    {
+        install();
+        // Between two animations the time would be the clock's again.
+        m_endless.setEndValue(1.0);
+        m_endless.setLoopCount(-1);
+        m_endless.start();
+        QCoreApplication::processEvents();
+    }
+    ~HeldTime() override
+    {
+        m_endless.stop();
+        uninstall();
+    }
+
+    qint64 elapsed() const override { return m_now; }
+    void pass(int milliseconds)
+    {
+        m_now += milliseconds;
+        advanceAnimation();
+    }
+
+private:
+    qint64 m_now = 0;
+    QVariantAnimation m_endless;
+};
 
 Native::Native(QQmlEngine *engine)
     : QObject(engine)
@@ -236,6 +269,25 @@ QVariantList Native::transitionAnimations(QObject *transition) const
     for (int i = 0; i < animations.count(); ++i)
         found.append(animationLook(animations.at(i)));
     return found;
+}
+
+void Native::holdAnimations()
+{
+    m_heldTime.reset(new HeldTime);
+}
+
+void Native::releaseAnimations()
+{
+    m_heldTime.reset();
+}
+
+void Native::passTime(int milliseconds)
+{
+    // An animation that has just been started joins in with the next step of the time.
+    QCoreApplication::processEvents();
+    m_heldTime->pass(0);
+    QCoreApplication::processEvents();
+    m_heldTime->pass(milliseconds);
 }
 
 QString Native::typeName(QObject *object) const

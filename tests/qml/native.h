@@ -48,6 +48,11 @@ public:
     Q_INVOKABLE QVariantList behaviors(QObject *object) const;
     /// The animations of a transition, in the same form.
     Q_INVOKABLE QVariantList transitionAnimations(QObject *transition) const;
+    /// From here on no animation moves by itself, until releaseAnimations().
+    Q_INVOKABLE void holdAnimations();
+    Q_INVOKABLE void releaseAnimations();
+    /// Lets so many milliseconds pass for the animations that are held.
+    Q_INVOKABLE void passTime(int milliseconds);
     /// Name of the object's type as it is written in a document.
     Q_INVOKABLE QString typeName(QObject *object) const;
     /// Whether the item is that of which `ancestor` is a parent item, or itself.
@@ -63,8 +68,11 @@ private slots:
 private:
     Q_DISABLE_COPY(Native)
 
+    class HeldTime;
+
     bool openObserver();
 
     QQmlEngine *m_engine;
+    QScopedPointer<HeldTime> m_heldTime;
     QStringList m_openedAddresses;
 };

@@ -13,6 +13,16 @@ Item {
 
         function prepare() {
             givenPatients([]);
+            Native.holdAnimations();
+        }
+
+        function finish() {
+            Native.releaseAnimations();
+        }
+
+        /// Where the list has slid to, and how much of the search bar and of the name bar is to be seen.
+        function shown() {
+            return [listPane().anchors.leftMargin, searchBar().opacity, nameBar().opacity];
         }
 
         function test_changes_of_state_are_animated() {
@@ -23,25 +33,25 @@ Item {
             }), ["number 600 InOutQuad"]);
             givenPatients([{ id: 1, name: "DUPONT Marie" }]);
             main.openPatient("1");
-            compare(listPane().anchors.leftMargin, 0);
-            compare(searchBar().opacity, 1);
-            compare(nameBar().opacity, 0);
-            tryVerify(function () {
-                return listPane().anchors.leftMargin < 0 && listPane().anchors.leftMargin > -275
-                    && searchBar().opacity > 0 && searchBar().opacity < 1
-                    && nameBar().opacity > 0 && nameBar().opacity < 1;
-            });
-            settle();
+            compare(shown(), [0, 1, 0]);
+            Native.passTime(300);
+            compare(shown(), [-137.5, 0.5, 0.5]);
+            Native.passTime(150);
+            compare(shown(), [-240.625, 0.125, 0.875]);
+            Native.passTime(150);
+            compare(shown(), [-275, 0, 1]);
         }
 
         function test_the_frame_animates_toward_its_height() {
             givenPatients([{ id: 1, name: "DUPONT" }]);
             start();
             search().text = "d";
-            compare(frame().height, 174);
             compare(frame().internalHeight, 326);
-            tryVerify(function () { return frame().height > 174 && frame().height < 326; });
-            tryCompare(frame(), "height", 326);
+            compare(frame().height, 174);
+            Native.passTime(300);
+            compare(frame().height, 250);
+            Native.passTime(300);
+            compare(frame().height, 326);
         }
 
         function test_results_fade_in_and_out() {
@@ -49,11 +59,16 @@ Item {
             start();
             search().text = "d";
             compare(results().opacity, 0);
-            tryVerify(function () { return results().opacity > 0 && results().opacity < 1; });
-            tryCompare(results(), "opacity", 1);
+            Native.passTime(250);
+            compare(results().opacity, 0.5);
+            Native.passTime(250);
+            compare(results().opacity, 1);
             search().text = "";
             compare(results().opacity, 1);
-            tryCompare(results(), "opacity", 0);
+            Native.passTime(250);
+            compare(results().opacity, 0.5);
+            Native.passTime(250);
+            compare(results().opacity, 0);
             compare(results().visible, false);
         }
     }
