@@ -57,12 +57,9 @@ class Contact(DesktopTest):
         self.assertEqual(self.browser.visited(), [])
 
     def test_is_dragged_by_its_header_and_comes_back_when_outside(self):
-        place = self.widget.geometry(CONTACT_WIDTH)
-        self.desktop.screen.drag((place.x + 200, place.y + 15), (5, place.y + 65))
-        wait_equal(lambda: self.widget.geometry(CONTACT_WIDTH)[:2], (5 - 200, place.y + 50),
-                   "the popup follows its header")
-        self.widget.click("Contacts VESK", "push button")
-        wait_equal(lambda: self.widget.geometry(CONTACT_WIDTH)[:2], (WIDTH - 795, 35), "it is back on the screen")
+        self.assertEqual(self.widget.drag((200, 15), (5, 200), CONTACT_WIDTH)[:2], (5 - 200, 200 - 15))
+        self.widget.click_until(lambda: self.widget.geometry(CONTACT_WIDTH)[:2] == (WIDTH - 795, 35),
+                                "the popup is back on the screen", "Contacts VESK", "push button")
 
 
 if __name__ == "__main__":

@@ -36,10 +36,8 @@ class Opening(DesktopTest):
 
     def test_is_dragged_by_its_header(self):
         widget = self.start_ready()
-        self.desktop.screen.drag((830, 50), (530, 250))
-        wait_equal(lambda: widget.geometry()[:2], (410, 235), "the window follows the header")
-        self.desktop.screen.drag((530, 250), (600, 270))
-        wait_equal(lambda: widget.geometry()[:2], (480, 255), "the window follows a second time")
+        self.assertEqual(widget.drag((120, 15), (530, 250))[:2], (410, 235))
+        self.assertEqual(widget.drag((120, 15), (600, 270))[:2], (480, 255))
 
     def test_keeps_to_the_pointer_while_the_window_manager_lags(self):
         widget = self.start_ready()

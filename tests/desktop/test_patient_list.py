@@ -107,9 +107,7 @@ class Ticks(PatientListTest):
 class OnePatient(PatientListTest):
 
     def test_a_row_opens_in_the_widget_wherever_that_is(self):
-        place = self.widget.geometry()
-        self.desktop.screen.drag((place.x + 120, place.y + 20), (place.x + 320, place.y + 420))
-        moved = wait_until(lambda: self.widget.geometry() != place and self.widget.geometry(), "the widget moves")
+        moved = self.widget.drag((120, 20), (1030, 475))
         self.widget.click("Fermer", "push button")
         wait_until(lambda: self.widget.window() is None, "the widget is hidden")
         self.list.open_patient("ZOLA Émile")
@@ -142,27 +140,20 @@ class Window(PatientListTest):
     def test_has_its_size_and_is_dragged_by_its_header(self):
         place = self.list.place
         self.assertEqual(place[2:], (800, 650))
-        header = (place.x + 200, place.y + 15)
-        self.desktop.screen.drag(header, (header[0] + 50, header[1] + 30))
-        wait_equal(lambda: self.list.place[:2], (place.x + 50, place.y + 30), "the popup follows its header")
+        self.list.drag_to(place.x + 50, place.y + 30)
         wait_equal(lambda: self.home.settings().get("ShowListViewCounter"), "1", "the opening is counted")
 
     def test_comes_back_when_it_has_left_the_screen(self):
-        place = self.list.place
-        self.desktop.screen.drag((place.x + 200, place.y + 15), (5, place.y + 15))
-        wait_until(lambda: self.list.place.x < 0, "the popup is partly outside")
+        self.list.drag_to(-195, 100)
         self.close()
         self.list.open()
         wait_equal(lambda: self.list.place[:2], (WIDTH - 995, 35), "it is at its place left of the widget")
 
     def test_opens_where_it_was_left(self):
-        place = self.list.place
-        self.desktop.screen.drag((place.x + 200, place.y + 15), (place.x + 230, place.y + 5))
-        moved = (place.x + 30, place.y - 10)
-        wait_equal(lambda: self.list.place[:2], moved, "the popup follows its header")
+        self.list.drag_to(130, 250)
         self.close()
         self.list.open()
-        self.assertEqual(self.list.place[:2], moved)
+        self.assertEqual(self.list.place[:2], (130, 250))
 
     def test_keeps_its_tab_while_it_is_hidden(self):
         self.list.show_tab(ALL)

@@ -33,6 +33,10 @@ class PatientList:
         """Place and size on the screen."""
         return self.widget.geometry(LIST_WIDTH)
 
+    def drag_to(self, x, y):
+        """Drags the popup by its header until its corner is there."""
+        self.widget.drag((200, 15), (x + 200, y + 15), LIST_WIDTH)
+
     def click(self, name, role=None):
         """Clicks a control of the popup."""
         wait_until(lambda: self._find(name, role), f"the list has {name!r}")
@@ -69,7 +73,10 @@ class PatientList:
 
     def tick(self, name):
         """Clicks the box of a row."""
-        self.click(f"Sélectionner {name}", "check box")
+        box = f"Sélectionner {name}"
+        was = wait_until(lambda: self._find(box, "check box"), f"the list has {box!r}").has("checked")
+        self.click(box, "check box")
+        wait_until(lambda: self._find(box, "check box").has("checked") != was, f"{box!r} has changed")
 
     def open_patient(self, name):
         """Clicks a row outside its box."""

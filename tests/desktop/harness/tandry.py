@@ -6,7 +6,7 @@ import time
 from . import tree
 from .screen import RIGHT
 from .waiting import NeverHappened, wait_equal, wait_until
-from .widget import Widget
+from .widget import Gone, Widget
 
 SEARCH_FIELD = "Rechercher un patient"
 NAME_FIELD = "Nom du patient"
@@ -22,6 +22,7 @@ QUESTIONS = {
 GATE_1 = "Si vous avez les résultats du bilan, cliquez ici"
 GATE_2 = "Si la 1ère prise au cabinet a été effectuée, cliquez ici"
 MENU = ("Lancer au démarrage", "A propos", "Quitter")
+_UNFOLDINGS = 5
 Seen = collections.namedtuple("Seen", "values seconds")
 
 
@@ -89,15 +90,14 @@ class Tandry(Widget):
         """Clicks "Oui" or "Non" below a question, which is unfolded if need be."""
         self.wait_for_question(key)
         what = f"{answer!r} below the question {key!r}"
-        for _ in range(15):
+        for _ in range(_UNFOLDINGS):
             try:
-                place = self.resting_place(lambda: self.answer_box(key, answer), what, limit=1,
-                                           beside=lambda: self._below(key))
+                place = self.resting_place(lambda: self.answer_box(key, answer), what, lambda: self._below(key), may_go=True)
                 return self.screen.click(*place)
-            except NeverHappened:
+            except Gone:
                 # Folded, or folding since another question has just unfolded.
-                if not self.answer_box(key, answer):
-                    self.click_found(lambda: self._question(key), f"the question {key!r}")
+                self.click_found(lambda: self._question(key), f"the question {key!r}")
+                wait_until(lambda: self.answer_box(key, answer), f"the question {key!r} unfolds")
         raise NeverHappened(f"{what} is not to be reached")
 
     def _question(self, key):

@@ -13,6 +13,11 @@ from .waiting import PATIENCE_SECONDS, NeverHappened, wait_until
 MAIN_WIDTH, LIST_WIDTH, CONTACT_WIDTH = 275, 800, 500
 # An animation moves by less than a pixel in its first 40 ms.
 _STILL_SECONDS = 0.12
+_CLICK_SECONDS, _NUDGE_SECONDS, _DRAG_STEPS = 5, 0.5, 5
+
+
+class Gone(AssertionError):
+    """A control is not there, or not any more."""
 
 
 class Widget:
@@ -138,30 +143,75 @@ class Widget:
         """Clicks the control that `find` gives, once it keeps still; `what` names it in a failure."""
         self.screen.click(*self.resting_place(find, what), button)
 
-    def resting_place(self, find, what, limit=PATIENCE_SECONDS, beside=None):
+    def resting_place(self, find, what, beside=None, may_go=False):
         """The middle of a control after it has stopped moving and is inside its window; `beside` finds a second
-        control that must keep still, too."""
+        control that must keep still, too. Waits for the control, or fails with `Gone` where it `may_go`."""
         last, since = [None], [0]
 
         def settled():
             here = self._boxes(find, beside)
+            if here is None and may_go:
+                raise Gone(f"There is no {what}")
             now = time.monotonic()
             if here != last[0]:
                 last[0], since[0] = here, now
             return here and now - since[0] >= _STILL_SECONDS and self._inside_a_window(here[0])
 
-        wait_until(settled, f"{what} stands still inside its window", limit)
+        wait_until(settled, f"{what} stands still inside its window")
         box = last[0][0]
         return box.x + box.width // 2, box.y + box.height // 2
 
     @staticmethod
     def _boxes(find, beside):
+        """Where both are, empty while the first has no size; None when it is not there."""
         try:
             control, neighbour = find(), beside and beside()
-            boxes = [each.box for each in (control, neighbour) if each] if control else []
+            boxes = [each.box for each in (control, neighbour) if each]
         except tree.Vanished:
             return None
-        return boxes if boxes and boxes[0].width > 0 and boxes[0].height > 0 else None
+        if not control:
+            return None
+        return boxes if boxes[0].width > 0 and boxes[0].height > 0 else []
+
+    def click_until(self, effect, what, name, role=None):
+        """Clicks a control until `effect` holds, for one whose second click changes nothing more: the window system may
+        lose a click beside a window that is just moving."""
+        deadline = time.monotonic() + PATIENCE_SECONDS
+        while True:
+            self.click(name, role)
+            try:
+                return wait_until(effect, what, _CLICK_SECONDS)
+            except NeverHappened:
+                if time.monotonic() > deadline:
+                    raise
+
+    def drag(self, grip, end, width=MAIN_WIDTH):
+        """Drags a window by its point `grip` to the point `end` of the screen; its new geometry. Moves only once the window
+        has followed the last move: the program reckons from where it is, and would overtake the mouse on a busy machine."""
+        place = self.geometry(width)
+        start = place.x + grip[0], place.y + grip[1]
+        self.screen.press(*start)
+        for step in range(1, _DRAG_STEPS + 1):
+            mouse = [start[axis] + (end[axis] - start[axis]) * step // _DRAG_STEPS for axis in (0, 1)]
+            self._drag_to(mouse, (mouse[0] - grip[0], mouse[1] - grip[1]), width)
+        self.screen.release()
+        return self.geometry(width)
+
+    def _drag_to(self, mouse, expected, width):
+        nudged = time.monotonic()
+        self.screen.move(*mouse)
+
+        def follows():
+            nonlocal nudged
+            if self.geometry(width)[:2] == expected:
+                return True
+            if time.monotonic() - nudged > _NUDGE_SECONDS:
+                self.screen.move(mouse[0] + 1, mouse[1])
+                self.screen.move(*mouse)
+                nudged = time.monotonic()
+            return False
+
+        wait_until(follows, f"the window follows the mouse to {expected}")
 
     def type(self, text):
         """Types into what has the focus."""

@@ -3,6 +3,7 @@
 from harness.tandry import GATE_1, GATE_2, NAME_FIELD, QUESTIONS, SEARCH_FIELD, WAITING_LINK, Tandry
 from harness.tree import Vanished
 from harness.waiting import NeverHappened, wait_equal, wait_until
+from harness.widget import Gone
 
 
 class Hands(Tandry):
@@ -128,10 +129,9 @@ class Hands(Tandry):
         for _ in range(15):
             try:
                 if self.mouse:
-                    return self.resting_place(lambda: self.answer_box(key, answer), what, limit=1,
-                                              beside=lambda: self._below(key))
+                    return self.resting_place(lambda: self.answer_box(key, answer), what, lambda: self._below(key), may_go=True)
                 return wait_until(lambda: self.answer_box(key, answer), what, limit=1)
-            except NeverHappened:
+            except (Gone, NeverHappened):
                 if not self.answer_box(key, answer):
                     self._questions[key].act()
         raise NeverHappened(f"{what} is not to be reached")
