@@ -38,7 +38,7 @@ class BrokenStore(RefusingStore):
         other = self.store.lock()
         widget = self.start()
         try:
-            # Each document gives up on a locked file after five seconds.
+            # Each question to a locked file fails only after the database driver has waited for it.
             wait_until(widget.window, "the window is shown", limit=45)
             self.wait_for_complaint(widget)
         finally:

@@ -1,7 +1,7 @@
 pragma Singleton
 import QtQuick 2.2
 
-// Sizes in logical pixels and durations in milliseconds that more than one document shares.
+// Sizes in logical pixels and durations in milliseconds that documents share or that only make sense together.
 QtObject {
     readonly property string fontFamily: "Arial"
 
