@@ -63,20 +63,30 @@ function migrate(database) {
 /// Changes the version to the current one. When the statement fails the transaction is ended here: the module, which
 /// would record the new version all the same, then fails to commit and leaves the old one to the next start.
 function startOver(database, version, statement) {
+    var overtaken = false;
+
     warnOfLoss(database, version);
-    database.changeVersion(version, "1.3", function (tx) {
-        try {
-            tx.executeSql(statement);
-            // The statement now holds the file. A copy of the program that was started at the same moment may have
-            // recorded the new version since, and have stored a patient.
-            if (openFile().version !== version) {
+    try {
+        database.changeVersion(version, "1.3", function (tx) {
+            try {
+                tx.executeSql(statement);
+                // The statement now holds the file. A copy of the program that was started at the same moment may have
+                // recorded the new version since, and have stored a patient.
+                overtaken = openFile().version !== version;
+                if (overtaken) {
+                    rollBack(tx);
+                }
+            } catch (error) {
                 rollBack(tx);
+                throw error;
             }
-        } catch (error) {
-            rollBack(tx);
+        });
+    } catch (error) {
+        // The module cannot commit what was rolled back; where another copy has done it all, nothing is left to do.
+        if (!overtaken) {
             throw error;
         }
-    });
+    }
 }
 
 function warnOfLoss(database, version) {

@@ -44,6 +44,8 @@ private slots:
     void loss_of_patients_is_logged_before_it();
     void migration_cut_short_is_finished_by_the_next_start_data();
     void migration_cut_short_is_finished_by_the_next_start();
+    void copy_started_at_the_same_moment_may_be_the_first_to_migrate_data();
+    void copy_started_at_the_same_moment_may_be_the_first_to_migrate();
     void record_lost_while_running_costs_no_patient_data();
     void record_lost_while_running_costs_no_patient();
     void folder_moved_away_is_not_made_anew_by_a_later_document();
@@ -237,6 +239,40 @@ void tst_StoreOpening::migration_cut_short_is_finished_by_the_next_start()
     QCOMPARE(store.perform("init").thrown, QString());
     QCOMPARE(file.recorded("Version"), QString("1.3"));
     QCOMPARE(store.insertNamed("Durand"), 1);
+}
+
+void tst_StoreOpening::copy_started_at_the_same_moment_may_be_the_first_to_migrate_data()
+{
+    QTest::addColumn<QString>("version");
+
+    for (const char *version : {"1.0", "1.2", ""})
+        QTest::newRow(*version ? version : "no version") << version;
+}
+
+void tst_StoreOpening::copy_started_at_the_same_moment_may_be_the_first_to_migrate()
+{
+    QFETCH(QString, version);
+    static const PatientFile *migratedByAnother = nullptr;
+    static int warnings;
+    const PatientFile file;
+    leaveInstallation(file, version);
+    migratedByAnother = &file;
+    warnings = 0;
+    PatientEngine engine(file);
+    StoreDocument store(&engine);
+    // The last thing before the change of the version is this line of the log.
+    const QtMessageHandler testLog = qInstallMessageHandler([](QtMsgType type, const QMessageLogContext &, const QString &text) {
+        warnings += type == QtWarningMsg;
+        if (text.contains("its patients are dropped"))
+            migratedByAnother->record("1.3");
+    });
+    const StoreCall opening = store.perform("init");
+    qInstallMessageHandler(testLog);
+    QCOMPARE(warnings, 1);
+    QCOMPARE(opening.thrown, QString());
+    QCOMPARE(file.recorded("Version"), QString("1.3"));
+    QCOMPARE(listed(store.perform("select", {""}).answer()), QString("Dupont"));
+    QCOMPARE(store.insertNamed("Durand"), 2);
 }
 
 void tst_StoreOpening::record_lost_while_running_costs_no_patient_data()
