@@ -1,27 +1,8 @@
+#include "installation.h"
 #include "practice.h"
 #include "testhome.h"
 
 #include <QtTest>
-
-namespace {
-
-const char *const createStatement =
-    "CREATE TABLE `Patients`(`id` INTEGER PRIMARY KEY AUTOINCREMENT,`genderMale` tinyint(1) NOT NULL DEFAULT \"0\","
-    "`name` TEXT COLLATE NOCASE NOT NULL,`phone` TEXT DEFAULT \"\",`created` date,`test` tinyint(1) DEFAULT 0,"
-    "`test_date` date DEFAULT \"\",`rdv1` tinyint(1) DEFAULT 0,`date1` date DEFAULT \"\","
-    "`confirmation` tinyint(1) DEFAULT 0,`confirmation_date` date DEFAULT \"\",`rdv2` tinyint(1) DEFAULT 0,"
-    "`date2` date DEFAULT \"\",`rdv3` tinyint(1) DEFAULT 0,`date3` date DEFAULT \"\","
-    "`notification_date` date DEFAULT \"\")";
-
-/// The file of an installation whose schema had \a version and one patient; with no record of it when that is "none".
-void leaveInstallation(const PatientFile &file, const QString &version, const QString &table = createStatement)
-{
-    file.run({table, "INSERT INTO `Patients` (`genderMale`, `name`) VALUES (1, 'Dupont')"});
-    if (version != "none")
-        file.record(version);
-}
-
-} // namespace
 
 class tst_StoreOpening : public QObject
 {
@@ -36,16 +17,7 @@ private slots:
     void columns_left_out_take_their_defaults();
     void ids_are_never_used_again();
 
-    void older_patients_go_and_current_or_unknown_ones_stay_data();
-    void older_patients_go_and_current_or_unknown_ones_stay();
-    void table_of_an_older_schema_is_replaced();
-    void second_document_keeps_what_the_first_one_migrated();
     void second_start_keeps_the_patients();
-    void loss_of_patients_is_logged_before_it();
-    void migration_cut_short_is_finished_by_the_next_start_data();
-    void migration_cut_short_is_finished_by_the_next_start();
-    void copy_started_at_the_same_moment_may_be_the_first_to_migrate_data();
-    void copy_started_at_the_same_moment_may_be_the_first_to_migrate();
     void record_lost_while_running_costs_no_patient_data();
     void record_lost_while_running_costs_no_patient();
     void folder_moved_away_is_not_made_anew_by_a_later_document();
@@ -141,61 +113,6 @@ void tst_StoreOpening::ids_are_never_used_again()
     QCOMPARE(practice.store.insertNamed("Durand"), 3);
 }
 
-void tst_StoreOpening::older_patients_go_and_current_or_unknown_ones_stay_data()
-{
-    QTest::addColumn<QString>("versionBefore");
-    QTest::addColumn<QString>("versionAfter");
-    QTest::addColumn<int>("patientsAfter");
-
-    QTest::newRow("1.0") << "1.0" << "1.3" << 0;
-    QTest::newRow("1.1") << "1.1" << "1.3" << 0;
-    QTest::newRow("1.2") << "1.2" << "1.3" << 0;
-    QTest::newRow("current") << "1.3" << "1.3" << 1;
-    QTest::newRow("unknown, newer") << "9.9" << "9.9" << 1;
-    QTest::newRow("unknown, older") << "0.9" << "0.9" << 1;
-    QTest::newRow("empty") << "" << "1.3" << 0;
-    QTest::newRow("not recorded") << "none" << "1.3" << 0;
-}
-
-void tst_StoreOpening::older_patients_go_and_current_or_unknown_ones_stay()
-{
-    QFETCH(QString, versionBefore);
-    QFETCH(QString, versionAfter);
-    QFETCH(int, patientsAfter);
-    const PatientFile file;
-    leaveInstallation(file, versionBefore);
-    PatientEngine engine(file);
-    StoreDocument store(&engine);
-
-    const StoreCall call = store.perform("init");
-    QCOMPARE(call.thrown, QString());
-    QCOMPARE(file.recorded("Version"), versionAfter);
-    QCOMPARE(file.value("SELECT COUNT(*) FROM Patients").toInt(), patientsAfter);
-    QCOMPARE(store.perform("getNumber").answer(), QJsonValue(QJsonObject{{"count", patientsAfter}}));
-}
-
-void tst_StoreOpening::table_of_an_older_schema_is_replaced()
-{
-    const PatientFile file;
-    leaveInstallation(file, "1.2", "CREATE TABLE `Patients`(`id` INTEGER PRIMARY KEY, `genderMale`, `name`)");
-    PatientEngine engine(file);
-    StoreDocument(&engine).perform("init");
-    QCOMPARE(file.value("SELECT sql FROM sqlite_master WHERE name = 'Patients'").toString(), QString(createStatement));
-}
-
-void tst_StoreOpening::second_document_keeps_what_the_first_one_migrated()
-{
-    const PatientFile file;
-    leaveInstallation(file, "1.2");
-    PatientEngine engine(file);
-    StoreDocument first(&engine);
-    first.perform("init");
-    first.insertNamed("Durand");
-    StoreDocument second(&engine);
-    second.perform("init");
-    QCOMPARE(listed(second.perform("select", {""}).answer()), QString("Durand"));
-}
-
 void tst_StoreOpening::second_start_keeps_the_patients()
 {
     const PatientFile file;
@@ -210,69 +127,6 @@ void tst_StoreOpening::second_start_keeps_the_patients()
     StoreDocument store(&engine);
     store.perform("init");
     QCOMPARE(listed(store.perform("select", {""}).answer()), QString("Dupont"));
-}
-
-void tst_StoreOpening::loss_of_patients_is_logged_before_it()
-{
-    const PatientFile file;
-    leaveInstallation(file, "1.2");
-    PatientEngine engine(file);
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression("version \"1.2\": its patients are dropped, in number 1\\.$"));
-    StoreDocument(&engine).perform("init");
-}
-
-void tst_StoreOpening::migration_cut_short_is_finished_by_the_next_start_data()
-{
-    QTest::addColumn<QString>("version");
-    for (const char *version : {"1.0", "1.1", "1.2", "", "1.3"})
-        QTest::newRow(version) << version;
-}
-
-void tst_StoreOpening::migration_cut_short_is_finished_by_the_next_start()
-{
-    QFETCH(QString, version);
-    const PatientFile file;
-    leaveInstallation(file, version);
-    file.run({"DROP TABLE Patients"});
-    PatientEngine engine(file);
-    StoreDocument store(&engine);
-    QCOMPARE(store.perform("init").thrown, QString());
-    QCOMPARE(file.recorded("Version"), QString("1.3"));
-    QCOMPARE(store.insertNamed("Durand"), 1);
-}
-
-void tst_StoreOpening::copy_started_at_the_same_moment_may_be_the_first_to_migrate_data()
-{
-    QTest::addColumn<QString>("version");
-
-    for (const char *version : {"1.0", "1.2", ""})
-        QTest::newRow(*version ? version : "no version") << version;
-}
-
-void tst_StoreOpening::copy_started_at_the_same_moment_may_be_the_first_to_migrate()
-{
-    QFETCH(QString, version);
-    static const PatientFile *migratedByAnother = nullptr;
-    static int warnings;
-    const PatientFile file;
-    leaveInstallation(file, version);
-    migratedByAnother = &file;
-    warnings = 0;
-    PatientEngine engine(file);
-    StoreDocument store(&engine);
-    // The last thing before the change of the version is this line of the log.
-    const QtMessageHandler testLog = qInstallMessageHandler([](QtMsgType type, const QMessageLogContext &, const QString &text) {
-        warnings += type == QtWarningMsg;
-        if (text.contains("its patients are dropped"))
-            migratedByAnother->record("1.3");
-    });
-    const StoreCall opening = store.perform("init");
-    qInstallMessageHandler(testLog);
-    QCOMPARE(warnings, 1);
-    QCOMPARE(opening.thrown, QString());
-    QCOMPARE(file.recorded("Version"), QString("1.3"));
-    QCOMPARE(listed(store.perform("select", {""}).answer()), QString("Dupont"));
-    QCOMPARE(store.insertNamed("Durand"), 2);
 }
 
 void tst_StoreOpening::record_lost_while_running_costs_no_patient_data()
