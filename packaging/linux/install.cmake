@@ -28,7 +28,7 @@ endfunction()
 tandry_install_compressed("${linux_dir}/tandry.1" tandry.1 "${CMAKE_INSTALL_MANDIR}/man1")
 tandry_install_compressed("${linux_dir}/tandry-restore.1" tandry-restore.1 "${CMAKE_INSTALL_MANDIR}/man1")
 tandry_install_compressed("${linux_dir}/changelog" changelog.Debian "${CMAKE_INSTALL_DOCDIR}")
-tandry_install_compressed("${PROJECT_SOURCE_DIR}/CHANGELOG.md" CHANGELOG.md "${CMAKE_INSTALL_DOCDIR}")
+tandry_install_compressed("${PROJECT_SOURCE_DIR}/CHANGELOG.md" changelog "${CMAKE_INSTALL_DOCDIR}")
 get_property(compressed_files GLOBAL PROPERTY TANDRY_COMPRESSED)
 add_custom_target(tandry_package_documents ALL DEPENDS ${compressed_files})
 

@@ -18,7 +18,7 @@ TREE = sorted([
     "bin/tandry-restore",
     f"share/applications/{APPLICATION_ID}.desktop",
     f"share/applications/{APPLICATION_ID}.restore.desktop",
-    "share/doc/vesk-tandry/CHANGELOG.md.gz",
+    "share/doc/vesk-tandry/changelog.gz",
     "share/doc/vesk-tandry/changelog.Debian.gz",
     "share/doc/vesk-tandry/copyright",
     *(f"share/doc/vesk-tandry/images/{name}.png" for name in ("fenetre", "fiche", "liste", "recherche", "reprendre", "retour")),
@@ -155,7 +155,7 @@ class DebianPackage(unittest.TestCase):
         for page in ("tandry", "tandry-restore"):
             self.assertRegex(self.read(f"share/man/man1/{page}.1.gz"),
                              rf'\A\.TH {page.upper()} 1 "[-0-9]+" "Vesk Tandry {version}"')
-        first = re.search(r"^## (\S+?),", self.read("share/doc/vesk-tandry/CHANGELOG.md.gz"), re.MULTILINE)
+        first = re.search(r"^## (\S+?),", self.read("share/doc/vesk-tandry/changelog.gz"), re.MULTILINE)
         self.assertEqual(first.group(1), version, "CHANGELOG.md")
         manual = (ROOT / "docs" / "manuel.md").read_text(encoding="utf-8")
         self.assertEqual(set(re.findall(r"vesk-tandry_([-0-9.]+)\+deb12_amd64\.deb", manual)), {f"{version}-{revision}"},
