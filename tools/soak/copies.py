@@ -1,0 +1,131 @@
+"""A year of daily copies under a clock that is often set wrong, and kills in the middle of a copy, an exchange, a rotation."""
+
+import datetime
+import os
+import random
+import re
+import sqlite3
+import subprocess
+
+from harness import clock, tree
+from harness.desktop import Desktop
+from harness.home import Home
+from harness.store import Store
+from harness.tandry import Tandry
+from harness.waiting import wait_until
+
+DESCRIPTION = "400 days of copies with a clock that is now and then wrong, and kills in the middle of copies and exchanges"
+_FIRST = datetime.date(2026, 11, 21)
+_DAYS, _WEEKS, _MONTHS = 7, 5, 12
+
+
+def add_arguments(parser):
+    parser.add_argument("--days", type=int, default=400, help="how many days the program starts on (400)")
+    parser.add_argument("--wrong", type=int, default=10, help="every how many days the clock is wrong for a start (10)")
+    parser.add_argument("--kills", type=int, default=200, help="how often each kind of work is killed (200)")
+
+
+def run(options, report):
+    kills(options, report)
+    Year(options).run(report)
+
+
+def kills(options, report):
+    """The test of the kills with more rounds; it prints how many of them fell into the middle of the work."""
+    environment = {**os.environ, "TANDRY_KILLS": str(options.kills), "TANDRY_KILL_SEED": str(options.seed % 2 ** 32)}
+    done = subprocess.run([options.build / "tests" / "copies" / "tst_CopyKills"], env=environment, capture_output=True,
+                          text=True, timeout=3600, check=False)
+    for line in re.findall(r"\(\) (.*of them in the middle.*)", done.stdout):
+        report.line(f"{options.kills} kills, {line}")
+    if done.returncode != 0:
+        report.failed(done.stdout)
+
+
+def promised(days):
+    """The days whose copies have to be there: seven days, and the last of five weeks and of twelve months."""
+    newest_first = sorted(days, reverse=True)
+    weeks, months = {}, {}
+    for day in newest_first:
+        weeks.setdefault(day.isocalendar()[:2], day)
+        months.setdefault((day.year, day.month), day)
+    return set(newest_first[:_DAYS]) | set(list(weeks.values())[:_WEEKS]) | set(list(months.values())[:_MONTHS])
+
+
+class Year:
+    """The real program, started once a day on a store that something is added to every day."""
+
+    def __init__(self, options):
+        self.options = options
+        self.lot = random.Random(options.seed)
+        self.desktop = Desktop.shared()
+        tree.connect()
+        self.home = Home()
+        self.store = Store(self.home.data, "tandry")
+        self.ran = []  # the right days on which it ran
+        self.wrong = set()
+        self.most = 0
+
+    def run(self, report):
+        try:
+            self.store.seed({"name": "0"})
+            for number in range(self.options.days):
+                self.day(number)
+                if number % 50 == 0:
+                    report.progress(f"{number} days")
+            report.figure("days", len(self.ran))
+            report.figure("starts with a wrong clock", len(self.wrong))
+            report.figure("copies at the most", self.most)
+            report.figure("copies at the end", len(self.store.copies()))
+        finally:
+            self.home.remove()
+
+    def day(self, number):
+        today = _FIRST + datetime.timedelta(number)
+        if number % self.options.wrong == self.options.wrong - 1:
+            wrong = today + datetime.timedelta(self.lot.choice((-4000, -300, -20, -2, 2, 20, 300, 4000)))
+            self.change(number)
+            self.start(wrong)
+            if wrong not in self.ran:
+                self.wrong.add(wrong)
+            self.compare(today)
+        self.change(number)
+        self.start(today)
+        self.ran.append(today)
+        self.wrong.discard(today)
+        self.compare(today)
+
+    def change(self, number):
+        with sqlite3.connect(self.store.file) as database:
+            database.execute("INSERT INTO `Patients` (name) VALUES (?)", [str(number)])
+        database.close()
+
+    def start(self, day):
+        """Starts the program until it has copied, and ends it."""
+        before = self.counts()
+        widget = Tandry(self.desktop, self.home, "startup", environment={
+            "QT_QUICK_BACKEND": "software", **clock.moved(f"{day} 10:00:00")})
+        try:
+            # What says so is written once the copy has been made.
+            said = "OSVersionReadable"
+            wait_until(lambda: widget.log.count(said) > self.said, "the program has started")
+            self.said = widget.log.count(said)
+            for line in re.findall("The patients are not copied.*", widget.log):
+                raise AssertionError(line)
+        finally:
+            widget.stop()
+        lost = [name for name, count in before.items() if name in self.counts() and self.counts()[name] < count]
+        assert not lost, f"{lost} hold less than before"
+
+    said = 0
+
+    def counts(self):
+        return {name: len(self.store.copied_names(name)) for name in self.store.copies()}
+
+    def compare(self, today):
+        """All promised copies are there and whole, and no more than a few others."""
+        kept = {datetime.date.fromisoformat(name) for name in self.store.copies()}
+        self.most = max(self.most, len(kept))
+        missing = promised(self.ran) - kept
+        assert not missing, f"on {today} the copies of {sorted(missing)} are gone"
+        superfluous = kept - promised(self.ran) - promised(self.ran[:-1]) - self.wrong
+        assert len(superfluous) <= 2, f"on {today} {sorted(superfluous)} should have gone"
