@@ -5,9 +5,11 @@
 #include <QCoreApplication>
 #include <QDateTime>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
 #include <QSet>
+#include <QtEndian>
 
 #include <algorithm>
 
@@ -58,6 +60,52 @@ private:
     QSet<int> m_seen;
 };
 
+/// SQLite's own count of the transactions that changed the file, in its header.
+quint32 changesIn(const QString &database)
+{
+    constexpr int offset = 24;
+    QFile file(database);
+    quint32 count = 0;
+    if (file.open(QIODevice::ReadOnly) && file.seek(offset)) {
+        count = qFromBigEndian<quint32>(file.read(sizeof(count)).leftJustified(sizeof(count), '\0').constData());
+    }
+    return count;
+}
+
+/// The daily copies whose days come in the order in which they were made: the longest such row of them. The others were
+/// made by a wrong clock.
+QSet<QString> copiesInOrder(QVector<Copy> copies)
+{
+    copies.erase(std::remove_if(copies.begin(), copies.end(), [](const Copy &copy) { return copy.kind != Copy::Daily; }),
+                 copies.end());
+    std::sort(copies.begin(), copies.end(), [](const Copy &one, const Copy &other) {
+        return one.changes != other.changes ? one.changes < other.changes : one.day < other.day;
+    });
+    QVector<int> lengths; // of the longest row that ends with each copy, and the copy before it in that row
+    QVector<int> previous;
+    int last = -1;
+    for (int index = 0; index < copies.size(); ++index) {
+        int length = 1;
+        int before = -1;
+        for (int earlier = 0; earlier < index; ++earlier) {
+            if (copies.at(earlier).day <= copies.at(index).day && lengths.at(earlier) >= length) {
+                length = lengths.at(earlier) + 1;
+                before = earlier;
+            }
+        }
+        lengths.append(length);
+        previous.append(before);
+        if (last < 0 || length >= lengths.at(last)) { // of two that are equally long, the one made last
+            last = index;
+        }
+    }
+    QSet<QString> names;
+    for (; last >= 0; last = previous.at(last)) {
+        names.insert(copies.at(last).name());
+    }
+    return names;
+}
+
 /// The copy that a folder's name stands for; its day is invalid for any other name.
 Copy copyNamed(const QString &name)
 {
@@ -97,7 +145,9 @@ QVector<Copy> CopyShelf::copies() const
     for (const QString &name : names) {
         Copy copy = copyNamed(name);
         copy.folder = path(name);
-        if (copy.day.isValid() && QFileInfo::exists(copy.folder + QLatin1Char('/') + StoreFiles::databaseName())) {
+        const QString database = copy.folder + QLatin1Char('/') + StoreFiles::databaseName();
+        if (copy.day.isValid() && QFileInfo::exists(database)) {
+            copy.changes = changesIn(database);
             found.append(copy);
         }
     }
@@ -178,11 +228,12 @@ QVector<Copy> CopyShelf::superfluous(const QVector<Copy> &copies, const QDate &t
     PeriodCount weeks(weeksKept);
     PeriodCount months(monthsKept);
     bool isNewest = true;
+    const QSet<QString> inOrder = copiesInOrder(copies);
     for (const Copy &copy : copies) {
         if (copy.day > today) {
             continue;
         }
-        if (copy.kind != Copy::Daily) {
+        if (!inOrder.contains(copy.name())) { // kept for a reason, or made by a wrong clock
             if (months.isFull()) {
                 toGo.append(copy);
             }

@@ -17,6 +17,7 @@ struct Copy
     QDate day;
     Kind kind = Daily;
     int number = 1; ///< counts the copies of one kind and day
+    quint32 changes = 0; ///< how often the database had been written, as it counts itself; grows whatever the clock says
     QString folder;
 
     /// The folder's name: "2026-11-21", "2026-11-21-before-upgrade", "2026-11-21-before-upgrade-2".
@@ -43,8 +44,8 @@ public:
 
     /// Those of \a copies (newest first) that may go on the day \a today. Kept are the last seven days, the last copy of
     /// each of the last five weeks and twelve months that have one, and what was kept for a reason for twelve months.
-    /// The newest copy does not count until there is a newer one, nor does one of a day to come: so a clock that is
-    /// wrong for a while costs none of them.
+    /// The newest copy does not count until there is a newer one, nor does one of a day to come, nor one whose day does not
+    /// fit the order in which the copies were made: so a clock that is wrong for a while costs none of them.
     static QVector<Copy> superfluous(const QVector<Copy> &copies, const QDate &today);
 
 private:
