@@ -71,11 +71,11 @@ public:
             return;
         }
         QSqlQuery query(handle());
-        query.prepare(statement);
+        const bool isPrepared = query.prepare(statement);
         for (const QVariant &value : values) {
             query.addBindValue(value);
         }
-        if (!query.exec()) {
+        if (!isPrepared || !query.exec()) {
             error = query.lastError().text();
         }
     }
@@ -114,11 +114,11 @@ PatientTable readInPlace(const QString &folder)
     if (!query.next()) { // opened once, but never filled
         return table;
     }
-    query.exec(QStringLiteral("SELECT * FROM `Patients` ORDER BY name"));
-    while (query.next()) {
+    const bool isRead = query.exec(QStringLiteral("SELECT * FROM `Patients` ORDER BY name"));
+    while (isRead && query.next()) {
         table.rows.append(rowOf(query.record()));
     }
-    if (query.lastError().isValid()) { // a damaged page, in the middle of them perhaps
+    if (!isRead || query.lastError().isValid()) { // a damaged page, in the middle of them perhaps
         table.error = query.lastError().text();
     }
     if (query.exec(QStringLiteral("SELECT seq FROM sqlite_sequence WHERE name = 'Patients'")) && query.next()) {
