@@ -66,8 +66,6 @@ class tst_ListLogic : public QObject
 
 private slots:
     void init_reads_the_number_of_waiting_patients();
-    void all_patients_are_shown_in_name_order_unticked();
-    void waiting_patients_are_shown_in_name_order_unticked();
     void showing_replaces_the_rows();
     void showing_nobody_empties_the_list();
     void ticked_header_ticks_every_newly_shown_row();
@@ -97,22 +95,6 @@ void tst_ListLogic::init_reads_the_number_of_waiting_patients()
     popup.file.run({"DELETE FROM Patients"});
     popup.perform("init");
     QCOMPARE(popup.document.object()->property("number").toInt(), 0);
-}
-
-void tst_ListLogic::all_patients_are_shown_in_name_order_unticked()
-{
-    Popup popup;
-    popup.file.run({"INSERT INTO Patients (name) VALUES ('adam')"});
-    popup.perform("showAll");
-    QCOMPARE(popup.shown(), (QStringList{"adam", "Adu", "Béa", "Cléo", "Dupont"}));
-}
-
-void tst_ListLogic::waiting_patients_are_shown_in_name_order_unticked()
-{
-    Popup popup;
-    popup.file.run({"INSERT INTO Patients (name, notification_date) VALUES ('adam', '2014-05-01')"});
-    popup.perform("showWaiting");
-    QCOMPARE(popup.shown(), (QStringList{"adam", "Béa", "Dupont"}));
 }
 
 void tst_ListLogic::showing_replaces_the_rows()

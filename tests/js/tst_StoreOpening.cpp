@@ -10,11 +10,6 @@ class tst_StoreOpening : public QObject
 
 private slots:
     void first_start_makes_an_empty_database_at_the_current_version();
-    void database_is_recorded_under_its_name_version_and_size();
-    void table_is_created_by_exactly_this_statement();
-    void columns_have_their_types_constraints_and_defaults_data();
-    void columns_have_their_types_constraints_and_defaults();
-    void columns_left_out_take_their_defaults();
     void ids_are_never_used_again();
 
     void second_start_keeps_the_patients();
@@ -41,67 +36,6 @@ void tst_StoreOpening::first_start_makes_an_empty_database_at_the_current_versio
     QCOMPARE(practice.file.rows("SELECT * FROM Patients"), QJsonArray());
     QCOMPARE(practice.store.perform("getNumber").answer(), QJsonValue(QJsonObject{{"count", 0}}));
     QCOMPARE(practice.store.perform("getWaitingNumber").answer(), QJsonValue(QJsonObject{{"count", 0}}));
-}
-
-void tst_StoreOpening::database_is_recorded_under_its_name_version_and_size()
-{
-    const Practice practice;
-    QCOMPARE(practice.file.recorded("Name"), QString("Tandry"));
-    QCOMPARE(practice.file.recorded("Version"), QString("1.3"));
-    QCOMPARE(practice.file.recorded("Description"), QString("Tandry widget storage"));
-    QCOMPARE(practice.file.recorded("EstimatedSize"), QString("500000"));
-}
-
-void tst_StoreOpening::table_is_created_by_exactly_this_statement()
-{
-    const Practice practice;
-    // SQLite keeps the statement as it was given, only without IF NOT EXISTS.
-    QCOMPARE(practice.file.rows("SELECT sql FROM sqlite_master WHERE type = 'table' AND name = 'Patients'"),
-             only(QJsonArray{createStatement}));
-}
-
-void tst_StoreOpening::columns_have_their_types_constraints_and_defaults_data()
-{
-    QTest::addColumn<int>("place");
-    QTest::addColumn<QJsonArray>("column");
-
-    // name, type, not null, default, part of the primary key
-    const QJsonValue none(QJsonValue::Null);
-    QTest::newRow("id") << 0 << QJsonArray{"id", "INTEGER", 0, none, 1};
-    QTest::newRow("genderMale") << 1 << QJsonArray{"genderMale", "tinyint(1)", 1, "\"0\"", 0};
-    QTest::newRow("name") << 2 << QJsonArray{"name", "TEXT", 1, none, 0};
-    QTest::newRow("phone") << 3 << QJsonArray{"phone", "TEXT", 0, "\"\"", 0};
-    QTest::newRow("created") << 4 << QJsonArray{"created", "date", 0, none, 0};
-    QTest::newRow("test") << 5 << QJsonArray{"test", "tinyint(1)", 0, "0", 0};
-    QTest::newRow("test_date") << 6 << QJsonArray{"test_date", "date", 0, "\"\"", 0};
-    QTest::newRow("rdv1") << 7 << QJsonArray{"rdv1", "tinyint(1)", 0, "0", 0};
-    QTest::newRow("date1") << 8 << QJsonArray{"date1", "date", 0, "\"\"", 0};
-    QTest::newRow("confirmation") << 9 << QJsonArray{"confirmation", "tinyint(1)", 0, "0", 0};
-    QTest::newRow("confirmation_date") << 10 << QJsonArray{"confirmation_date", "date", 0, "\"\"", 0};
-    QTest::newRow("rdv2") << 11 << QJsonArray{"rdv2", "tinyint(1)", 0, "0", 0};
-    QTest::newRow("date2") << 12 << QJsonArray{"date2", "date", 0, "\"\"", 0};
-    QTest::newRow("rdv3") << 13 << QJsonArray{"rdv3", "tinyint(1)", 0, "0", 0};
-    QTest::newRow("date3") << 14 << QJsonArray{"date3", "date", 0, "\"\"", 0};
-    QTest::newRow("notification_date") << 15 << QJsonArray{"notification_date", "date", 0, "\"\"", 0};
-}
-
-void tst_StoreOpening::columns_have_their_types_constraints_and_defaults()
-{
-    QFETCH(int, place);
-    QFETCH(QJsonArray, column);
-    const Practice practice;
-    const QJsonArray columns = practice.file.rows(
-        "SELECT name, type, \"notnull\", dflt_value, pk FROM pragma_table_info('Patients') ORDER BY cid");
-    QCOMPARE(columns.count(), 16);
-    QCOMPARE(columns.at(place).toArray(), column);
-}
-
-void tst_StoreOpening::columns_left_out_take_their_defaults()
-{
-    const Practice practice;
-    practice.file.run({"INSERT INTO `Patients` (`name`) VALUES ('Dupont')"});
-    QCOMPARE(practice.file.rows("SELECT * FROM Patients"),
-             only(QJsonArray{1, 0, "Dupont", "", QJsonValue::Null, 0, "", 0, "", 0, "", 0, "", 0, "", ""}));
 }
 
 void tst_StoreOpening::ids_are_never_used_again()

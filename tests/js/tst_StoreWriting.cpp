@@ -20,11 +20,6 @@ QJsonObject with(QJsonObject data, const QString &key, const QJsonValue &value)
     return data;
 }
 
-QJsonArray stored(const Practice &practice, int id)
-{
-    return practice.file.rows(QString("SELECT * FROM Patients WHERE id = %1").arg(id)).at(0).toArray();
-}
-
 QJsonValue count(int number)
 {
     return QJsonObject{{"count", number}};
@@ -52,11 +47,8 @@ class tst_StoreWriting : public QObject
     Q_OBJECT
 
 private slots:
-    void insert_stores_every_value_and_today_as_reminder();
     void insert_hands_over_the_id_of_the_new_row();
-    void insert_takes_no_id_from_the_data();
     void insert_makes_the_patient_wait_at_once();
-    void insert_of_nothing_stores_the_defaults();
     void insert_does_without_a_callback();
     void insert_and_update_log_their_call();
 
@@ -66,32 +58,14 @@ private slots:
     void data_handed_in_are_left_alone();
     void flags_are_stored_as_integers();
 
-    void update_stores_fourteen_values_and_never_created();
-    void update_changes_that_patient_alone();
-    void update_stores_defaults_for_what_is_left_out();
     void update_of_an_unknown_id_calls_back_and_stores_nothing();
     void update_does_without_a_callback();
     void reading_again_inside_a_callback_sees_what_was_stored();
     void counting_elsewhere_inside_a_callback_sees_what_was_stored();
 
-    void remove_deletes_that_patient_alone();
-    void removeList_deletes_those_patients_alone_data();
-    void removeList_deletes_those_patients_alone();
-    void removing_nobody_is_no_error_data();
-    void removing_nobody_is_no_error();
-
     void names_come_back_as_typed_data();
     void names_come_back_as_typed();
 };
-
-void tst_StoreWriting::insert_stores_every_value_and_today_as_reminder()
-{
-    PracticeAt practice(noonOfTwelfthMay);
-    practice.store.insert(marie);
-    QCOMPARE(stored(practice, 1),
-             (QJsonArray{1, 0, "DUPONT Marie", "01 02 03 04 05", "2014-04-10", 1, "2014-04-11", 0, "2014-04-12",
-                         1, "2014-04-13", 0, "2014-04-14", 1, "2014-04-15", "2014-05-12"}));
-}
 
 void tst_StoreWriting::insert_hands_over_the_id_of_the_new_row()
 {
@@ -103,28 +77,12 @@ void tst_StoreWriting::insert_hands_over_the_id_of_the_new_row()
                                      "}); name"), QJsonValue("Durand"));
 }
 
-void tst_StoreWriting::insert_takes_no_id_from_the_data()
-{
-    Practice practice;
-    QCOMPARE(practice.store.insert({{"id", 77}, {"name", "Dupont"}}), 1);
-    QCOMPARE(ids(practice), QString("1"));
-}
-
 void tst_StoreWriting::insert_makes_the_patient_wait_at_once()
 {
     PracticeAt practice(noonOfTwelfthMay);
     QCOMPARE(practice.store.perform("getWaitingNumber").answer(), count(0));
     practice.store.insert({{"name", "Dupont"}, {"notification_date", "2050-01-01"}});
     QCOMPARE(practice.store.perform("getWaitingNumber").answer(), count(1));
-}
-
-void tst_StoreWriting::insert_of_nothing_stores_the_defaults()
-{
-    PracticeAt practice(noonOfTwelfthMay);
-    practice.store.insert({});
-    QCOMPARE(stored(practice, 1),
-             (QJsonArray{1, 1, "", "", "", 0, "", 0, "", 0, "", 0, "", 0, "", "2014-05-12"}));
-    QCOMPARE(practice.store.get(1)["created_format"], QJsonValue(""));
 }
 
 void tst_StoreWriting::insert_does_without_a_callback()
@@ -217,35 +175,6 @@ void tst_StoreWriting::flags_are_stored_as_integers()
     QCOMPARE(practice.file.rows(types), expected);
 }
 
-void tst_StoreWriting::update_stores_fourteen_values_and_never_created()
-{
-    PracticeAt practice(noonOfTwelfthMay);
-    practice.store.insert({{"name", "Adu"}, {"created", "2013-01-01"}});
-    const StoreCall call = practice.store.perform("update", {with(marie, "id", 1)});
-    QCOMPARE(call.answers, only(QJsonArray()));
-    QCOMPARE(stored(practice, 1),
-             (QJsonArray{1, 0, "DUPONT Marie", "01 02 03 04 05", "2013-01-01", 1, "2014-04-11", 0, "2014-04-12",
-                         1, "2014-04-13", 0, "2014-04-14", 1, "2014-04-15", "2014-09-15"}));
-}
-
-void tst_StoreWriting::update_changes_that_patient_alone()
-{
-    Practice practice;
-    fill(practice, 3);
-    practice.store.perform("update", {QJsonObject{{"id", "2"}, {"name", "Dupont"}}});
-    QCOMPARE(practice.file.rows("SELECT name FROM Patients ORDER BY id"),
-             (QJsonArray{QJsonArray{"Patient 1"}, QJsonArray{"Dupont"}, QJsonArray{"Patient 3"}}));
-}
-
-void tst_StoreWriting::update_stores_defaults_for_what_is_left_out()
-{
-    Practice practice;
-    practice.store.insert(marie);
-    practice.store.perform("update", {QJsonObject{{"id", 1}, {"phone", QJsonValue::Null}}});
-    QCOMPARE(stored(practice, 1),
-             (QJsonArray{1, 1, "", "", "2014-04-10", 0, "", 0, "", 0, "", 0, "", 0, "", ""}));
-}
-
 void tst_StoreWriting::update_of_an_unknown_id_calls_back_and_stores_nothing()
 {
     Practice practice;
@@ -285,59 +214,6 @@ void tst_StoreWriting::counting_elsewhere_inside_a_callback_sees_what_was_stored
                                      "    seen = JSON.parse(root.neighbour.perform('getNumber', '[]', true)).answers;"
                                      "}); seen"), QJsonValue(only(QJsonArray{count(1)})));
     QCOMPARE(ids(practice), QString("1"));
-}
-
-void tst_StoreWriting::remove_deletes_that_patient_alone()
-{
-    Practice practice;
-    fill(practice, 3);
-    QVERIFY(practice.store.perform("remove", {2}).isSilent());
-    QCOMPARE(ids(practice), QString("1 3"));
-}
-
-void tst_StoreWriting::removeList_deletes_those_patients_alone_data()
-{
-    QTest::addColumn<QJsonArray>("gone");
-    QTest::addColumn<QString>("left");
-    QTest::newRow("none") << QJsonArray() << "1 2 3 4 5 6";
-    QTest::newRow("one") << QJsonArray{3} << "1 2 4 5 6";
-    QTest::newRow("two") << QJsonArray{3, 5} << "1 2 4 6";
-    QTest::newRow("out of order") << QJsonArray{6, 1, 4} << "2 3 5";
-    QTest::newRow("ids as texts") << QJsonArray{"3", "5"} << "1 2 4 6";
-    QTest::newRow("some unknown") << QJsonArray{9, 2, 0} << "1 3 4 5 6";
-    QTest::newRow("one twice") << QJsonArray{2, 2} << "1 3 4 5 6";
-    QTest::newRow("all") << QJsonArray{1, 2, 3, 4, 5, 6} << "";
-}
-
-void tst_StoreWriting::removeList_deletes_those_patients_alone()
-{
-    QFETCH(QJsonArray, gone);
-    QFETCH(QString, left);
-    Practice practice;
-    fill(practice, 6);
-    QVERIFY(practice.store.perform("removeList", only(gone)).isSilent());
-    QCOMPARE(ids(practice), left);
-}
-
-void tst_StoreWriting::removing_nobody_is_no_error_data()
-{
-    QTest::addColumn<QString>("operation");
-    QTest::addColumn<QJsonValue>("value");
-    QTest::newRow("unknown id") << "remove" << QJsonValue(7);
-    QTest::newRow("empty id") << "remove" << QJsonValue("");
-    QTest::newRow("text that would be a condition") << "remove" << QJsonValue("1 OR 1 = 1");
-    QTest::newRow("list of unknown ids") << "removeList" << QJsonValue(QJsonArray{7, 8});
-    QTest::newRow("list of a text that would be a condition") << "removeList" << QJsonValue(QJsonArray{"1 OR 1 = 1"});
-}
-
-void tst_StoreWriting::removing_nobody_is_no_error()
-{
-    QFETCH(QString, operation);
-    QFETCH(QJsonValue, value);
-    Practice practice;
-    fill(practice, 2);
-    QVERIFY(practice.store.perform(operation, {value}).isSilent());
-    QCOMPARE(ids(practice), QString("1 2"));
 }
 
 void tst_StoreWriting::names_come_back_as_typed_data()

@@ -17,7 +17,7 @@ Item {
         readonly property string gate: "Si la consultation continue, cliquez ici"
         readonly property var row: ({ iid: "7", iname: "A" })
 
-        // document, its properties, control, signal, address opened
+        // document, its properties, control, signal, address opened, role if it is no button
         function controlTable() {
             return [
                 ["ActionButton", { text: "Enregistrer", width: 138 }, "Enregistrer", "clicked"],
@@ -28,15 +28,16 @@ Item {
                 ["NameStatus", { width: 275, genderMale: false }, "Sexe : femme", "genderMaleChanged"],
                 ["Autocomplete", { width: 275 }, "Rechercher", "changed"],
                 ["Autocomplete", { width: 275, text: "du" }, "Effacer la recherche", "textChanged"],
-                ["TabPopup", { title: "Onglet", width: 200, height: 42 }, "Onglet", "clicked"],
+                ["TabPopup", { title: "Onglet", width: 200, height: 42 }, "Onglet", "clicked", "", "PageTab"],
                 ["Question", { text: asked }, asked, "checkedChanged"],
                 ["SMSSend", {}, "Envoyer le SMS de rappel", "clicked", smsPage],
                 ["ButtonSMS", {}, "Envoi SMS", "clicked", smsPage],
-                ["PatientTableRow", row, "Sélectionner A", "excheckedChanged"],
+                ["PatientTableRow", row, "Sélectionner A", "excheckedChanged", "", "CheckBox"],
                 ["PatientTableRow", row, "Ouvrir A", "openPatient"],
                 ["ContactPopup", {}, "Fermer", "closeContact"],
-                ["ContactPopup", {}, "www.allergies-info.example", "", "http://www.allergies-info.example"],
-                ["ContactPopup", {}, "www.vesk.example", "", "http://www.vesk.example"],
+                ["ContactPopup", {}, "www.allergies-info.example", "", "http://www.allergies-info.example",
+                 "Link"],
+                ["ContactPopup", {}, "www.vesk.example", "", "http://www.vesk.example", "Link"],
                 ["ListPopup", {}, "Fermer", "closeList"],
                 ["ListPopup", {}, "Imprimer", "requestPrint"],
                 ["ListPopup", {}, "Supprimer les patients sélectionnés", "needRefresh"],
@@ -62,9 +63,11 @@ Item {
         function test_each_way_is_told_once(data) {
             var document = load(data.control[0], data.control[1]);
             var told = data.control[3] === "" ? null : spy(document, data.control[3]);
+            var control = named(document, data.control[2]);
 
+            compare(Native.accessible(control).role, data.control[5] || "Button");
             wait(0);
-            activate(named(document, data.control[2]), data);
+            activate(control, data);
             if (told) {
                 compare(told.count, 1);
             }

@@ -32,18 +32,6 @@ Item {
             return list;
         }
 
-        function test_model_rows_are_patient_records() {
-            var item;
-            var row;
-
-            givenPatients([{ id: 7, name: "Dupont", genderMale: 0, phone: "0612", created: "2014-04-10" }]);
-            item = bar();
-            item.text = "d";
-            row = item.model.get(0);
-            compare([row.id, row.name, row.genderMale, row.phone, row.created_format],
-                    [7, "Dupont", 0, "0612", "10/04/2014"]);
-        }
-
         function test_active_and_has_results_data() {
             return [
                 { tag: "nothing typed", text: "", active: false, hasResults: false },

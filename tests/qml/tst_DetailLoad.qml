@@ -81,15 +81,6 @@ Item {
             compare(detail.state, "base");
         }
 
-        function test_gender_shown_data() {
-            return [{ tag: "1", stored: 1, male: true }, { tag: "0", stored: 0, male: false }];
-        }
-
-        function test_gender_shown(data) {
-            openPatient({ genderMale: data.stored });
-            compare(nameBar.genderMale, data.male);
-        }
-
         function test_gender_of_a_record_in_hand_data() {
             return [{ tag: "true", value: true, male: true }, { tag: "false", value: false, male: false },
                     { tag: "0", value: 0, male: false }, { tag: "1", value: 1, male: true },

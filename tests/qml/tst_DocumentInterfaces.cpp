@@ -24,8 +24,6 @@ private slots:
     void document_offers_its_function();
     void document_offers_its_property_data();
     void document_offers_its_property();
-    void property_has_its_default_data();
-    void property_has_its_default();
 
 private:
     std::unique_ptr<QObject> load(const QString &document);
@@ -201,51 +199,6 @@ void DocumentInterfaces::document_offers_its_property()
     QVERIFY(index >= 0);
     if (!type.isEmpty())
         QCOMPARE(QByteArray(root->metaObject()->property(index).typeName()), type);
-}
-
-void DocumentInterfaces::property_has_its_default_data()
-{
-    QTest::addColumn<QString>("document");
-    QTest::addColumn<QByteArray>("property");
-    QTest::addColumn<QVariant>("expected");
-
-    const struct { const char *document; const char *property; QVariant expected; } table[] = {
-        {"main", "number", 0},
-        {"main", "total", 0},
-        {"ListPopup", "number", 0},
-        {"Container", "internalContentHeight", 538},
-        {"Container", "internalContentInternalHeight", 538},
-        {"Container", "internalHeight", 174},
-        {"Container", "internalState", "base"},
-        {"Container", "launchOnStart", false},
-        {"Detail", "externalGenderMale", true},
-        {"Detail", "stepPassed", true},
-        {"Detail", "step2Passed", true},
-        {"Detail", "loaded", false},
-        {"PatientTableRow", "itest", 0},
-        {"PatientTableRow", "irdv1", 0},
-        {"PatientTableRow", "iconfirmation", 0},
-        {"PatientTableRow", "irdv2", 0},
-        {"PatientTableRow", "irdv3", 0},
-        {"TabPopup", "normalColor", QColor("#c8dcfc")},
-        {"TabPopup", "hoveredColor", QColor("#b0ccfd")},
-        {"TabPopup", "checkedColor", QColor("#f9f9f9")},
-        {"PopupContainer", "noFooterBorder", false},
-    };
-    for (const auto &row : table)
-        QTest::addRow("%s.%s", row.document, row.property)
-            << QString(row.document) << QByteArray(row.property) << row.expected;
-}
-
-void DocumentInterfaces::property_has_its_default()
-{
-    QFETCH(QString, document);
-    QFETCH(QByteArray, property);
-    QFETCH(QVariant, expected);
-
-    const auto root = load(document);
-    QVERIFY(root);
-    QCOMPARE(root->property(property), expected);
 }
 
 int main(int argc, char **argv)

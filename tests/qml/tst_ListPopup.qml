@@ -149,15 +149,6 @@ Item {
             compare(storedNames(), []);
         }
 
-        function test_single_ticks_are_gone_after_a_reload() {
-            givenNames(["A", "B"]);
-            var popup = load("ListPopup");
-
-            tick(popup, 0);
-            popup.refresh();
-            compare(ticks(popup), [false, false]);
-        }
-
         function test_a_tick_survives_scrolling_away_and_back() {
             givenNames(numbered(200));
             var popup = load("ListPopup");
@@ -290,14 +281,6 @@ Item {
             givenPatients([fullRow("B")]);
             popup.refresh();
             compare(cells(popup, 0), ["B", "10/04/2014", "Non", "Oui", "Oui", "Oui", "Non", "06 11 22 33 44"]);
-        }
-
-        function test_the_waiting_tab_prints_NULLs_as_NULL() {
-            givenPatients([nullRow("A")]);
-            var popup = load("ListPopup");
-
-            compare(popup.printModel[0].phone, null);
-            compare(popup.printModel[0].test_date, null);
         }
 
         function nullRow(name) {

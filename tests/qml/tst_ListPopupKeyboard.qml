@@ -150,19 +150,5 @@ Item {
             compare(focused(popup), "Ouvrir B");
             compare(focusedAfter(popup, [Qt.Key_Tab, Qt.Key_Tab]), ["Envoi SMS B", "Sélectionner C"]);
         }
-
-        function test_roles_data() {
-            return [
-                { tag: "Fermer", role: "Button" }, { tag: "Patients en attente", role: "PageTab" },
-                { tag: "Liste de tous les patients", role: "PageTab" }, { tag: "Tout sélectionner", role: "CheckBox" },
-                { tag: "Imprimer", role: "Button" }, { tag: "Supprimer les patients sélectionnés", role: "Button" }
-            ];
-        }
-
-        function test_roles(data) {
-            var popup = start([]);
-
-            compare(Native.accessible(named(popup, data.tag)).role, data.role);
-        }
     }
 }

@@ -83,13 +83,6 @@ Item {
             tryCompare(results(), "visible", false);
         }
 
-        function test_canceled_leaves_the_editor() {
-            search().text = "du";
-            main.openPatient("1");
-            detail().canceled();
-            compareLeft();
-        }
-
         function test_need_refresh_is_passed_on() {
             var needRefresh = spy(main, "needRefresh");
 
@@ -170,17 +163,6 @@ Item {
             compareLeft();
             compare(stored(1), undefined);
             compare(stored(2).name, "Martin");
-        }
-
-        function test_sms_bar_opens_the_same_page_for_every_patient_data() {
-            return [{ tag: "1" }, { tag: "2" }];
-        }
-
-        function test_sms_bar_opens_the_same_page_for_every_patient(data) {
-            main.openPatient(data.tag);
-            settle();
-            click(named(main, "Envoyer le SMS de rappel"));
-            compare(Native.takeOpenedAddresses(), ["http://" + Native.smsHost() + "/vesk_sms/"]);
         }
     }
 }

@@ -126,16 +126,21 @@ Item {
         // Each cell over all combinations of what it depends on, in its own pathway: dates, flags, texts before it.
         readonly property string given: "2014-05-12"
 
+        /// Rows of values as data of these names; the values are the tag.
+        function table(names, rows) {
+            return rows.map(function (row) {
+                var data = { tag: row.slice(0, -2).map(String).join(", ") };
+
+                names.forEach(function (name, i) { data[name] = row[i]; });
+                return data;
+            });
+        }
+
         function test_skin_tests_data() {
-            return [
-                { tag: "null, 0", date: null, flag: 0, text: "?", bold: true },
-                { tag: "null, 1", date: null, flag: 1, text: "?", bold: true },
-                { tag: "empty, 0", date: "", flag: 0, text: "?", bold: true },
-                { tag: "empty, 1", date: "", flag: 1, text: "?", bold: true },
-                { tag: "given, 0", date: given, flag: 0, text: "Non", bold: false },
-                { tag: "given, 1", date: given, flag: 1, text: "Oui", bold: false },
-                { tag: "given, 2", date: given, flag: 2, text: "Non", bold: false }
-            ];
+            return table(["date", "flag", "text", "bold"], [
+                [null, 0, "?", true], [null, 1, "?", true], ["", 0, "?", true], ["", 1, "?", true],
+                [given, 0, "Non", false], [given, 1, "Oui", false], [given, 2, "Non", false]
+            ]);
         }
 
         function test_skin_tests(data) {
@@ -143,28 +148,15 @@ Item {
         }
 
         function test_work_up_data() {
-            return [
-                { tag: "nothing", test_date: "", test: 0, date: "", flag: 0, text: "", bold: true },
-                { tag: "nothing, flag 1", test_date: "", test: 0, date: "", flag: 1, text: "", bold: true },
-                { tag: "no test, test flag 1", test_date: "", test: 1, date: "", flag: 0, text: "", bold: true },
-                { tag: "no test, both flags 1", test_date: "", test: 1, date: "", flag: 1, text: "", bold: true },
-                { tag: "test null", test_date: null, test: 0, date: null, flag: 0, text: "", bold: true },
-                { tag: "negative", test_date: given, test: 0, date: "", flag: 0, text: "?", bold: true },
-                { tag: "negative, flag 1", test_date: given, test: 0, date: "", flag: 1, text: "?", bold: true },
-                { tag: "positive", test_date: given, test: 1, date: "", flag: 0, text: "-", bold: false },
-                { tag: "positive, flag 1", test_date: given, test: 1, date: "", flag: 1, text: "-", bold: false },
-                { tag: "positive, null", test_date: given, test: 1, date: null, flag: 0, text: "-", bold: false },
-                { tag: "test 2 is no yes", test_date: given, test: 2, date: "", flag: 0, text: "?", bold: true },
-                { tag: "given alone, no", test_date: "", test: 0, date: given, flag: 0, text: "Non", bold: true },
-                { tag: "given alone, yes", test_date: "", test: 0, date: given, flag: 1, text: "Oui", bold: false },
-                { tag: "given, test flag, no", test_date: "", test: 1, date: given, flag: 0, text: "Non", bold: true },
-                { tag: "given, test flag, yes", test_date: "", test: 1, date: given, flag: 1, text: "Oui", bold: false },
-                { tag: "negative, no", test_date: given, test: 0, date: given, flag: 0, text: "Non", bold: true },
-                { tag: "negative, yes", test_date: given, test: 0, date: given, flag: 1, text: "Oui", bold: false },
-                { tag: "positive, no", test_date: given, test: 1, date: given, flag: 0, text: "Non", bold: true },
-                { tag: "positive, yes", test_date: given, test: 1, date: given, flag: 1, text: "Oui", bold: false },
-                { tag: "flag 2", test_date: given, test: 0, date: given, flag: 2, text: "Non", bold: false }
-            ];
+            return table(["test_date", "test", "date", "flag", "text", "bold"], [
+                ["", 0, "", 0, "", true], ["", 0, "", 1, "", true], ["", 1, "", 0, "", true], ["", 1, "", 1, "", true],
+                [null, 0, null, 0, "", true], [given, 0, "", 0, "?", true], [given, 0, "", 1, "?", true],
+                [given, 1, "", 0, "-", false], [given, 1, "", 1, "-", false], [given, 1, null, 0, "-", false],
+                [given, 2, "", 0, "?", true], ["", 0, given, 0, "Non", true], ["", 0, given, 1, "Oui", false],
+                ["", 1, given, 0, "Non", true], ["", 1, given, 1, "Oui", false], [given, 0, given, 0, "Non", true],
+                [given, 0, given, 1, "Oui", false], [given, 1, given, 0, "Non", true],
+                [given, 1, given, 1, "Oui", false], [given, 0, given, 2, "Non", false]
+            ]);
         }
 
         function test_work_up(data) {
@@ -173,29 +165,15 @@ Item {
         }
 
         function test_allergy_data() {
-            return [
-                { tag: "after nothing", before: "", date: "", flag: 0, text: "", bold: false },
-                { tag: "after nothing, flag 1", before: "", date: "", flag: 1, text: "", bold: false },
-                { tag: "after nothing, no", before: "", date: given, flag: 0, text: "Non", bold: false },
-                { tag: "after nothing, yes", before: "", date: given, flag: 1, text: "Oui", bold: false },
-                { tag: "after ?", before: "?", date: "", flag: 0, text: "", bold: false },
-                { tag: "after ?, flag 1", before: "?", date: "", flag: 1, text: "", bold: false },
-                { tag: "after ?, no", before: "?", date: given, flag: 0, text: "Non", bold: false },
-                { tag: "after ?, yes", before: "?", date: given, flag: 1, text: "Oui", bold: false },
-                { tag: "after -", before: "-", date: "", flag: 0, text: "?", bold: true },
-                { tag: "after -, null", before: "-", date: null, flag: 0, text: "?", bold: true },
-                { tag: "after -, flag 1", before: "-", date: "", flag: 1, text: "?", bold: true },
-                { tag: "after -, no", before: "-", date: given, flag: 0, text: "Non", bold: false },
-                { tag: "after -, yes", before: "-", date: given, flag: 1, text: "Oui", bold: false },
-                { tag: "after Oui", before: "Oui", date: "", flag: 0, text: "?", bold: true },
-                { tag: "after Oui, flag 1", before: "Oui", date: "", flag: 1, text: "?", bold: true },
-                { tag: "after Oui, no", before: "Oui", date: given, flag: 0, text: "Non", bold: false },
-                { tag: "after Oui, yes", before: "Oui", date: given, flag: 1, text: "Oui", bold: false },
-                { tag: "after Non", before: "Non", date: "", flag: 0, text: "", bold: false },
-                { tag: "after Non, flag 1", before: "Non", date: "", flag: 1, text: "", bold: false },
-                { tag: "after Non, no", before: "Non", date: given, flag: 0, text: "Non", bold: false },
-                { tag: "after Non, yes", before: "Non", date: given, flag: 1, text: "Oui", bold: false }
-            ];
+            return table(["before", "date", "flag", "text", "bold"], [
+                ["", "", 0, "", false], ["", "", 1, "", false], ["", given, 0, "Non", false],
+                ["", given, 1, "Oui", false], ["?", "", 0, "", false], ["?", "", 1, "", false],
+                ["?", given, 0, "Non", false], ["?", given, 1, "Oui", false], ["-", "", 0, "?", true],
+                ["-", null, 0, "?", true], ["-", "", 1, "?", true], ["-", given, 0, "Non", false],
+                ["-", given, 1, "Oui", false], ["Oui", "", 0, "?", true], ["Oui", "", 1, "?", true],
+                ["Oui", given, 0, "Non", false], ["Oui", given, 1, "Oui", false], ["Non", "", 0, "", false],
+                ["Non", "", 1, "", false], ["Non", given, 0, "Non", false], ["Non", given, 1, "Oui", false]
+            ]);
         }
 
         function test_allergy(data) {
@@ -257,26 +235,14 @@ Item {
         }
 
         function appointmentRows() {
-            return [
-                { tag: "after nothing", before: "", date: "", flag: 0, text: "", bold: true },
-                { tag: "after nothing, flag 1", before: "", date: "", flag: 1, text: "", bold: true },
-                { tag: "after nothing, no", before: "", date: given, flag: 0, text: "Non", bold: true },
-                { tag: "after nothing, yes", before: "", date: given, flag: 1, text: "Oui", bold: false },
-                { tag: "after ?", before: "?", date: "", flag: 0, text: "", bold: true },
-                { tag: "after ?, flag 1", before: "?", date: "", flag: 1, text: "", bold: true },
-                { tag: "after ?, no", before: "?", date: given, flag: 0, text: "Non", bold: true },
-                { tag: "after ?, yes", before: "?", date: given, flag: 1, text: "Oui", bold: false },
-                { tag: "after Oui", before: "Oui", date: "", flag: 0, text: "?", bold: true },
-                { tag: "after Oui, null", before: "Oui", date: null, flag: 0, text: "?", bold: true },
-                { tag: "after Oui, flag 1", before: "Oui", date: "", flag: 1, text: "?", bold: true },
-                { tag: "after Oui, no", before: "Oui", date: given, flag: 0, text: "Non", bold: true },
-                { tag: "after Oui, yes", before: "Oui", date: given, flag: 1, text: "Oui", bold: false },
-                { tag: "after Oui, flag 2", before: "Oui", date: given, flag: 2, text: "Non", bold: false },
-                { tag: "after Non", before: "Non", date: "", flag: 0, text: "", bold: true },
-                { tag: "after Non, flag 1", before: "Non", date: "", flag: 1, text: "", bold: true },
-                { tag: "after Non, no", before: "Non", date: given, flag: 0, text: "Non", bold: true },
-                { tag: "after Non, yes", before: "Non", date: given, flag: 1, text: "Oui", bold: false }
-            ];
+            return table(["before", "date", "flag", "text", "bold"], [
+                ["", "", 0, "", true], ["", "", 1, "", true], ["", given, 0, "Non", true], ["", given, 1, "Oui", false],
+                ["?", "", 0, "", true], ["?", "", 1, "", true], ["?", given, 0, "Non", true],
+                ["?", given, 1, "Oui", false], ["Oui", "", 0, "?", true], ["Oui", null, 0, "?", true],
+                ["Oui", "", 1, "?", true], ["Oui", given, 0, "Non", true], ["Oui", given, 1, "Oui", false],
+                ["Oui", given, 2, "Non", false], ["Non", "", 0, "", true], ["Non", "", 1, "", true],
+                ["Non", given, 0, "Non", true], ["Non", given, 1, "Oui", false]
+            ]);
         }
 
         /// The cell's text and weight, and its colour in both lists.

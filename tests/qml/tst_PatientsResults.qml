@@ -38,11 +38,6 @@ Item {
             compare(rows(item).map(function (row) { return row.text; }), ["PATIENT 1", "PATIENT 2", "PATIENT 3"]);
         }
 
-        // The second patient is a woman.
-        function test_every_row_shows_the_male_icon() {
-            rows(list(3)).forEach(function (row) { picture(row, "male.png"); });
-        }
-
         function test_selected_gives_id_and_name_and_always_a_man_data() {
             return [{ tag: "man", index: 0, id: "1", name: "PATIENT 1" },
                     { tag: "woman", index: 1, id: "2", name: "PATIENT 2" }];

@@ -1,0 +1,175 @@
+import QtQuick 2.2
+import QtQuick.Controls 1.1
+
+Item {
+    id: desk
+
+    width: 420
+    height: 200
+
+    ExclusiveGroup {
+        id: group
+    }
+
+    // The small controls, each alone, beyond how they look (tst_Looks) and answer (tst_Activation).
+    DocumentTestCase {
+        name: "Controls"
+        stage: desk
+        when: windowShown
+
+        function button(properties) {
+            var made = load("ActionButton", properties);
+
+            made.width = 138;
+            made.text = "Enregistrer";
+            return made;
+        }
+
+        function tab(properties) {
+            var made = load("TabPopup", properties);
+
+            made.title = "Onglet";
+            made.width = 200;
+            made.height = 42;
+            return made;
+        }
+
+        function test_disabled_under_the_mouse_goes_grey_and_comes_back() {
+            var item = button();
+
+            hover(item);
+            tryCompare(item, "state", "hovered");
+            item.disabled = true;
+            compare(item.color.toString(), "#a9a9a9");
+            item.disabled = false;
+            tryVerify(function () { return item.color.toString() !== "#a9a9a9"; });
+        }
+
+        function test_tab_passes_over_a_disabled_button() {
+            var controls = [button(), button({ disabled: true, y: 50 }), button({ y: 100 })].map(function (item) {
+                return named(item, "Enregistrer");
+            });
+
+            controls[0].forceActiveFocus();
+            keyClick(Qt.Key_Tab);
+            verify(hasFocus(controls[2]));
+        }
+
+        function test_what_is_hidden_shuts_over_an_animation_data() {
+            return [{ tag: "StepButton" }, { tag: "SMSSend" }];
+        }
+
+        function test_what_is_hidden_shuts_over_an_animation(data) {
+            var item = load(data.tag);
+
+            item.displayed = false;
+            compare(item.internalHeight, 0);
+            compare(item.height, 38);
+            tryVerify(function () { return item.height < 38; });
+            tryCompare(item, "height", 0);
+            compare(item.visible, false);
+            item.displayed = true;
+            compare(item.internalHeight, 38);
+            compare(item.height, 0);
+            tryCompare(item, "height", 38);
+        }
+
+        function test_a_gate_is_named_without_its_markup() {
+            named(load("StepButton", { text: "Si la 1<sup>ère</sup> prise,<br/>cliquez ici" }),
+                  "Si la 1ère prise, cliquez ici");
+        }
+
+        function test_a_shutting_sms_bar_keeps_its_text_in_its_middle() {
+            var item = load("SMSSend");
+            var text = textItem(item, "Envoyer le SMS de rappel");
+
+            item.height = 12;
+            tryCompare(item, "height", 12);
+            fuzzyCompare(text.y + text.height / 2, 6, 0.51);
+            fuzzyCompare(text.x + text.width / 2, 137.5, 0.51);
+        }
+
+        function test_a_right_click_is_not_told_data() {
+            return [{ tag: "SMSSend" }, { tag: "PatientsItem" }, { tag: "StepButton" }];
+        }
+
+        function test_a_right_click_is_not_told(data) {
+            var item = load(data.tag, { width: 275 });
+            var clicked = spy(item, "clicked");
+
+            mouseClick(item, 100, 18, Qt.RightButton);
+            compare(clicked.count, 0);
+            compare(Native.takeOpenedAddresses(), []);
+        }
+
+        function test_a_row_shows_its_focus_ring_only_with_the_keyboard() {
+            var item = load("PatientsItem", { text: "DUPONT Marie", width: 275 });
+            var ring = part(item, "type FocusRing");
+
+            compare(ring.visible, false);
+            item.focusLink();
+            verify(hasFocus(named(item, "DUPONT Marie")));
+            compare(ring.visible, true);
+            item.number = 3;
+            named(item, "DUPONT Marie (3)");
+        }
+
+        function test_back_changes_nothing_and_gender_toggles_each_time() {
+            var item = load("NameStatus", { name: "DUPONT", genderMale: false });
+
+            item.width = 275;
+            click(named(item, "Retour"));
+            compare([item.name, item.genderMale], ["DUPONT", false]);
+            click(named(item, "Sexe : femme"));
+            compare(item.genderMale, true);
+            click(named(item, "Sexe : homme"));
+            compare(item.genderMale, false);
+        }
+
+        function test_name_is_what_is_typed() {
+            var item = load("NameStatus", { width: 275 });
+
+            item.focus();
+            verify(named(item, "Nom du patient").activeFocus);
+            type("Ab");
+            compare(item.name, "Ab");
+            item.name = "DURAND";
+            compare(named(item, "Nom du patient").text, "DURAND");
+        }
+
+        function test_children_stand_left_of_the_title() {
+            var item = createTemporaryQmlObject(
+                "import QtQuick 2.2; import 'qrc:/qml'; TabPopup { width: 200; height: 42; title: 'Onglet';"
+                + " Rectangle { objectName: 'child'; width: 24; height: 24 } }", desk);
+            var child = part(item, "part child");
+
+            compare(look(item, child, "right"), textItem(item, "Onglet").x - 5);
+            compare(look(item, child, "top"), 9);
+        }
+
+        function test_number_of_the_badge_keeps_its_size() {
+            var badge = load("WaitingBadge", { number: 7 });
+            var text = textItem(badge, "7");
+            var height = text.contentHeight;
+
+            badge.number = 12345;
+            compare(text.contentHeight, height);
+        }
+
+        function test_a_click_checks_a_tab_and_never_unchecks_it() {
+            var item = tab();
+            var other = tab({ exclusiveGroup: group, checked: true });
+            var changed = spy(item, "checkedChanged");
+            var accessible = function () { return Native.accessible(named(item, "Onglet")); };
+
+            item.exclusiveGroup = group;
+            other.y = 50;
+            compare([accessible().checked, accessible().selected], [false, false]);
+            click(item);
+            click(item);
+            compare([item.checked, other.checked], [true, false]);
+            compare([accessible().checked, accessible().selected], [true, true]);
+            compare(changed.count, 1);
+        }
+    }
+}
