@@ -36,6 +36,7 @@ DocumentTestCase {
             return parts().every(function (part) { return part.height === part.internalHeight; });
         });
         waitForItemPolished(fields().parent);
+        waitForItemPolished(question("test").parent);
     }
 
     function parts() {
