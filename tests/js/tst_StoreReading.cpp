@@ -86,6 +86,8 @@ private slots:
     void record_has_every_column_and_the_two_computed_ones();
     void record_has_empty_texts_for_nulls();
     void record_of_every_read_is_the_same();
+    void one_null_is_an_empty_text_data();
+    void one_null_is_an_empty_text();
     void removeNullValues_copies_and_replaces_nulls_alone();
     void get_takes_the_id_as_text_too();
     void get_of_an_unknown_id_does_not_call_back();
@@ -206,6 +208,27 @@ void tst_StoreReading::record_of_every_read_is_the_same()
     QCOMPARE(practice.store.perform("select", {""}).answer(), QJsonValue(expected));
     QCOMPARE(startsWith(practice, "dupont"), QJsonValue(expected));
     QCOMPARE(contains(practice, "marie"), QJsonValue(expected));
+}
+
+void tst_StoreReading::one_null_is_an_empty_text_data()
+{
+    QTest::addColumn<QString>("column");
+    for (const char *column : {"phone", "created", "test", "test_date", "rdv1", "date1", "confirmation",
+                               "confirmation_date", "rdv2", "date2", "rdv3", "date3", "notification_date"})
+        QTest::newRow(column) << column;
+}
+
+void tst_StoreReading::one_null_is_an_empty_text()
+{
+    QFETCH(QString, column);
+    Practice practice;
+    practice.file.run({"INSERT INTO Patients (id, name, created, notification_date) "
+                       "VALUES (1, 'Dupont', '2014-04-10', '2014-05-12')",
+                       "UPDATE Patients SET " + column + " = NULL"});
+    const QJsonObject record = practice.store.get(1);
+    QCOMPARE(record[column], QJsonValue(""));
+    QCOMPARE(record["created_format"], QJsonValue(column == "created" ? "" : "10/04/2014"));
+    QCOMPARE(record["waiting"], column == "notification_date" ? QJsonValue("") : QJsonValue(1));
 }
 
 void tst_StoreReading::removeNullValues_copies_and_replaces_nulls_alone()

@@ -20,6 +20,11 @@ QJsonObject with(QJsonObject data, const QString &key, const QJsonValue &value)
     return data;
 }
 
+QJsonArray stored(const Practice &practice, int id)
+{
+    return practice.file.rows(QString("SELECT * FROM Patients WHERE id = %1").arg(id)).at(0).toArray();
+}
+
 QJsonValue count(int number)
 {
     return QJsonObject{{"count", number}};
@@ -49,6 +54,7 @@ class tst_StoreWriting : public QObject
 private slots:
     void insert_hands_over_the_id_of_the_new_row();
     void insert_makes_the_patient_wait_at_once();
+    void insert_of_nothing_stores_the_defaults();
     void insert_does_without_a_callback();
     void insert_and_update_log_their_call();
 
@@ -83,6 +89,15 @@ void tst_StoreWriting::insert_makes_the_patient_wait_at_once()
     QCOMPARE(practice.store.perform("getWaitingNumber").answer(), count(0));
     practice.store.insert({{"name", "Dupont"}, {"notification_date", "2050-01-01"}});
     QCOMPARE(practice.store.perform("getWaitingNumber").answer(), count(1));
+}
+
+void tst_StoreWriting::insert_of_nothing_stores_the_defaults()
+{
+    PracticeAt practice(noonOfTwelfthMay);
+    practice.store.insert({});
+    QCOMPARE(stored(practice, 1),
+             (QJsonArray{1, 1, "", "", "", 0, "", 0, "", 0, "", 0, "", 0, "", "2014-05-12"}));
+    QCOMPARE(practice.store.get(1)["created_format"], QJsonValue(""));
 }
 
 void tst_StoreWriting::insert_does_without_a_callback()
