@@ -4,8 +4,9 @@ there whole or not at all, and the work goes on."""
 import os
 
 from harness.case import DesktopTest, main
-from harness.killer import CREATED, DELETED, MODIFIED, Killer
+from harness.killer import Killer
 from harness.waiting import wait_equal, wait_until
+from harness.watch import CREATED, DELETED, MODIFIED
 
 UNANSWERED, ANSWERED = (0, "", "2014-05-12"), (1, "2014-05-12", "2014-09-15")
 

@@ -27,6 +27,11 @@ class Screen:
         values = [re.search(label + r":\s+(-?\d+)", answer) for label in labels]
         return Geometry(*(int(value.group(1)) for value in values)) if all(values) else None
 
+    def activate(self, window):
+        """Gives the keyboard to a window; whether it has it."""
+        self._do("windowactivate", str(window))
+        return hex(window) in self.property("root", "_NET_ACTIVE_WINDOW")
+
     def unmanaged(self, window):
         """Whether the window goes past the window manager, as a menu does."""
         return "Override Redirect State: yes" in self._ask("xwininfo", "-id", str(window))

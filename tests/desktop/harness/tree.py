@@ -21,6 +21,11 @@ class Control:
         self._is_application = is_application
 
     @property
+    def node(self):
+        """The accessibility library's own object."""
+        return self._node
+
+    @property
     def role(self):
         """The role as the accessibility bus spells it: "push button", "text", "check box", "list item"…"""
         name = self._node.get_role_name()

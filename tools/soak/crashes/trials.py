@@ -6,8 +6,9 @@ import random
 
 from harness.case import complaints
 from harness.home import Home
-from harness.killer import CREATED, DELETED, MODIFIED, Killer
+from harness.killer import Killer
 from harness.store import Store
+from harness.watch import CREATED, DELETED, MODIFIED
 
 from . import autopsy
 from .hands import Hands
