@@ -1,0 +1,40 @@
+"""Random walks through the real window beside a model of what is stored and shown."""
+
+import collections
+import os
+import time
+
+from harness import tree
+from harness.desktop import Desktop
+from randomwalk.comparison import Strayed
+from randomwalk.walk import Walk
+
+DESCRIPTION = "uses the window at random, by mouse, keys and accessibility bus, and compares each step with a model"
+
+
+def add_arguments(parser):
+    parser.add_argument("--walks", type=int, default=10, help="how many walks, each with the next seed (10)")
+    parser.add_argument("--steps", type=int, default=200, help="how many steps each (200)")
+
+
+def run(options, report):
+    desktop = Desktop.shared()
+    tree.connect()
+    counts, strayed = collections.Counter(), []
+    for seed in range(options.seed, options.seed + options.walks):
+        begin = time.monotonic()
+        walk = Walk(desktop, seed, {"QT_QUICK_BACKEND": "software"})
+        try:
+            walk.run(options.steps)
+        except Strayed as problem:
+            strayed.append(seed)
+            report.failed(f"seed {seed}: {problem}")
+            desktop.screen.picture(os.path.join(options.folder, f"strayed-{seed}.png"))
+        finally:
+            counts.update(walk.counts)
+            walk.close()
+        report.progress(f"seed {seed}: {walk.counts['steps']} steps, {time.monotonic() - begin:.0f} s")
+    report.figure("walks", options.walks)
+    for label, value in sorted(counts.items()):
+        report.figure(label, value)
+    assert not strayed, f"seeds that strayed: {strayed}"
