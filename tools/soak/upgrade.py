@@ -1,0 +1,238 @@
+"""The first start of this version over the database of an older one, killed at every event of its files and at random
+moments: the next start must work, and lose nothing of the current version."""
+
+import collections
+import os
+import random
+import signal
+import sqlite3
+import threading
+import time
+
+from crashes.hands import Hands
+from harness import tree
+from harness.case import complaints
+from harness.desktop import Desktop
+from harness.home import Home
+from harness.store import Store
+from harness.waiting import wait_equal, wait_until
+from harness.watch import Watch
+
+DESCRIPTION = "kills the first start over older databases: the next one must end with version 1.3 and a working table"
+_VERSIONS = ("1.0", "1.1", "1.2", "", "none", "1.3")
+_PATIENTS = 40
+_PROGRESS = 20
+# Up to so long after an event: the program goes on that fast.
+_LATEST_AFTER = 0.003
+_SLOWEST_START = 60
+# The current version's files are only read: as long as the others take on a busy machine.
+_UNTOUCHED_SPAN = 0.6
+_DROPPED = "its patients are dropped"
+
+
+def add_arguments(parser):
+    parser.add_argument("--trials", type=int, default=240, help="how often it is killed (240)")
+
+
+def run(options, report):
+    desktop = Desktop.shared()
+    tree.connect()
+    trials = Trials(desktop)
+    draw = random.Random(options.seed)
+    try:
+        spans = {version: trials.measure(version) for version in _VERSIONS}
+        for version, (events, seconds) in spans.items():
+            report.figure(f"events of a first start over {_named(version)}", f"{len(events)} in {seconds:.2f} s")
+        for number in range(options.trials):
+            version = _VERSIONS[number % len(_VERSIONS)]
+            events, seconds = spans[version]
+            turn = number // len(_VERSIONS)
+            # Two thirds at the events, one after another; the rest anywhere.
+            if turn % 3 < 2 and events:
+                trials.kill_at_event(version, 1 + (turn * 2 // 3) % len(events), draw.choice((0, draw.random())))
+            else:
+                trials.kill_after(version, draw.random() * seconds * 1.2)
+            if (number + 1) % _PROGRESS == 0:
+                report.progress(f"{number + 1} trials")
+    finally:
+        for label, value in sorted(trials.counts.items()):
+            report.figure(label, value)
+        report.figure("seconds of the slowest next start", f"{trials.slowest:.1f}")
+
+
+class Trials:
+    """`counts` says what the kills have hit."""
+
+    def __init__(self, desktop):
+        self.counts = collections.Counter()
+        self.slowest = 0
+        self._desktop = desktop
+
+    def measure(self, version):
+        """The files' events of a first start that nobody kills, and the seconds to the last of them."""
+        with _FirstStart(self._desktop, version) as start:
+            seen = []
+            begin = time.monotonic()
+            watcher = threading.Thread(target=start.watch, args=(lambda event: seen.append((event, time.monotonic())),))
+            watcher.start()
+            widget = start.begin().wait_until_ready()
+            wait_until(lambda: start.store.version() == "1.3", "the version is recorded")
+            # A second after its first frame it has loaded everything.
+            wait_until(lambda: "Refreshing icon." in widget.log, "the first refresh is done")
+            start.over.set()
+            watcher.join()
+            return [event for event, _ in seen], (seen[-1][1] - begin if seen else _UNTOUCHED_SPAN)
+
+    def kill_at_event(self, version, count, part):
+        """Kills at the event of that number, `part` of the latest moment later."""
+        with _FirstStart(self._desktop, version) as start:
+            seen = []
+
+            def at(event):
+                seen.append(event)
+                if len(seen) == count:
+                    end = time.monotonic() + part * _LATEST_AFTER
+                    while time.monotonic() < end:
+                        pass
+                    start.kill()
+
+            watcher = threading.Thread(target=start.watch, args=(at,))
+            watcher.start()
+            start.begin()
+            # The events of one start are not quite those of another: the last may never come.
+            start.wait_for_death(at_the_latest=5)
+            watcher.join()
+            self._examine(start, f"{_named(version)}, event {count} ({', '.join(event.name[-12:] for event in seen)})")
+            self.counts["kills at an event of " + (_kind(seen[count - 1].name) if len(seen) >= count else "none")] += 1
+
+    def kill_after(self, version, seconds):
+        """Kills so long after the start."""
+        with _FirstStart(self._desktop, version) as start:
+            start.begin()
+            start.over.wait(seconds)
+            start.kill()
+            start.wait_for_death()
+            self._examine(start, f"{_named(version)}, after {seconds:.3f} s")
+            self.counts["kills at a random moment"] += 1
+
+    def _examine(self, start, what):
+        """The next start ends with version 1.3, a table that works and, where it was the current one, every row."""
+        self.counts[f"kills over {_named(start.version)}"] += 1
+        self.counts["left behind: " + start.state()] += 1
+        begin = time.monotonic()
+        widget = start.begin()
+        try:
+            # A lock of the record that was cut before anything stood in it is waited for: it may still be another's.
+            wait_until(lambda: start.store.version() == "1.3" and widget.window(), "the window and the version",
+                       limit=_SLOWEST_START)
+            self.slowest = max(self.slowest, time.monotonic() - begin)
+            self.counts["next starts that took over 10 s"] += time.monotonic() - begin > 10
+            widget.wait_until_ready()
+            widget.create_patient("NOUVEAU Patient", lambda: None)
+            expected = (start.rows if start.version == "1.3" else []) + ["NOUVEAU Patient"]
+            wait_equal(lambda: [row["name"] for row in start.store.patients()], expected, "the patients")
+            assert start.store.version() == "1.3", f"version {start.store.version()!r}"
+            assert start.integrity() == "ok", start.integrity()
+            if start.version == "1.3":
+                assert start.store.patients()[:-1] == start.before, "a row has changed"
+            else:
+                assert start.is_copied(), f"no copy holds the patients that were dropped: {start.store.copies()}"
+            wrong = [line for line in complaints(widget.log) if _DROPPED not in line]
+            assert not wrong, wrong
+        except BaseException as problem:
+            raise AssertionError(f"{what}: {problem}\n{widget.log[-1500:]}") from problem
+
+
+class _FirstStart:
+    """A home with the database of an older version."""
+
+    def __init__(self, desktop, version):
+        self.version = version
+        self.over = threading.Event()
+        self._desktop, self._widget = desktop, None
+        self._home = Home()
+        self.store = Store(self._home.data, os.path.basename(Hands.program))
+        self.rows = [f"Patient {number:02}" for number in range(_PATIENTS)]
+        self.store.seed(*({"name": name, "created": "2014-04-10", "phone": "06"} for name in self.rows),
+                        version="" if version == "none" else version)
+        if version == "none":
+            os.remove(os.path.join(self.store.folder, _record(self.store)))
+        self.before = self.store.patients()
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self.over.set()
+        if self._widget:
+            self._widget.stop()
+        self._home.remove()
+
+    def begin(self):
+        """Starts the program."""
+        self._widget = Hands(self._desktop, self._home, environment={"QT_QUICK_BACKEND": "software"})
+        return self._widget
+
+    def watch(self, at):
+        """Calls at(event) for each event of the database's folder until it is over."""
+        with Watch(self.store.folder) as watch:
+            for event in watch.events(self.over.is_set):
+                at(event)
+
+    def kill(self):
+        """Kills the program at once."""
+        os.kill(self._widget.process.pid, signal.SIGKILL)
+        self.over.set()
+
+    def wait_for_death(self, at_the_latest=_SLOWEST_START):
+        """Waits until the program has died; kills it at the latest then."""
+        if not self.over.wait(at_the_latest):
+            self.kill()
+        self._widget.process.wait(_SLOWEST_START)
+        self._widget.stop()
+
+    def state(self):
+        """What the kill has left, as far as it can be seen from outside."""
+        journal = "a journal, " if os.path.exists(self.store.file + "-journal") else ""
+        return f"{journal}version {self.store.version()}, {'a' if self._has_table() else 'no'} table"
+
+    def _has_table(self):
+        database = sqlite3.connect(f"file:{self.store.file}?mode=ro&immutable=1", uri=True)
+        try:
+            return bool(database.execute("SELECT 1 FROM sqlite_master WHERE name = 'Patients'").fetchone())
+        finally:
+            database.close()
+
+    def is_copied(self):
+        """Whether a copy holds the patients; one made after the cut may have no table."""
+        for copy in self.store.copies():
+            try:
+                if self.store.copied_names(copy) == self.rows:
+                    return True
+            except sqlite3.OperationalError:
+                continue
+        return False
+
+    def integrity(self):
+        """What SQLite finds in the file."""
+        database = sqlite3.connect(f"file:{self.store.file}?mode=ro", uri=True, timeout=5)
+        try:
+            return database.execute("PRAGMA integrity_check").fetchone()[0]
+        finally:
+            database.close()
+
+
+def _record(store):
+    return os.path.basename(store.file).replace(".sqlite", ".ini")
+
+
+def _kind(name):
+    """Which file an event was of."""
+    for kind in (".sqlite-journal", ".sqlite", ".ini.lock", ".ini"):
+        if name.endswith(kind):
+            return kind
+    return "a temporary name of the .ini" if ".ini" in name else name
+
+
+def _named(version):
+    return {"": 'version ""', "none": "no record"}.get(version, f"version {version}")
