@@ -1,0 +1,1 @@
+"""Another process takes the file right after a commit of the program."""
