@@ -25,6 +25,9 @@ function read(id, state) {
     }
     if (root.missing) {
         console.warn("The store has no such patient: the editor takes no answer.");
+        if (root.currentId === before.id) {
+            takeBack({});
+        }
     }
 }
 
@@ -41,6 +44,11 @@ function save(q) {
             root.stepPassed = gates[0];
             root.step2Passed = gates[1];
             takeBack(root.model);
+        }
+        if (root.missing) {
+            root.state = "base";
+            takeBack({});
+            root.needRefresh();
         }
         throw error;
     }
@@ -90,9 +98,6 @@ function update(data) {
 function showStored(data) {
     try {
         root.cancel();
-        if (root.missing) {
-            takeBack({});
-        }
     } catch (error) {
         root.model = toRecord(data, root.model);
         root.unread = true;

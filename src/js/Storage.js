@@ -5,6 +5,9 @@
 
 var database = null;
 
+/// Short enough to keep a window that waits with it alive.
+var waitMs = 1000;
+
 /// The open database with its table at schema version "1.3". Throws when it cannot be opened, or its table not made;
 /// the next call tries again.
 function open() {
@@ -12,12 +15,7 @@ function open() {
 
     if (database === null) {
         opened = openFile();
-        limitWaiting(opened);
-        if (!isPrepared(opened)) {
-            migrate(opened);
-            createTable(opened);
-            markPrepared(opened);
-        }
+        prepare(opened);
         database = opened;
     }
     return database;
@@ -27,9 +25,28 @@ function openFile() {
     return Sql.LocalStorage.openDatabaseSync("Tandry", "", "Tandry widget storage", 500000);
 }
 
-/// A file held by another process makes every statement wait; a second each keeps the window alive.
-function limitWaiting(database) {
-    run(database, "PRAGMA busy_timeout = 1000");
+/// Brings the database up to date, unless another window of this process has. Only the first attempt of a process waits
+/// for a file that another process holds: each window would freeze once more for it.
+function prepare(database) {
+    var tried = run(database, "PRAGMA busy_timeout").some(function (row) {
+        return row.timeout === waitMs;
+    });
+
+    try {
+        limitWaiting(database, tried ? 0 : waitMs);
+        if (!isPrepared(database)) {
+            migrate(database);
+            createTable(database);
+            markPrepared(database);
+        }
+    } finally {
+        limitWaiting(database, waitMs);
+    }
+}
+
+/// A file held by another process makes every statement wait so long.
+function limitWaiting(database, ms) {
+    run(database, "PRAGMA busy_timeout = " + ms);
 }
 
 /// Whether a window of this process has brought the database up to date. All windows share one connection, and its

@@ -117,6 +117,8 @@ WindowFrame {
             name: qsTr("Fermer")
             width: 16
 
+            holdable: true
+
             onPressAndHold: root.openContextMenu()
             onRightClicked: root.openContextMenu()
             onTriggered: root.hide()

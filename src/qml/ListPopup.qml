@@ -1,5 +1,6 @@
 import QtQuick 2.2
 import QtQuick.Controls 1.1
+import QtQuick.Window 2.2
 import "base"
 import "../js/Bdd.js" as Bdd
 import "../js/ListLogic.js" as ListLogic
@@ -11,6 +12,7 @@ Rectangle {
     property int number: 0
     property var printModel: ({})
     readonly property bool waitingShown: waitingTab.checked
+    readonly property bool shown: Window.visibility !== Window.Hidden
 
     signal closeList
     signal openPatient(string id)
@@ -53,6 +55,8 @@ Rectangle {
     height: 650
     width: 800
 
+    // A store that did not open at the start has given no list.
+    onShownChanged: if (shown && !Array.isArray(printModel)) needRefresh()
     Component.onCompleted: {
         Bdd.init(ListLogic.init);
         ListLogic.showWaiting();

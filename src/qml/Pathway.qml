@@ -115,6 +115,8 @@ Column {
 
     function moveGates(q) {
         if (q === "test" || q === "rdv1") {
+            // Closed first: a question behind it that is still asked is asked anew, and unfolds.
+            stepPassed = false;
             stepPassed = q === "test" && testQuestion.yes.checked;
         }
         if (q !== "rdv3") {

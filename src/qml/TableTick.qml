@@ -21,7 +21,7 @@ Clickable {
     Accessible.checkable: true
     Accessible.checked: checked
     Accessible.role: Accessible.CheckBox
-    Accessible.onToggleAction: triggered()
+    Accessible.onToggleAction: trigger()
 
     TickMark {
         id: mark

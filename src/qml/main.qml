@@ -9,6 +9,8 @@ Rectangle {
     property int number: 0
     property int total: 0
     property int internalHeight: container.internalHeight
+    /// Whether the counts have been read: a store that did not open at the start has none.
+    property bool counted: false
 
     signal openContact
     signal openList
@@ -27,7 +29,15 @@ Rectangle {
         });
         Bdd.getNumber(function (row) {
             total = row.count;
+            counted = true;
         });
+    }
+
+    /// Reads the counts, and the list, that the start could not read.
+    function catchUp() {
+        if (!counted) {
+            needRefresh();
+        }
     }
 
     /// Takes deleted patients out of the results, and leaves the editor when its patient is among them.
@@ -104,7 +114,10 @@ Rectangle {
 
         interval: 2000
 
-        onTriggered: root.ready()
+        onTriggered: {
+            root.catchUp();
+            root.ready();
+        }
     }
 
     Timer {
@@ -139,7 +152,10 @@ Rectangle {
             width: Metrics.widgetWidth
             z: 1
 
-            onChanged: root.state = "close"
+            onChanged: {
+                root.state = "close";
+                root.catchUp();
+            }
             onActiveChanged: results.need()
             onFirstResultWanted: if (hasResults) results.item.selectFirst()
             onResultsWanted: hasResults ? results.item.focusFirst() : createLink.focusLink()

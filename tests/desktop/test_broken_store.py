@@ -3,7 +3,9 @@
 import os
 
 from harness.case import main
+from harness.patient_list import PatientList
 from harness.refusal import PATIENT, RefusingStore
+from harness.tandry import WAITING_LINK
 from harness.waiting import wait_until
 
 
@@ -33,7 +35,7 @@ class BrokenStore(RefusingStore):
         self.assertEqual([row["name"] for row in self.store.patients()], ["Dupont"])
 
     def test_locked_by_another_process_from_the_start(self):
-        self.store.seed(PATIENT)
+        self.store.seed({**PATIENT, "notification_date": "2014-05-01"})
         before = self.store.patients()
         other = self.store.lock()
         widget = self.start()
@@ -41,11 +43,13 @@ class BrokenStore(RefusingStore):
             # Each question to a locked file fails only after the database driver has waited for it.
             wait_until(widget.window, "the window is shown", limit=45)
             self.wait_for_complaint(widget)
+            wait_until(lambda: "icon 0." in widget.log, "the first refresh has found the file held")
         finally:
             other.close()
         widget.wait_until_ready()
         self.assertEqual(self.store.patients(), before)
-        widget = self.restart(widget)
+        self.assertEqual(PatientList(widget).open().names(), ["Dupont"])
+        widget.control(f"{WAITING_LINK} (1)", "push button")
         widget.open_patient("Dupont")
 
     def test_read_by_another_process_while_an_answer_is_given(self):

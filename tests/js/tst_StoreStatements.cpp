@@ -68,6 +68,8 @@ class tst_StoreStatements : public QObject
 private slots:
     void database_is_opened_with_these_values();
     void database_that_did_not_open_is_tried_again_at_the_next_use();
+    void file_held_by_another_process_is_waited_for_once_in_a_process_data();
+    void file_held_by_another_process_is_waited_for_once_in_a_process();
     void version_raised_by_another_process_meanwhile_drops_nothing();
     void table_is_created_if_it_is_not_there();
     void version_is_changed_with_this_statement_data();
@@ -107,6 +109,25 @@ void tst_StoreStatements::database_that_did_not_open_is_tried_again_at_the_next_
     recorded.set("failing", "");
     QVERIFY(recorded.store->perform("getNumber").thrown.isEmpty());
     QCOMPARE(recorded.takeJournal().filter(QRegularExpression("^(open|SELECT COUNT)")).count(), 2);
+}
+
+void tst_StoreStatements::file_held_by_another_process_is_waited_for_once_in_a_process_data()
+{
+    QTest::addColumn<int>("timeoutBefore");
+    QTest::addColumn<QString>("wait");
+    QTest::newRow("first window") << 5000 << "PRAGMA busy_timeout = 1000";
+    QTest::newRow("later window") << 1000 << "PRAGMA busy_timeout = 0";
+}
+
+void tst_StoreStatements::file_held_by_another_process_is_waited_for_once_in_a_process()
+{
+    QFETCH(int, timeoutBefore);
+    QFETCH(QString, wait);
+    Recorded recorded;
+    recorded.set("rows", QVariantList{QVariantMap{{"timeout", timeoutBefore}}});
+    recorded.set("failing", "CREATE");
+    QCOMPARE(recorded.store->perform("init").thrown, QString("refused"));
+    QCOMPARE(recorded.takeJournal().filter("busy_timeout ="), (QStringList{wait, "PRAGMA busy_timeout = 1000"}));
 }
 
 void tst_StoreStatements::version_raised_by_another_process_meanwhile_drops_nothing()

@@ -74,6 +74,19 @@ Item {
             compare(Native.takeOpenedAddresses(), data.control[4] ? [data.control[4]] : []);
         }
 
+        function test_a_click_may_take_its_time() {
+            var button = load("ActionButton", { text: "Enregistrer", width: 138 });
+            var clicked = spy(button, "clicked");
+            var area = only(where(button, function (each) { return each.pressAndHoldInterval !== undefined; }), "area");
+            var held = spy(area, "pressAndHold");
+
+            area.pressAndHoldInterval = 1;
+            mousePress(button);
+            held.wait();
+            mouseRelease(button);
+            compare(clicked.count, 1);
+        }
+
         function test_a_disabled_button_tells_nothing_data() {
             return test_each_way_is_told_once_data().slice(0, 5);
         }

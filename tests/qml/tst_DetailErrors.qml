@@ -275,7 +275,19 @@ Item {
             removePatient();
             click(validate());
             tryCompare(detail, "missing", true);
-            compare([detail.loaded, Native.rows("SELECT id FROM Patients").length], [false, 0]);
+            wait(0);
+            compare([detail.loaded, detail.state, answers().join("")], [false, "base", ""]);
+            compare(Native.rows("SELECT id FROM Patients").length, 0);
+        }
+
+        function test_edits_dropped_for_a_patient_who_is_gone_show_no_answer() {
+            openPatient({ test: 1, test_date: "2014-05-01" });
+            phone().text = "0699";
+            rest();
+            removePatient();
+            click(cancelButton());
+            wait(0);
+            compare([detail.loaded, answers().join("")], [false, ""]);
         }
 
         function test_a_failed_deletion_stays_on_the_patient() {

@@ -156,6 +156,14 @@ Item {
             compare(gates(), data.after);
         }
 
+        function test_tests_made_after_all_unfold_the_confirmation_anew() {
+            openPatient({ test: 0, test_date: "2014-05-01", rdv1: 1, date1: "2014-05-02" });
+            rest();
+            compare(question("confirmation").displayed, true);
+            answer("test", "Oui");
+            compare([question("confirmation").checked, question("test").checked], [true, false]);
+        }
+
         function test_gates_stay_as_they_are_for_the_next_patient() {
             openPatient();
             answer("test", "Non");

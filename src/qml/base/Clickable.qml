@@ -1,7 +1,8 @@
 import QtQuick 2.2
+import QtQuick.Window 2.2
 
-// Whatever can be clicked: by the mouse, by Return and Space, by an assistive tool. What is disabled or not visible
-// takes none of the three.
+// Whatever can be clicked: by the mouse, by Return and Space, by an assistive tool. What is disabled or not visible, or
+// in a hidden window, takes none of the three.
 Item {
     id: root
 
@@ -15,13 +16,15 @@ Item {
     property alias containsMouse: area.containsMouse
     property alias cursorShape: area.cursorShape
     property alias pressed: area.pressed
+    /// Whether holding the button down means something of its own; else it is a click that takes longer.
+    property bool holdable: false
 
     signal triggered
     signal rightClicked
     signal pressAndHold
 
     function trigger() {
-        if (enabled && visible) {
+        if (enabled && visible && Window.visibility !== Window.Hidden) {
             triggered();
         }
     }
@@ -52,7 +55,12 @@ Item {
         hoverEnabled: true
 
         onClicked: mouse.button === Qt.LeftButton ? root.trigger() : root.rightClicked()
-        onPressAndHold: root.pressAndHold()
+        onPressAndHold: {
+            mouse.accepted = root.holdable;
+            if (root.holdable) {
+                root.pressAndHold();
+            }
+        }
     }
 
     FocusRing {

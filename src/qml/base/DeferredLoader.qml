@@ -42,9 +42,11 @@ Loader {
     Component.onDestruction: stopAwaiting()
 
     Timer {
-        interval: 100
-        running: true
+        // A window that is minimised or has just been hidden paints no frame.
+        interval: root.awaited ? 500 : 100
+        repeat: true
+        running: !root.active
 
-        onTriggered: root.shown ? root.awaitFrame() : root.active = true
+        onTriggered: root.shown && !root.awaited ? root.awaitFrame() : root.loadAfterFrame()
     }
 }
