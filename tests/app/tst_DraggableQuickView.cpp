@@ -12,7 +12,19 @@ Q_DECLARE_METATYPE(Qt::MouseButtons)
 
 namespace {
 
+QtMessageHandler previousHandler = nullptr;
 QStringList windowCalls;
+
+/// Qt says in the log that a window which takes no focus is to be activated, and that this platform raises no window.
+void keepWindowCalls(QtMsgType type, const QMessageLogContext &context, const QString &text)
+{
+    if (text.startsWith("requestActivate() called"))
+        windowCalls.append("requestActivate");
+    else if (text.startsWith("This plugin does not support raise()"))
+        windowCalls.append("raise");
+    else
+        previousHandler(type, context, text);
+}
 
 /// The document: keeps what reaches it, and arms its window during a press when told so.
 class Document : public QQuickItem
@@ -90,28 +102,17 @@ private:
 
 }
 
-// The linker leads the program's own calls of the two window functions here, so that their order can be seen.
-extern "C" {
-void __real__ZN7QWindow15requestActivateEv(QWindow *window);
-void __wrap__ZN7QWindow15requestActivateEv(QWindow *window)
-{
-    windowCalls.append(window->isVisible() ? "requestActivate" : "requestActivate before show");
-    __real__ZN7QWindow15requestActivateEv(window);
-}
-void __real__ZN7QWindow5raiseEv(QWindow *window);
-void __wrap__ZN7QWindow5raiseEv(QWindow *window)
-{
-    windowCalls.append(window->isVisible() ? "raise" : "raise before show");
-    __real__ZN7QWindow5raiseEv(window);
-}
-}
-
 class tst_DraggableQuickView : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void init() { windowCalls.clear(); }
+    void init()
+    {
+        windowCalls.clear();
+        previousHandler = qInstallMessageHandler(keepWindowCalls);
+    }
+    void cleanup() { qInstallMessageHandler(previousHandler); }
 
     void the_flags_are_exactly_these();
     void it_has_no_parent_window();
@@ -321,6 +322,7 @@ void tst_DraggableQuickView::it_can_leave_the_screen_to_the_left()
 void tst_DraggableQuickView::show_brings_it_to_the_front()
 {
     Window window;
+    window.setFlag(Qt::WindowDoesNotAcceptFocus);
     QVERIFY(windowCalls.isEmpty());
     window.show();
     QVERIFY(window.isVisible());
@@ -330,6 +332,7 @@ void tst_DraggableQuickView::show_brings_it_to_the_front()
 void tst_DraggableQuickView::shown_again_it_is_raised_again()
 {
     Window window;
+    window.setFlag(Qt::WindowDoesNotAcceptFocus);
     window.show();
     window.show();
     QCOMPARE(windowCalls, (QStringList{"requestActivate", "raise", "requestActivate", "raise"}));
@@ -338,6 +341,7 @@ void tst_DraggableQuickView::shown_again_it_is_raised_again()
 void tst_DraggableQuickView::the_focuser_shows_and_raises_twice()
 {
     Window window;
+    window.setFlag(Qt::WindowDoesNotAcceptFocus);
     Focuser(&window).show();
     QVERIFY(window.isVisible());
     QCOMPARE(windowCalls, (QStringList{"requestActivate", "raise", "requestActivate", "raise"}));

@@ -1,17 +1,16 @@
 #include "buildsettings.h"
 #include "macautoupdater.h"
 #include "macupdatechecker.h"
+#include "objecttrace.h"
 #include "testhome.h"
 
 #include <QMetaMethod>
-#include <QPointer>
 #include <QTimer>
 #include <QtTest>
 
 namespace {
 
 QStringList traces;
-QList<QPointer<QTimer>> startedTimers;
 
 void keepTraces(QtMsgType type, const QMessageLogContext &, const QString &text)
 {
@@ -25,17 +24,6 @@ void tick(QTimer *timer)
     QCoreApplication::sendEvent(timer, &event);
 }
 
-}
-
-// The linker leads the program's own calls of QTimer::start() here: the checker's timer is nobody's child, and so
-// cannot be found otherwise.
-extern "C" {
-void __real__ZN6QTimer5startEv(QTimer *timer);
-void __wrap__ZN6QTimer5startEv(QTimer *timer)
-{
-    startedTimers.append(timer);
-    __real__ZN6QTimer5startEv(timer);
-}
 }
 
 class tst_MacUpdateChecker : public QObject
@@ -63,7 +51,6 @@ private:
 void tst_MacUpdateChecker::init()
 {
     traces.clear();
-    startedTimers.clear();
     m_before = qInstallMessageHandler(keepTraces);
 }
 
@@ -97,9 +84,10 @@ void tst_MacUpdateChecker::the_feed_is_plain_http_on_the_build_host()
 
 void tst_MacUpdateChecker::the_timer_repeats_every_24_hours()
 {
+    const ObjectTrace trace;
     const MacUpdateChecker checker(nullptr);
-    QCOMPARE(startedTimers.size(), 1);
-    const QTimer *timer = startedTimers.first();
+    const auto *timer = ObjectTrace::first<QTimer>();
+    QVERIFY(timer);
     QCOMPARE(timer->interval(), 86400000);
     QVERIFY(!timer->isSingleShot());
     QVERIFY(timer->isActive());
@@ -108,13 +96,15 @@ void tst_MacUpdateChecker::the_timer_repeats_every_24_hours()
 
 void tst_MacUpdateChecker::each_tick_asks_for_a_check()
 {
+    const ObjectTrace trace;
     const MacUpdateChecker checker(nullptr);
-    QCOMPARE(startedTimers.size(), 1);
-    tick(startedTimers.first());
+    auto *timer = ObjectTrace::first<QTimer>();
+    QVERIFY(timer);
+    tick(timer);
     QCOMPARE(traces.size(), 2);
-    tick(startedTimers.first());
+    tick(timer);
     QCOMPARE(traces.size(), 3);
-    QVERIFY(startedTimers.first()->isActive());
+    QVERIFY(timer->isActive());
 }
 
 void tst_MacUpdateChecker::one_slot_is_all_it_shows()
@@ -136,12 +126,12 @@ void tst_MacUpdateChecker::the_parent_is_the_one_given()
 
 void tst_MacUpdateChecker::the_timer_goes_with_the_checker()
 {
+    const ObjectTrace trace;
     {
         const MacUpdateChecker checker(nullptr);
-        QCOMPARE(startedTimers.size(), 1);
-        QVERIFY(startedTimers.first());
+        QVERIFY(ObjectTrace::first<QTimer>());
     }
-    QVERIFY(!startedTimers.first());
+    QVERIFY(!ObjectTrace::first<QTimer>());
 }
 
 void tst_MacUpdateChecker::the_updater_alone_asks_for_nothing()

@@ -10,21 +10,22 @@
 #include <QGuiApplication>
 #include <QtTest>
 
-// The linker leads the program's own calls of the two window functions here.
-extern "C" {
-void __real__ZN7QWindow15requestActivateEv(QWindow *window);
-void __wrap__ZN7QWindow15requestActivateEv(QWindow *window)
+namespace {
+
+QtMessageHandler previousHandler = nullptr;
+
+/// Qt says in the log that a window which takes no focus is to be activated, and that this platform raises no window.
+void keepWindowCalls(QtMsgType type, const QMessageLogContext &context, const QString &text)
 {
-    MacRecorder::add("QWindow::requestActivate");
-    __real__ZN7QWindow15requestActivateEv(window);
+    if (text.startsWith("requestActivate() called"))
+        MacRecorder::add("QWindow::requestActivate");
+    else if (text.startsWith("This plugin does not support raise()"))
+        MacRecorder::add("QWindow::raise");
+    else
+        previousHandler(type, context, text);
 }
-void __real__ZN7QWindow5raiseEv(QWindow *window);
-void __wrap__ZN7QWindow5raiseEv(QWindow *window)
-{
-    MacRecorder::add("QWindow::raise");
-    __real__ZN7QWindow5raiseEv(window);
-}
-}
+
+} // namespace
 
 /// The macOS sources, unchanged, run against another AppKit that listens.
 class tst_MacSources : public QObject
@@ -133,6 +134,7 @@ void tst_MacSources::the_checker_checks_at_once_and_lets_go_at_its_end()
 void tst_MacSources::showing_a_view_activates_the_program_first()
 {
     DraggableQuickView view(true);
+    view.setFlag(Qt::WindowDoesNotAcceptFocus);
     view.show();
     QCOMPARE(MacRecorder::take(), (QStringList{
         "NSApplication sharedApplication",
@@ -146,6 +148,8 @@ void tst_MacSources::showing_a_view_activates_the_program_first()
 void tst_MacSources::the_focuser_raises_without_showing()
 {
     DraggableQuickView view(false);
+    view.setFlag(Qt::WindowDoesNotAcceptFocus);
+    view.create();
     Focuser(&view).raise();
     QCOMPARE(MacRecorder::take(), (QStringList{
         "NSApplication sharedApplication",
@@ -161,6 +165,7 @@ int main(int argc, char **argv)
     const TestHome home;
     QGuiApplication application(argc, argv);
     MacRecorder::install();
+    previousHandler = qInstallMessageHandler(keepWindowCalls);
     tst_MacSources test;
     return QTest::qExec(&test, argc, argv);
 }
