@@ -14,7 +14,7 @@ WidgetService::WidgetService(QObject *parent)
     openSettings();
     identifyInstallation();
     recordOperatingSystem();
-    incrementCounter(SettingsKeys::launchCounter);
+    WidgetService::incrementCounter(SettingsKeys::launchCounter);
     createTrayIcon();
     startRefreshTimer();
     createViews();

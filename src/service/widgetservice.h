@@ -10,10 +10,12 @@
 class Autorun;
 class DraggableQuickView;
 class QDialog;
+class QFont;
 class QNetworkAccessManager;
 class QSettings;
 class QTimer;
 class QWidget;
+class QWindow;
 
 /// The one controller of the program: owns the settings, the three windows, the tray icon and the timers, and lets the
 /// documents talk to each other. It never opens the patient database; the documents do.
@@ -76,36 +78,16 @@ protected:
     /// What the desktop wants of the windows: that they close, that a dialog comes up, that the session ends.
     bool eventFilter(QObject *watched, QEvent *event) override;
 
-private:
-    // The constructor's steps, in its order.
-    void createNetworkManager();
-    void createAutorun();
-    void openSettings();
-    void identifyInstallation();
-    void recordOperatingSystem();
-    void createTrayIcon();
-    void startRefreshTimer();
-    void createViews();
-    void connectDocuments();
-    void watchDesktop();
-    void announceAutorun();
-    void startStatistics();
-
-    void incrementCounter(const QString &key);
-    void load(DraggableQuickView &window, const QString &document);
-    bool closeByDesktop(QObject *window);
-    void prepareDialog(QDialog &dialog);
-
-    int patientCount(const char *property, bool &converted) const;
-    void compileMessage();
-    void collectGarbage();
-    QIcon badgedIcon(const QIcon &icon, int count) const;
-
-    QString report(const QString &title, const QVariantList &rows);
-    void appendReportRow(QString &html, const QVariant &row);
-    QStringList getDataFromMap(QMap<QString, QVariant> &map);
-
-    QByteArray statisticsBody() const;
+    // What the service asks of the screen and the tray, and what it made: open to a derived class, so that a test can
+    // choose the one and look at the other.
+    virtual QSize availableSize(const QWindow &window) const;
+    virtual bool trayTakesMessages() const;
+    virtual void showTrayMessage(const QString &title, const QString &text, QSystemTrayIcon::MessageIcon icon,
+                                 int durationMs);
+    virtual QString report(const QString &title, const QVariantList &rows);
+    /// One more: 1 when the key is absent, else its integer plus 1. The largest integer stays.
+    virtual void incrementCounter(const QString &key);
+    static QFont badgeFont();
 
     // The views, the tray icon, the dialog parent and the statistics timer live until the process ends.
     DraggableQuickView *view;
@@ -121,4 +103,33 @@ private:
     QNetworkAccessManager *networkManager;
     qint32 lastNotifiedCount = 0;
     QTimer *statisticsTimer;
+
+private:
+    // The constructor's steps, in its order.
+    void createNetworkManager();
+    void createAutorun();
+    void openSettings();
+    void identifyInstallation();
+    void recordOperatingSystem();
+    void createTrayIcon();
+    void startRefreshTimer();
+    void createViews();
+    void connectDocuments();
+    void watchDesktop();
+    void announceAutorun();
+    void startStatistics();
+
+    void load(DraggableQuickView &window, const QString &document);
+    bool closeByDesktop(QObject *window);
+    void prepareDialog(QDialog &dialog);
+
+    int patientCount(const char *property, bool &converted) const;
+    void compileMessage();
+    void collectGarbage();
+    QIcon badgedIcon(const QIcon &icon, int count) const;
+
+    void appendReportRow(QString &html, const QVariant &row);
+    QStringList getDataFromMap(QMap<QString, QVariant> &map);
+
+    QByteArray statisticsBody() const;
 };

@@ -80,7 +80,6 @@ void WidgetService::recordOperatingSystem()
     settings->setValue(SettingsKeys::osVersionReadable, readableMacVersion(version));
 }
 
-/// One more: 1 when the key is absent, else its integer plus 1. The largest integer stays.
 void WidgetService::incrementCounter(const QString &key)
 {
     const int count = settings->value(key).toInt();

@@ -126,12 +126,23 @@ void WidgetService::compileMessage()
         return;
     }
     lastNotifiedCount = count;
-    if (!QSystemTrayIcon::supportsMessages()) {
+    if (!trayTakesMessages()) {
         return;
     }
     const QString text = count < 2 ? tr("Vous avez %n patient en attente", "Waiting patients", count)
                                    : tr("Vous avez %n patients en attente", "Waiting patients", count);
-    trayIcon->showMessage(tr("Tandry"), text, QSystemTrayIcon::Information, messageDurationMs);
+    showTrayMessage(tr("Tandry"), text, QSystemTrayIcon::Information, messageDurationMs);
+}
+
+bool WidgetService::trayTakesMessages() const
+{
+    return QSystemTrayIcon::supportsMessages();
+}
+
+void WidgetService::showTrayMessage(const QString &title, const QString &text, QSystemTrayIcon::MessageIcon icon,
+                                    int durationMs)
+{
+    trayIcon->showMessage(title, text, icon, durationMs);
 }
 
 void WidgetService::refreshIcon()
@@ -157,6 +168,11 @@ void WidgetService::refreshIcon()
     trayIcon->setIcon(icon);
 }
 
+QFont WidgetService::badgeFont()
+{
+    return QFont(QStringLiteral("Arial"), badgePointSize, badgeFontWeight, false);
+}
+
 QIcon WidgetService::badgedIcon(const QIcon &icon, int count) const
 {
     QString text = QString::number(qMin(count, largestBadgeNumber));
@@ -171,7 +187,7 @@ QIcon WidgetService::badgedIcon(const QIcon &icon, int count) const
     badge.setDotsPerMeterY(badgeDotsPerMetre);
 
     QPainter badgePainter(&badge);
-    badgePainter.setFont(QFont(QStringLiteral("Arial"), badgePointSize, badgeFontWeight, false));
+    badgePainter.setFont(badgeFont());
     badgePainter.setPen(badgeTextColour);
     badgePainter.drawText(badge.rect(), Qt::AlignCenter, text);
     badgePainter.end();

@@ -32,23 +32,21 @@ constexpr Placement mainPlacement {widgetWidth, 50, widgetWidth + gap + widgetWi
 constexpr Placement listPlacement {700, 650, gap + 700 + widgetWidth + gap};
 constexpr Placement contactPlacement {500, 450, gap + 500 + widgetWidth + gap};
 
-bool fits(const QWindow &window, const Placement &placement)
+bool fits(const QWindow &window, QSize available, const Placement &placement)
 {
-    const QSize available = window.screen()->availableSize();
-
     return window.x() >= 0 && window.x() + placement.width <= available.width()
         && window.y() >= 0 && window.y() + placement.height <= available.height();
 }
 
-void moveToDefault(QWindow &window, const Placement &placement)
+void moveToDefault(QWindow &window, QSize available, const Placement &placement)
 {
-    window.setPosition(window.screen()->availableSize().width() - placement.distance, defaultTop);
+    window.setPosition(available.width() - placement.distance, defaultTop);
 }
 
-void moveIntoScreen(QWindow &window, const Placement &placement)
+void moveIntoScreen(QWindow &window, QSize available, const Placement &placement)
 {
-    if (!fits(window, placement)) {
-        moveToDefault(window, placement);
+    if (!fits(window, available, placement)) {
+        moveToDefault(window, available, placement);
     }
 }
 
@@ -119,12 +117,17 @@ DraggableQuickView *WidgetService::getView() const
     return view;
 }
 
+QSize WidgetService::availableSize(const QWindow &window) const
+{
+    return window.screen()->availableSize();
+}
+
 void WidgetService::show()
 {
     if (firstShow) {
-        moveToDefault(*view, mainPlacement);
+        moveToDefault(*view, availableSize(*view), mainPlacement);
     } else {
-        moveIntoScreen(*view, mainPlacement);
+        moveIntoScreen(*view, availableSize(*view), mainPlacement);
     }
     // A screen narrower than the distance would have the widget's left edge, or all of it, outside.
     view->setX(qMax(0, view->x()));
@@ -149,7 +152,7 @@ void WidgetService::toggleView()
 
 void WidgetService::openList()
 {
-    moveIntoScreen(*listView, listPlacement);
+    moveIntoScreen(*listView, availableSize(*listView), listPlacement);
     listView->show();
     incrementCounter(SettingsKeys::showListViewCounter);
 }
@@ -161,7 +164,7 @@ void WidgetService::closeList()
 
 void WidgetService::openContact()
 {
-    moveIntoScreen(*contactView, contactPlacement);
+    moveIntoScreen(*contactView, availableSize(*contactView), contactPlacement);
     contactView->show();
     incrementCounter(SettingsKeys::showContactViewCounter);
 }

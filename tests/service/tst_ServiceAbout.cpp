@@ -73,7 +73,7 @@ void ServiceAbout::box_shows_the_tray_picture()
 void ServiceAbout::box_belongs_to_the_hidden_widget()
 {
     RunningService running;
-    const QWidget *hidden = running.dialogParent(); // looked up before another window has its icon
+    const QWidget *hidden = running.service->dialogParent;
 
     QVERIFY(withModal<QMessageBox>([&] { running.call("openAbout"); }, [&](QMessageBox &box) {
         QCOMPARE(static_cast<const QWidget *>(box.parentWidget()), hidden);

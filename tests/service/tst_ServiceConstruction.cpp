@@ -1,22 +1,42 @@
 #include "comparelines.h"
-#include "constructionsteps.h"
 #include "logcapture.h"
+#include "objecttrace.h"
 #include "runningservice.h"
 #include "settingsfile.h"
 #include "testmain.h"
 
+#include <QHash>
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
+#include <QSettings>
 #include <QTimer>
 
-/// The order in which the service makes things, and in which it lets go of them.
+namespace {
+
+/// The one part of launch at login that is an object of Qt's.
+bool isAgentList(const QObject *object)
+{
+    const auto *settings = qobject_cast<const QSettings *>(object);
+    return settings && settings->fileName() == SettingsFile::agentList();
+}
+
+/// Whether a window that is made now can be transparent.
+QString transparency()
+{
+    return QQuickWindow::hasDefaultAlphaBuffer() ? QStringLiteral(", transparent") : QString();
+}
+
+} // namespace
+
+/// The order in which the service makes its parts, and in which it deletes them.
 class ServiceConstruction : public QObject
 {
     Q_OBJECT
 
 private slots:
     void init();
-    void first_start_goes_through_its_steps_in_order();
-    void later_start_leaves_the_identifier_and_launch_at_login_out();
-    void end_hides_the_tray_icon_then_lets_go_of_three_things();
+    void parts_are_made_in_order();
+    void end_hides_the_tray_icon_then_deletes_three_things();
     void windows_icon_and_daily_timer_outlive_the_service();
     void start_says_nothing_in_the_log_but_the_upload();
 };
@@ -24,91 +44,77 @@ private slots:
 void ServiceConstruction::init()
 {
     SettingsFile::forgetEverything();
-    constructionSteps().clear();
 }
 
-void ServiceConstruction::first_start_goes_through_its_steps_in_order()
+void ServiceConstruction::parts_are_made_in_order()
 {
-    RunningService running;
+    QQuickWindow::setDefaultAlphaBuffer(false);
+    ObjectTrace trace(transparency);
+    const RunningService running;
+    const ObservedService &service = *running.service;
+    const QHash<QObject *, QString> names{
+        {service.networkManager, "network manager"}, {service.settings, "settings"}, {&running.tray(), "tray icon"},
+        {service.dialogParent, "dialog parent"}, {service.refreshTimer, "hourly timer"}, {running.main, "main"},
+        {running.contact, "contact"}, {running.list, "list"}, {service.statisticsTimer, "daily timer"}};
 
-    COMPARE_LINES(constructionSteps(), QStringList({
-        "network access manager, owned",
-        "autorun",
-        "settings Vesk Tandry, Olmeric",
-        "settings Vesk Korrin, Olmeric",
-        "write Uuid",
-        "launch at login on",
-        "settings Vesk Korrin gone",
-        "write OSType",
-        "write OSVersion",
-        "write OSVersionReadable",
-        "write LaunchCounter",
+    QStringList parts;
+    for (const ObjectTrace::Made &made : qAsConst(ObjectTrace::made())) {
+        const QString name = names.value(made.object, isAgentList(made.object) ? "launch at login"
+                                                      : qobject_cast<QNetworkReply *>(made.object) ? "upload" : "");
+        if (!name.isEmpty())
+            parts.append(name + made.noted);
+    }
+    COMPARE_LINES(parts, {
+        "network manager",
+        "launch at login",
+        "settings",
         "tray icon",
-        "widget with parent 0 and flags 0",
-        "tray icon shown",
-        "timer of 3600000 ms started",
-        "default alpha buffer 1",
-        "view on top",
-        "point_factor is the double 1.3",
-        "load qrc:///qml/main.qml",
-        "colour #00000000",
-        "view",
-        "point_factor is the double 1.3",
-        "load qrc:///qml/ContactPopup.qml",
-        "colour #00000000",
-        "view",
-        "point_factor is the double 1.3",
-        "load qrc:///qml/ListPopup.qml",
-        "colour #00000000",
-        "launch at login?",
-        "launch at login?", // the document's tick has moved and reports it
-        "timer of 86400000 ms started",
-        "post to https://127.0.0.1:47443/api/vesktandry/tracking/ with Content-Type, Content-Length",
-    }));
+        "dialog parent",
+        "hourly timer",
+        "main, transparent",
+        "contact, transparent",
+        "list, transparent",
+        "daily timer, transparent",
+        "upload, transparent",
+    });
+    QCOMPARE(service.networkManager->parent(), &service);
+    QCOMPARE(service.settings->organizationName(), QString("Vesk Tandry"));
+    QCOMPARE(service.settings->applicationName(), QString("Olmeric"));
+    QCOMPARE(service.settings->parent(), nullptr);
+    QCOMPARE(service.dialogParent->parent(), nullptr);
+    QCOMPARE(service.dialogParent->windowType(), Qt::Window);
 }
 
-void ServiceConstruction::later_start_leaves_the_identifier_and_launch_at_login_out()
+void ServiceConstruction::end_hides_the_tray_icon_then_deletes_three_things()
 {
-    { RunningService first; }
-    constructionSteps().clear();
-
+    ObjectTrace trace;
     RunningService running;
-
-    COMPARE_LINES(constructionSteps().mid(0, 9), QStringList({
-        "network access manager, owned",
-        "autorun",
-        "settings Vesk Tandry, Olmeric",
-        "write OSType",
-        "write OSVersion",
-        "write OSVersionReadable",
-        "write LaunchCounter",
-        "tray icon",
-        "widget with parent 0 and flags 0",
-    }));
-}
-
-void ServiceConstruction::end_hides_the_tray_icon_then_lets_go_of_three_things()
-{
-    RunningService running;
-    constructionSteps().clear();
+    const QSystemTrayIcon *tray = &running.tray();
+    QStringList gone;
+    const auto watch = [&](QObject *object, const char *name) {
+        connect(object, &QObject::destroyed, this, [&gone, tray, name] {
+            gone.append(QString(name) + (tray->isVisible() ? " before the icon is hidden" : ""));
+        });
+    };
+    watch(running.service->settings, "settings");
+    watch(running.service->networkManager, "network manager");
+    for (const ObjectTrace::Made &made : qAsConst(ObjectTrace::made())) {
+        if (isAgentList(made.object))
+            watch(made.object, "launch at login");
+    }
 
     running.destroyService();
 
-    COMPARE_LINES(constructionSteps(), QStringList({
-        "tray icon hidden",
-        "settings Vesk Tandry gone",
-        "autorun gone",
-        "network access manager gone",
-    }));
+    COMPARE_LINES(gone, {"settings", "launch at login", "network manager"});
 }
 
 void ServiceConstruction::windows_icon_and_daily_timer_outlive_the_service()
 {
     RunningService running;
-    QPointer<QTimer> hourly = running.service->findChild<QTimer *>();
-    QPointer<QTimer> daily = running.statisticsTimer();
+    QPointer<QTimer> hourly = running.service->refreshTimer;
+    QPointer<QTimer> daily = running.service->statisticsTimer;
     QPointer<QSystemTrayIcon> tray = &running.tray();
-    QPointer<QWidget> dialogParent = running.dialogParent();
+    QPointer<QWidget> dialogParent = running.service->dialogParent;
     QPointer<DraggableQuickView> view = running.main;
     QVERIFY(hourly && daily && tray && dialogParent && view);
 

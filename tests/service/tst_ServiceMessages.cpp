@@ -5,27 +5,17 @@
 #include "testclock.h"
 #include "testmain.h"
 
+#include <QPointer>
 #include <QQmlEngine>
 #include <QTimer>
+
+#include <algorithm>
 
 namespace {
 
 const QString one = QStringLiteral("Vous avez 1 patient en attente");
 const QString three = QStringLiteral("Vous avez 3 patients en attente");
 
-QList<QJSEngine *> cleanedEngines;
-
-}
-
-extern "C" {
-void __real__ZN9QJSEngine14collectGarbageEv(QJSEngine *engine);
-
-void __wrap__ZN9QJSEngine14collectGarbageEv(QJSEngine *engine)
-{
-    cleanedEngines.append(engine);
-    Recordings::instance().trayChanges.append("garbage");
-    __real__ZN9QJSEngine14collectGarbageEv(engine);
-}
 }
 
 /// The hourly tick: when waiting patients are announced, and when the documents read the database again.
@@ -53,7 +43,6 @@ private slots:
     void new_day_refreshes_once();
     void refresh_by_the_user_counts_as_the_day_s();
     void message_comes_before_the_day_s_refresh();
-    void first_refresh_announces_before_it_draws();
     void every_engine_is_cleaned_after_the_day_s_refresh();
 
 private:
@@ -70,9 +59,9 @@ QStringList ServiceMessages::tick(RunningService &running, int times)
 {
     QStringList announced;
     for (int i = 0; i < times; ++i) {
-        Recordings::instance().messages.clear();
+        running.service->messages.clear();
         running.call("autoRefresh");
-        announced.append(Recordings::instance().messageTexts().join(" and "));
+        announced.append(running.service->messageTexts().join(" and "));
     }
     return announced;
 }
@@ -98,8 +87,8 @@ void ServiceMessages::message_has_its_words()
 
     running.call("firstRefresh");
 
-    QCOMPARE(Recordings::instance().messages.size(), 1);
-    const Recordings::Message message = Recordings::instance().messages.first();
+    QCOMPARE(running.service->messages.size(), 1);
+    const ObservedService::Message message = running.service->messages.first();
     QCOMPARE(message.title, QString("Tandry"));
     QCOMPARE(message.text, text);
     QCOMPARE(message.icon, QSystemTrayIcon::Information);
@@ -192,9 +181,9 @@ void ServiceMessages::tray_without_messages_keeps_the_rhythm()
 {
     RunningService running;
     running.standInFor(running.main)->setProperty("number", 3);
-    Recordings::instance().messagesSupported = false;
+    running.service->takesMessages = false;
     QStringList announced = tick(running, 1); // remembered, though not said
-    Recordings::instance().messagesSupported = true;
+    running.service->takesMessages = true;
     announced += tick(running, 2);
     COMPARE_LINES(announced, {"", "", three});
 }
@@ -203,14 +192,14 @@ void ServiceMessages::timer_ticks_every_hour()
 {
     RunningService running;
     running.standInFor(running.main)->setProperty("number", 3);
-    const QList<QTimer *> timers = running.service->findChildren<QTimer *>();
-    QCOMPARE(timers.size(), 1);
-    QCOMPARE(timers.first()->interval(), 3600000);
-    QVERIFY(timers.first()->isActive());
-    QVERIFY(!timers.first()->isSingleShot());
+    QTimer *timer = running.service->refreshTimer;
+    QCOMPARE(timer->parent(), running.service);
+    QCOMPARE(timer->interval(), 3600000);
+    QVERIFY(timer->isActive());
+    QVERIFY(!timer->isSingleShot());
 
-    QMetaObject::invokeMethod(timers.first(), "timeout");
-    COMPARE_LINES(Recordings::instance().messageTexts(), {three});
+    QMetaObject::invokeMethod(timer, "timeout");
+    COMPARE_LINES(running.service->messageTexts(), {three});
 }
 
 void ServiceMessages::tick_of_the_same_day_refreshes_nothing()
@@ -219,13 +208,14 @@ void ServiceMessages::tick_of_the_same_day_refreshes_nothing()
     RunningService running;
     const QQuickItem *main = running.standInFor(running.main);
     const QQuickItem *list = running.standInFor(running.list);
+    const qint64 icon = running.tray().icon().cacheKey();
     for (const char *hour : {"00:00:01", "09:00:00", "18:00:00", "23:59:59"}) {
         clock.moveTo("2014-05-31 " + QByteArray(hour));
         running.call("autoRefresh");
     }
     QCOMPARE(main->property("calls").toStringList(), QStringList());
     QCOMPARE(list->property("calls").toStringList(), QStringList());
-    QCOMPARE(Recordings::instance().icons.size(), 0);
+    QCOMPARE(running.tray().icon().cacheKey(), icon);
 }
 
 void ServiceMessages::tick_of_another_day_of_the_month_refreshes_data()
@@ -257,13 +247,15 @@ void ServiceMessages::tick_of_another_day_of_the_month_refreshes()
     const QQuickItem *main = running.standInFor(running.main);
     const QQuickItem *list = running.standInFor(running.list);
 
+    const qint64 icon = running.tray().icon().cacheKey();
+
     clock.moveTo(now);
     running.call("autoRefresh");
 
     const QStringList calls = refreshes ? QStringList{"refresh"} : QStringList();
     QCOMPARE(main->property("calls").toStringList(), calls);
     QCOMPARE(list->property("calls").toStringList(), calls);
-    QCOMPARE(Recordings::instance().icons.size(), refreshes ? 1 : 0);
+    QCOMPARE(running.tray().icon().cacheKey() != icon, refreshes);
 }
 
 void ServiceMessages::new_day_refreshes_once()
@@ -307,26 +299,28 @@ void ServiceMessages::message_comes_before_the_day_s_refresh()
     QCOMPARE(SettingsFile::value("PatientsWaitingCounter"), QVariant(4));
 }
 
-void ServiceMessages::first_refresh_announces_before_it_draws()
-{
-    RunningService running;
-    running.standInFor(running.main)->setProperty("number", 3);
-    running.call("firstRefresh");
-    COMPARE_LINES(Recordings::instance().trayChanges, {"message", "icon"});
-}
-
 void ServiceMessages::every_engine_is_cleaned_after_the_day_s_refresh()
 {
     TestClock clock("2014-05-30 23:30:00");
     RunningService running;
-    cleanedEngines.clear();
+    QList<QPointer<QObject>> held;
+    for (DraggableQuickView *window : {running.main, running.contact, running.list}) {
+        // Its document drops it when it is refreshed; that of the contacts, which is never refreshed, does at once.
+        held.append(new QObject);
+        QQmlEngine::setObjectOwnership(held.last(), QQmlEngine::JavaScriptOwnership);
+        running.standInFor(window)->setProperty("held", QVariant::fromValue(window->engine()->newQObject(held.last())));
+    }
+    running.contact->rootObject()->setProperty("held", QVariant());
+    const auto left = [&] {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        return std::count_if(held.begin(), held.end(), [](const QPointer<QObject> &each) { return !each.isNull(); });
+    };
+
     running.call("autoRefresh");
-    COMPARE_LINES(Recordings::instance().trayChanges, {});
+    QCOMPARE(left(), 3);
     clock.moveTo("2014-05-31 00:30:00");
     running.call("autoRefresh");
-    COMPARE_LINES(Recordings::instance().trayChanges, {"icon", "garbage", "garbage", "garbage"});
-    QCOMPARE(cleanedEngines, (QList<QJSEngine *>{running.main->engine(), running.contact->engine(),
-                                                 running.list->engine()}));
+    QCOMPARE(left(), 0);
 }
 
 SERVICE_TEST_MAIN(ServiceMessages)

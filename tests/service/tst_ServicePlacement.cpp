@@ -36,7 +36,7 @@ private slots:
 void ServicePlacement::init()
 {
     SettingsFile::forgetEverything();
-    Recordings::instance().availableSize = QSize(1920, 1080);
+    ObservedService::chosenSize = QSize(1920, 1080);
 }
 
 void ServicePlacement::window_stays_inside_and_comes_back_from_outside_data()
@@ -165,7 +165,7 @@ void ServicePlacement::real_size_of_the_main_window_does_not_count()
 
 void ServicePlacement::small_screen_puts_the_list_partly_outside()
 {
-    Recordings::instance().availableSize = QSize(800, 600);
+    ObservedService::chosenSize = QSize(800, 600);
     RunningService running;
     running.list->setPosition(50, 0);
     running.call("openList");
@@ -174,7 +174,7 @@ void ServicePlacement::small_screen_puts_the_list_partly_outside()
 
 void ServicePlacement::narrow_screen_keeps_the_widget_s_left_edge_inside()
 {
-    Recordings::instance().availableSize = QSize(426, 341); // 1280 x 1024 at a scale of 3
+    ObservedService::chosenSize = QSize(426, 341); // 1280 x 1024 at a scale of 3
     RunningService running;
     running.call("show");
     QCOMPARE(running.main->position(), QPoint(0, 35));
@@ -194,7 +194,7 @@ void ServicePlacement::place_depends_on_the_size_of_that_screen_data()
 void ServicePlacement::place_depends_on_the_size_of_that_screen()
 {
     QFETCH(QSize, available);
-    Recordings::instance().availableSize = available;
+    ObservedService::chosenSize = available;
     RunningService running;
     for (DraggableQuickView *window : {running.main, running.list, running.contact})
         window->setPosition(-1, -1);
@@ -208,7 +208,7 @@ void ServicePlacement::place_depends_on_the_size_of_that_screen()
 
 void ServicePlacement::real_screen_is_asked()
 {
-    Recordings::instance().availableSize = QSize();
+    ObservedService::chosenSize = QSize();
     RunningService running;
     QCOMPARE(QGuiApplication::primaryScreen()->availableSize(), QSize(800, 600));
     running.call("show");

@@ -199,9 +199,9 @@ void ServiceQuit::timers_tick_while_the_question_is_open()
     RunningService running;
     running.standInFor(running.main)->setProperty("number", 3);
     QVERIFY(withModal<QMessageBox>([&] { running.call("closeIntent"); }, [&](QMessageBox &) {
-        auto *hourly = running.service->findChild<QTimer *>();
+        QTimer *hourly = running.service->refreshTimer;
         hourly->setInterval(1);
-        QTRY_VERIFY(!Recordings::instance().messages.isEmpty());
+        QTRY_VERIFY(!running.service->messages.isEmpty());
         hourly->stop();
     }));
 }

@@ -30,13 +30,13 @@ QString expectedReport(const char *name)
 /// Asks for a print, cancels the dialog, and returns the report; a null text when there was none.
 QString reportOf(const QString &title, const QVariant &list)
 {
-    Recordings::instance().reports.clear();
+    running->service->reports.clear();
     const bool asked = withModal<QPrintDialog>([&] { running->service->requestPrint(title, list); },
                                                [](QPrintDialog &dialog) { dialog.reject(); });
-    const QList<Recordings::Report> reports = Recordings::instance().reports;
+    const QStringList reports = running->service->reports;
     if (asked != (reports.size() == 1))
         qFatal("%d reports for %d dialogs", reports.size(), int(asked));
-    return reports.isEmpty() ? QString() : reports.first().html;
+    return reports.isEmpty() ? QString() : reports.first();
 }
 
 /// The texts between the tags of a row's cells, for each row of the report's body.
@@ -96,7 +96,6 @@ private slots:
     void date_line_can_be_translated();
     void rows_keep_their_order();
     void kind_of_each_row_is_logged();
-    void font_is_eight_pixels_high();
 };
 
 void ServiceReport::initTestCase()
@@ -169,13 +168,13 @@ void ServiceReport::what_is_no_list_is_not_printed_data()
 void ServiceReport::what_is_no_list_is_not_printed()
 {
     QFETCH(QVariant, list);
-    Recordings::instance().reports.clear();
+    running->service->reports.clear();
 
     const bool asked = withModal<QPrintDialog>([&] { running->service->requestPrint(waitingTitle, list); },
                                                [](QPrintDialog &dialog) { dialog.reject(); });
 
     QVERIFY(!asked);
-    QCOMPARE(Recordings::instance().reports.size(), 0);
+    QCOMPARE(running->service->reports.size(), 0);
     QVERIFY(!SettingsFile::keys().contains("PrinterCounter"));
 }
 
@@ -315,12 +314,6 @@ void ServiceReport::kind_of_each_row_is_logged()
     reportOf(waitingTitle, QVariantList{QVariantMap{{"name", "DUPONT"}}, 42, "DUPONT"});
     COMPARE_LINES(LogCapture::lines().filter("userType"), {"userType: 8", "userType: 2", "userType: 10"});
     QVERIFY2(LogCapture::lines().filter("DUPONT").isEmpty(), "A patient's name is in the log");
-}
-
-void ServiceReport::font_is_eight_pixels_high()
-{
-    QVERIFY(!reportOf(waitingTitle, QVariantList()).isNull());
-    QCOMPARE(Recordings::instance().reports.first().fontPixelSize, 8);
 }
 
 SERVICE_TEST_MAIN(ServiceReport)

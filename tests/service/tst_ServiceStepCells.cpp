@@ -105,7 +105,7 @@ void ServiceStepCells::initTestCase()
     RunningService running;
     QVERIFY(withModal<QPrintDialog>([&] { running.service->requestPrint("Liste", patients); },
                                     [](QPrintDialog &dialog) { dialog.reject(); }));
-    const QString report = Recordings::instance().reports.value(0).html;
+    const QString report = running.service->reports.value(0);
     const QStringList rows = report.section("<tbody>", 1).section("</tbody>", 0, 0).split("<tr>").mid(1);
     QCOMPARE(rows.size(), 1024);
     const QRegularExpression cell("<td align=center style=\"vertical-align: center;\">(.*?)</td>");

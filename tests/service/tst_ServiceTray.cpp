@@ -63,7 +63,6 @@ void ServiceTray::icon_is_plain_visible_and_has_no_menu()
 {
     const RunningService running;
     QVERIFY(running.tray().isVisible());
-    QCOMPARE(Recordings::instance().trayShown, QList<bool>({true}));
     QCOMPARE(running.tray().contextMenu(), nullptr);
     QCOMPARE(running.tray().parent(), nullptr);
     QCOMPARE(trayPicture().size(), QSize(128, 128));
@@ -177,9 +176,8 @@ void ServiceTray::refreshed_icon_follows_both_counts()
     COMPARE_LINES(log(), {"Refreshing icon.", line});
     QCOMPARE(SettingsFile::value("PatientsWaitingCounter"), QVariant(waiting));
     QCOMPARE(SettingsFile::value("PatientsCounter"), QVariant(all));
-    QCOMPARE(Recordings::instance().icons.size(), 1);
     QCOMPARE(pictureOf(running.tray().icon()) == trayPicture(), line == "icon 0.");
-    QCOMPARE(Recordings::instance().messages.size(), 0);
+    QCOMPARE(running.service->messages.size(), 0);
 }
 
 void ServiceTray::counts_are_stored_though_the_document_has_none()
@@ -207,7 +205,7 @@ void ServiceTray::main_document_that_did_not_load_has_no_counts()
 
     QCOMPARE(pictureOf(running.tray().icon()), trayPicture());
     QCOMPARE(SettingsFile::value("PatientsWaitingCounter"), QVariant(0));
-    QCOMPARE(Recordings::instance().messages.size(), 0);
+    QCOMPARE(running.service->messages.size(), 0);
 }
 
 void ServiceTray::badge_goes_when_nobody_waits()
@@ -244,12 +242,13 @@ void ServiceTray::refresh_sends_no_message()
     RunningService running;
     running.standInFor(running.list);
     QQuickItem *document = running.standInFor(running.main);
+    LogCapture capture;
     for (const int waiting : {1, 2, 2, 0, 5}) {
         document->setProperty("nextNumber", waiting);
         running.call("refreshViews");
     }
-    QCOMPARE(Recordings::instance().messages.size(), 0);
-    QCOMPARE(Recordings::instance().icons.size(), 5);
+    QCOMPARE(running.service->messages.size(), 0);
+    QCOMPARE(log().count("Refreshing icon."), 5);
 }
 
 void ServiceTray::first_refresh_announces_and_paints_but_asks_nobody()
@@ -261,8 +260,7 @@ void ServiceTray::first_refresh_announces_and_paints_but_asks_nobody()
 
     running.call("firstRefresh");
 
-    COMPARE_LINES(log(), {"Refreshing icon.", "icon 2"});
-    COMPARE_LINES(Recordings::instance().messageTexts(), {"Vous avez 2 patients en attente"});
+    COMPARE_LINES(log(), {"message: Vous avez 2 patients en attente", "Refreshing icon.", "icon 2"});
 }
 
 SERVICE_TEST_MAIN(ServiceTray)

@@ -52,7 +52,7 @@ void ServiceViews::window_has_its_document_title_flags_and_colour()
 
     QCOMPARE(window->source(), QUrl(source));
     QTEST(window->title(), "title");
-    QCOMPARE(window->icon().cacheKey(), running.dialogParent()->windowIcon().cacheKey());
+    QCOMPARE(window->icon().cacheKey(), running.service->dialogParent->windowIcon().cacheKey());
     QCOMPARE(window->status(), QQuickView::Ready);
     QVERIFY(window->flags().testFlag(Qt::FramelessWindowHint));
     QCOMPARE(window->flags().testFlag(Qt::WindowStaysOnTopHint), onTop);
@@ -87,7 +87,7 @@ void ServiceViews::no_window_is_shown()
     QVERIFY(!running.main->isVisible());
     QVERIFY(!running.contact->isVisible());
     QVERIFY(!running.list->isVisible());
-    QVERIFY(!running.dialogParent()->isVisible());
+    QVERIFY(!running.service->dialogParent->isVisible());
 }
 
 void ServiceViews::default_alpha_buffer_is_on()

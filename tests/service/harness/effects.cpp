@@ -43,8 +43,7 @@ Effects::Effects(RunningService &service)
     running.list->rootObject()->setProperty("number", chosenNumber);
     settings = allSettings();
     LogCapture::lines().clear();
-    Recordings::instance().messages.clear();
-    Recordings::instance().icons.clear();
+    running.service->messages.clear();
 }
 
 Effects::~Effects() = default;
@@ -79,10 +78,10 @@ QStringList Effects::take()
 
 void Effects::takeChanges()
 {
-    const auto messages = Recordings::instance().messages;
-    for (const auto &message : messages)
-        lines.append("message: " + message.text);
-    Recordings::instance().messages.clear();
+    const QStringList texts = running.service->messageTexts();
+    for (const QString &text : texts)
+        lines.append("message: " + text);
+    running.service->messages.clear();
 
     if (running.main->rootObject()->property("number").toInt() != chosenNumber)
         lines.append("main document counted");

@@ -1,39 +1,16 @@
 #pragma once
 
+#include "ownnamespace.h"
+
 #include <QByteArray>
-#include <QFile>
 
 #include <cerrno>
 #include <cstring>
 
 #include <fcntl.h>
-#include <net/if.h>
-#include <sched.h>
 #include <sys/file.h>
-#include <sys/ioctl.h>
-#include <sys/socket.h>
-#include <unistd.h>
 
 namespace OwnNetwork {
-
-inline void write(const char *path, const QByteArray &text)
-{
-    QFile file(QString::fromLatin1(path));
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || file.write(text) != text.size())
-        qFatal("%s cannot be written: %s", path, qPrintable(file.errorString()));
-}
-
-inline void raiseLoopback()
-{
-    const int any = socket(AF_INET, SOCK_DGRAM, 0);
-    ifreq request;
-    memset(&request, 0, sizeof request);
-    strcpy(request.ifr_name, "lo");
-    request.ifr_flags = IFF_UP | IFF_LOOPBACK | IFF_RUNNING;
-    if (ioctl(any, SIOCSIFFLAGS, &request) != 0)
-        qFatal("The loopback interface does not come up: %s", strerror(errno));
-    close(any);
-}
 
 inline bool entered = false;
 
@@ -42,18 +19,7 @@ inline bool entered = false;
 /// but this machine (CMakePresets.json). Call it before the first thread.
 inline void enter()
 {
-    const uid_t user = geteuid();
-    const gid_t group = getegid();
-    if (unshare(user == 0 ? CLONE_NEWNET : CLONE_NEWUSER | CLONE_NEWNET) != 0)
-        return;
-    entered = true;
-    if (user != 0) {
-        // The same user as before, in the eyes of the file system.
-        write("/proc/self/setgroups", "deny");
-        write("/proc/self/uid_map", QByteArray::number(user) + ' ' + QByteArray::number(user) + " 1");
-        write("/proc/self/gid_map", QByteArray::number(group) + ' ' + QByteArray::number(group) + " 1");
-    }
-    raiseLoopback();
+    entered = enterNamespace();
 }
 
 /// Waits until no other test on this machine has claimed this port, and claims it until the process ends. A network of

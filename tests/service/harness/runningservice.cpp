@@ -1,6 +1,6 @@
 #include "runningservice.h"
 
-#include <QApplication>
+#include <QGuiApplication>
 #include <QTimer>
 
 DraggableQuickView *windowOf(const char *document)
@@ -16,25 +16,20 @@ DraggableQuickView *windowOf(const char *document)
 
 RunningService::RunningService()
 {
-    service = new WidgetService(nullptr);
+    service = new ObservedService;
+    outlivingService = {service->statisticsTimer, service->dialogParent, service->trayIcon};
     main = windowOf("main.qml");
     contact = windowOf("ContactPopup.qml");
     list = windowOf("ListPopup.qml");
     if (!main || !contact || !list)
         qFatal("The service has not opened its three documents");
+    outlivingService += {list, contact, main};
 }
 
 RunningService::~RunningService()
 {
-    QTimer *timer = statisticsTimer();
     destroyService();
-    delete timer;
-    delete list;
-    delete contact;
-    delete main;
-    delete dialogParent();
-    delete Recordings::instance().tray;
-    Recordings::instance() = Recordings();
+    qDeleteAll(outlivingService);
 }
 
 void RunningService::call(const char *slot)
@@ -57,26 +52,6 @@ bool RunningService::launchAtLoginTick() const
             return object->property("launchOnStart").toBool();
     }
     qFatal("The main document has no tick for launch at login");
-}
-
-QWidget *RunningService::dialogParent() const
-{
-    const QWidgetList widgets = QApplication::topLevelWidgets();
-    for (QWidget *widget : widgets) {
-        if (!widget->windowIcon().isNull())
-            return widget;
-    }
-    return nullptr;
-}
-
-QTimer *RunningService::statisticsTimer() const
-{
-    const QList<QPointer<QTimer>> timers = Recordings::instance().startedTimers;
-    for (const QPointer<QTimer> &timer : timers) {
-        if (timer && timer->interval() == 86400000)
-            return timer;
-    }
-    return nullptr;
 }
 
 QQuickItem *RunningService::standInFor(DraggableQuickView *window)

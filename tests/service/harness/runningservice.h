@@ -1,8 +1,7 @@
 #pragma once
 
 #include "draggablequickview.h"
-#include "recordings.h"
-#include "widgetservice.h"
+#include "observedservice.h"
 
 #include <QQuickItem>
 #include <QWidget>
@@ -26,18 +25,17 @@ public:
     /// called can be chosen and read: see standin.qml. It is called what the real document's file is.
     QQuickItem *standInFor(DraggableQuickView *window);
 
-    WidgetService *service = nullptr;
+    ObservedService *service = nullptr;
     DraggableQuickView *main = nullptr;
     DraggableQuickView *contact = nullptr;
     DraggableQuickView *list = nullptr;
 
-    QSystemTrayIcon &tray() const { return *Recordings::instance().tray; }
+    QSystemTrayIcon &tray() const { return *service->trayIcon; }
     /// Whether the main document shows launch at login as on.
     bool launchAtLoginTick() const;
 
-    QTimer *statisticsTimer() const;
-    /// The hidden widget that lends its icon to the About box.
-    QWidget *dialogParent() const;
+private:
+    QList<QObject *> outlivingService;
 };
 
 /// The window whose document has that file name; null when there is none.

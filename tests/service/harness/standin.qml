@@ -9,6 +9,8 @@ Rectangle {
     property var calls: []
     property var nextNumber
     property var nextTotal
+    /// Dropped by the next refresh.
+    property var held
 
     function keep(call) {
         calls = calls.concat([call]);
@@ -18,6 +20,7 @@ Rectangle {
     /// Counts anew, as the real document does, before it returns.
     function refresh() {
         keep("refresh");
+        held = undefined;
         if (nextNumber !== undefined) {
             number = nextNumber;
         }
