@@ -2,6 +2,7 @@
 
 #include "exchange.h"
 
+#include <QFile>
 #include <QFileInfo>
 
 namespace {
@@ -42,11 +43,22 @@ void PatientCopies::begin()
     } else {
         warn("The return to a copy is not finished", Exchange(m_store).finish());
         m_shelf.tidy();
+        dropEmptyRecordLock();
     }
     copy(true);
     QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { look(); });
     m_timer.setTimerType(Qt::VeryCoarseTimer);
     m_timer.start(lookIntervalMs);
+}
+
+/// A process killed right after it had made the record's lock leaves it empty, and the settings class, which reads from it
+/// who holds the lock, would wait half a minute for an owner it cannot know. No other process of ours uses the store now.
+void PatientCopies::dropEmptyRecordLock()
+{
+    const QFileInfo lock(m_store.record() + QLatin1String(".lock"));
+    if (lock.exists() && lock.size() == 0) {
+        QFile::remove(lock.filePath());
+    }
 }
 
 void PatientCopies::copy(bool isStart)

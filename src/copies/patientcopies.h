@@ -22,6 +22,7 @@ public:
     void look();
 
 private:
+    void dropEmptyRecordLock();
     void copy(bool isStart);
 
     const StoreFiles m_store;

@@ -19,6 +19,7 @@ private slots:
     void an_exchange_decided_for_replaces_all_files();
     void an_exchange_not_decided_for_changes_nothing();
     void the_store_is_in_use_as_long_as_the_program_runs();
+    void an_empty_lock_of_the_record_does_not_hold_the_start_up();
 };
 
 void tst_PatientCopies::a_first_start_has_nothing_to_copy_and_nothing_to_say()
@@ -69,6 +70,18 @@ void tst_PatientCopies::a_missing_database_is_said_once_there_are_copies()
     QTest::ignoreMessage(QtWarningMsg, "The patients are not copied today: the database is missing or empty");
     PatientCopies copies(data.store);
     copies.begin();
+}
+
+void tst_PatientCopies::an_empty_lock_of_the_record_does_not_hold_the_start_up()
+{
+    const DataFolder data;
+    data.write(1);
+    const QString lock = data.store.record() + ".lock";
+    for (const QByteArray &content : {QByteArray(), QByteArray("4711\ntandry\nhost\n")}) {
+        generation::writeFile(lock, content);
+        PatientCopies(data.store).begin();
+        QCOMPARE(QFileInfo::exists(lock), !content.isEmpty());
+    }
 }
 
 void tst_PatientCopies::a_failure_is_said_and_the_program_runs_on()
