@@ -73,6 +73,9 @@ class Tray(DesktopTest):
         self.store.seed(*({"name": f"Patient {number:03}", **WAITING_SINCE} for number in range(150)))
         widget = self.start_ready(clock=CLOCK)
         wait_equal(lambda: self.message(widget), "Vous avez 150 patients en attente", "the message has the number")
+        text = widget.find("Vous avez 150 patients en attente", "label").box
+        titles = [label.box for label in widget.find_all("Tandry", "label")]
+        self.assertTrue(any(0 < text.y - title.y < 60 for title in titles), f"no title right above {text}: {titles}")
         self.picture("tray-99-plus")
 
     def test_the_message_leads_to_the_list(self):
