@@ -33,8 +33,17 @@ class tst_MacSources : public QObject
     Q_OBJECT
 
 private slots:
-    void init() { MacRecorder::start(); }
-    void cleanup() { MacRecorder::take(); }
+    void init()
+    {
+        // Here and not in main(): the test framework has put its own handler in between.
+        previousHandler = qInstallMessageHandler(keepWindowCalls);
+        MacRecorder::start();
+    }
+    void cleanup()
+    {
+        qInstallMessageHandler(previousHandler);
+        MacRecorder::take();
+    }
 
     void cocoa_is_loaded_before_its_pool();
     void the_pool_is_released_once_with_what_it_holds();
@@ -165,7 +174,6 @@ int main(int argc, char **argv)
     const TestHome home;
     QGuiApplication application(argc, argv);
     MacRecorder::install();
-    previousHandler = qInstallMessageHandler(keepWindowCalls);
     tst_MacSources test;
     return QTest::qExec(&test, argc, argv);
 }
