@@ -26,7 +26,7 @@ constexpr int badgeFontWeight = 10;
 // 72 dots per inch, where a point is a pixel: larger texts must not make the number outgrow its badge.
 constexpr int badgeDotsPerMetre = 2835;
 // The badge's ground is a picture, drawn in src/images/source/counter-big.svg.
-const QColor badgeTextColour = Qt::white;
+constexpr Qt::GlobalColor badgeTextColour = Qt::white;
 
 QIcon plainIcon()
 {
