@@ -13,6 +13,13 @@ Vanished = GLib.Error
 _CALL_LIMIT_MS = 5000
 
 
+def role_of(node):
+    """The role of a node of the library, by the names that its older versions gave."""
+    name = node.get_role_name()
+    # So since version 2.56.
+    return "push button" if name == "button" else name
+
+
 class Control:
     """One node of the accessibility tree. Every question goes to the program: nothing is remembered."""
 
@@ -28,9 +35,7 @@ class Control:
     @property
     def role(self):
         """The role as the accessibility bus spells it: "push button", "text", "check box", "list item"…"""
-        name = self._node.get_role_name()
-        # So since version 2.56 of the bus's library.
-        return "push button" if name == "button" else name
+        return role_of(self._node)
 
     @property
     def name(self):

@@ -29,7 +29,7 @@ def _shown_below(node, lasting=True):
             continue
         role = _roles.get(child) if lasting else None
         if role is None:
-            role = child.get_role_name()
+            role = tree.role_of(child)
         if lasting:
             _roles[child] = role
         states = {state.value_nick for state in child.get_state_set().get_states()}
