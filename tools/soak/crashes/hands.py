@@ -128,15 +128,11 @@ class Hands(Tandry):
         what = f"{answer!r} below the question {key!r}"
         for _ in range(15):
             try:
-                if self.mouse:
-                    return self.resting_place(lambda: self.answer_box(key, answer), what, lambda: self._below(key), may_go=True)
-                return wait_until(lambda: self._enabled_box(key, answer), what, limit=1)
-            except (Gone, NeverHappened):
-                if not self.answer_box(key, answer):
-                    self._questions[key].act()
+                # Below a question that is folding a box is still shown, and takes nothing any more.
+                place = self.resting_place(lambda: self.answer_box(key, answer), what, lambda: self._below(key), may_go=True)
+                target = place if self.mouse else self.answer_box(key, answer)
+                if target:
+                    return target
+            except Gone:
+                self._questions[key].act()
         raise NeverHappened(f"{what} is not to be reached")
-
-    def _enabled_box(self, key, answer):
-        """The box of an answer; below a question that is folding it is still shown, and takes nothing any more."""
-        box = self.answer_box(key, answer)
-        return box if box and box.has("sensitive") else None
