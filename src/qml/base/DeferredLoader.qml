@@ -21,7 +21,7 @@ Loader {
     function awaitFrame() {
         awaited = Window.window;
         awaited.frameSwapped.connect(loadAfterFrame);
-        awaited.requestUpdate();
+        awaited.update();
     }
 
     function loadAfterFrame() {
