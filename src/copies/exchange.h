@@ -2,7 +2,7 @@
 
 #include "storefiles.h"
 
-/// Puts other files in the place of the store's, so that whoever looks after finish() finds all of the old ones or all of
+/// Puts other files in the place of the store's, so that after finish() there are all of the old ones or all of
 /// the new ones, even when a process was killed at any moment.
 ///
 /// The new files are filled into a folder beside the old ones. Giving that folder its second name decides; from then on

@@ -31,7 +31,7 @@ function reminderDate(row) {
 
     switch (row.last) {
     case "test":
-        // Runs on into the work-up, on purpose: the answer has just cleared that step, so it reads as a "no".
+        // Falls through to the work-up: the answer has just cleared that step, so it reads as a "no".
     case "rdv1":
         return isYes(row.rdv1, row.date1) ? setNoNotif() : setRDV1Notif(firstAppointment);
     case "confirmation":

@@ -1,5 +1,5 @@
 """The program is killed while it saves: what its window had confirmed is there at the next start, what was under way is
-there whole or not at all, and the work goes on."""
+there whole or not at all, and the next start works."""
 
 import os
 

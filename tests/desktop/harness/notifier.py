@@ -43,7 +43,7 @@ class Notifier:
             "RegisteredStatusNotifierItems")
 
     def click(self, widget):
-        """Clicks the program's icon, as the panel tells it."""
+        """Clicks the program's icon: the message that a panel sends."""
         wait_until(lambda: self.has_icon(widget), "the icon is registered")
         self._call(self._item(widget), "/StatusNotifierItem", "org.kde.StatusNotifierItem.Activate", "0", "0")
 
