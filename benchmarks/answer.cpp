@@ -68,8 +68,7 @@ int main(int argc, char *argv[])
         "answer",
         [&](int pair) {
             return eachOf(pair, [&](int id, int variation) {
-                QMetaObject::invokeMethod(root, "answer",
-                                          Q_ARG(QVariant, QVariant(answerData(id, 2 * variation + 1))));
+                QMetaObject::invokeMethod(root, "answer", Q_ARG(QVariant, QVariant(answerData(id, 2 * variation + 1))));
                 if (!root->property("done").toBool()) {
                     qFatal("The answer was not stored");
                 }

@@ -48,6 +48,7 @@ int main(int argc, char *argv[])
             return start();
         },
         [&](int) { return bareCopy(); });
-    figure.compare("copy at the start, unchanged", [&](int) { return start(); }, [&](int) { return bareCopy(); });
+    figure.compare(
+        "copy at the start, unchanged", [&](int) { return start(); }, [&](int) { return bareCopy(); });
     delete view;
 }

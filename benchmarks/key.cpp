@@ -32,8 +32,7 @@ int main(int argc, char *argv[])
         QKeyEvent down(QEvent::KeyPress, key, Qt::NoModifier, QString(QLatin1Char(letter)));
         QKeyEvent up(QEvent::KeyRelease, key, Qt::NoModifier, QString(QLatin1Char(letter)));
         waitUntilAtRest();
-        const double ms
-            = elapsedMs([&] { paintedAfter({view}, [&] { QCoreApplication::sendEvent(view, &down); }); });
+        const double ms = elapsedMs([&] { paintedAfter({view}, [&] { QCoreApplication::sendEvent(view, &down); }); });
         QCoreApplication::sendEvent(view, &up);
         return ms;
     };

@@ -20,7 +20,8 @@ int main(int argc, char *argv[])
     raw.fill(figure.patients);
 
     QQuickItem *waitingTab = findItem(view->rootObject(), "TabPopup", "title", QStringLiteral("Patients en attente"));
-    QQuickItem *allTab = findItem(view->rootObject(), "TabPopup", "title", QStringLiteral("Liste de tous les patients"));
+    QQuickItem *allTab = findItem(view->rootObject(), "TabPopup", "title",
+                                  QStringLiteral("Liste de tous les patients"));
     QQuickItem *selectAll = findItem(view->rootObject(), "TableTick", "name", QStringLiteral("Tout sélectionner"));
     const auto bare = [&](int) {
         return elapsedMs([&] {
@@ -34,9 +35,7 @@ int main(int argc, char *argv[])
         waitingTab->setProperty("checked", true);
         waitUntilAtRest();
         return elapsedMs([&] {
-            paintedAfter({view}, [&] {
-                untilLoadedMs = elapsedMs([&] { allTab->setProperty("checked", true); });
-            });
+            paintedAfter({view}, [&] { untilLoadedMs = elapsedMs([&] { allTab->setProperty("checked", true); }); });
         });
     };
 

@@ -71,7 +71,8 @@ int main(int argc, char *argv[])
 
     const double firstList = open(*list, [&service] { service.openList(); });
     service.closeList();
-    printPair("first opening of the list, beside the second", firstList, open(*list, [&service] { service.openList(); }));
+    printPair("first opening of the list, beside the second", firstList,
+              open(*list, [&service] { service.openList(); }));
 
     const double firstContact = open(*contact, [&service] { service.openContact(); });
     service.closeContact();

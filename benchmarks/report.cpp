@@ -21,7 +21,7 @@ using Report = QString (WidgetService::*)(const QString &, const QVariantList &)
 Report reportOf();
 
 /// The one way to a private member that the language allows: naming it in an explicit instantiation.
-template <Report member>
+template<Report member>
 struct Opened
 {
     friend Report reportOf() { return member; }

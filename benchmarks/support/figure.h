@@ -25,7 +25,7 @@ void printValue(const char *label, double program);
 void printPair(const char *label, double program, double bare);
 
 /// Milliseconds that the work takes.
-template <typename Work>
+template<typename Work>
 double elapsedMs(const Work &work)
 {
     QElapsedTimer timer;

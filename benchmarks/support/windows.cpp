@@ -111,8 +111,7 @@ void waitUntilAtRest()
     const QWindowList windows = QGuiApplication::allWindows();
     for (QWindow *window : windows) {
         if (auto *quick = qobject_cast<QQuickWindow *>(window)) {
-            QObject::connect(quick, &QQuickWindow::frameSwapped, &receiver,
-                             [&sinceFrame] { sinceFrame.restart(); });
+            QObject::connect(quick, &QQuickWindow::frameSwapped, &receiver, [&sinceFrame] { sinceFrame.restart(); });
         }
     }
     QTimer ticks;

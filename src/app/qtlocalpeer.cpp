@@ -175,7 +175,10 @@ QString QtLocalPeer::listenError() const
         return localServer->errorString();
     }
     return localServer->errorString()
-        + QStringLiteral(": the path has %1 bytes, a socket's at most %2: %3").arg(length).arg(longestSocketPath).arg(path);
+        + QStringLiteral(": the path has %1 bytes, a socket's at most %2: %3")
+              .arg(length)
+              .arg(longestSocketPath)
+              .arg(path);
 }
 
 bool QtLocalPeer::listen()

@@ -76,8 +76,9 @@ quint32 changesIn(const QString &database)
 /// made by a wrong clock.
 QSet<QString> copiesInOrder(QVector<Copy> copies)
 {
-    copies.erase(std::remove_if(copies.begin(), copies.end(), [](const Copy &copy) { return copy.kind != Copy::Daily; }),
-                 copies.end());
+    copies.erase(
+        std::remove_if(copies.begin(), copies.end(), [](const Copy &copy) { return copy.kind != Copy::Daily; }),
+        copies.end());
     std::sort(copies.begin(), copies.end(), [](const Copy &one, const Copy &other) {
         return one.changes != other.changes ? one.changes < other.changes : one.day < other.day;
     });
@@ -153,17 +154,15 @@ QVector<Copy> CopyShelf::copies() const
     }
     // Of one day, the one that was written last.
     std::sort(found.begin(), found.end(), [](const Copy &one, const Copy &other) {
-        return one.day != other.day
-            ? one.day > other.day
-            : QFileInfo(one.folder).lastModified() > QFileInfo(other.folder).lastModified();
+        return one.day != other.day ? one.day > other.day
+                                    : QFileInfo(one.folder).lastModified() > QFileInfo(other.folder).lastModified();
     });
     return found;
 }
 
 void CopyShelf::tidy()
 {
-    const QStringList names =
-        QDir(m_store.copiesFolder()).entryList(QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot);
+    const QStringList names = QDir(m_store.copiesFolder()).entryList(QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot);
     for (const QString &name : names) {
         if (name.startsWith(replaced)) {
             const QString original = path(name.mid(replaced.size()));

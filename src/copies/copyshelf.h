@@ -17,7 +17,7 @@ struct Copy
     QDate day;
     Kind kind = Daily;
     int number = 1; ///< counts the copies of one kind and day
-    quint32 changes = 0; ///< how often the database had been written, as it counts itself; grows whatever the clock says
+    quint32 changes = 0; ///< SQLite's count of writes: grows whatever the clock says
     QString folder;
 
     /// The folder's name: "2026-11-21", "2026-11-21-before-upgrade", "2026-11-21-before-upgrade-2".

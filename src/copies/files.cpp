@@ -48,8 +48,8 @@ qint64 readChunk(int file, Chunk &chunk, qint64 offset)
 {
     size_t filled = 0;
     while (filled < chunk.size()) {
-        const ssize_t count =
-            ::pread(file, chunk.data() + filled, chunk.size() - filled, off_t(offset + qint64(filled)));
+        const ssize_t count = ::pread(file, chunk.data() + filled, chunk.size() - filled,
+                                      off_t(offset + qint64(filled)));
         if (count == 0) {
             break;
         }

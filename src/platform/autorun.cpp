@@ -19,7 +19,7 @@ QString listPath()
         + QLatin1String("/Library/LaunchAgents/com.olmeric.vesktandry.plist");
 }
 
-}
+} // namespace
 
 Autorun::Autorun()
     : m_settings(new QSettings(listPath(), LoginAgent::listFormat()))

@@ -20,4 +20,4 @@ bool hasEntry();
 /// path), hidden while \a on is false; on macOS nothing. A failing write is not reported.
 void followList(const QString &program, bool on);
 
-}
+} // namespace LoginAgent

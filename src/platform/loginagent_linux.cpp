@@ -56,12 +56,12 @@ QByteArray autostartEntry(const QString &program, bool on)
     return entry;
 }
 
-}
+} // namespace
 
 QSettings::Format LoginAgent::listFormat()
 {
-    static const QSettings::Format format = QSettings::registerFormat(
-        QStringLiteral("plist"), PropertyList::read, PropertyList::write, Qt::CaseSensitive);
+    static const QSettings::Format format = QSettings::registerFormat(QStringLiteral("plist"), PropertyList::read,
+                                                                      PropertyList::write, Qt::CaseSensitive);
     return format;
 }
 

@@ -16,7 +16,7 @@ QString feedAddress()
         + QLatin1String("/widget_vesk/tandry/mac/appcast.xml");
 }
 
-}
+} // namespace
 
 MacUpdateChecker::MacUpdateChecker(QObject *parent)
     : QObject(parent)

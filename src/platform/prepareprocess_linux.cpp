@@ -40,7 +40,7 @@ void forgetPlatform()
     qunsetenv(platformVariable);
 }
 
-}
+} // namespace
 
 void prepareProcess()
 {

@@ -15,4 +15,4 @@ bool read(QIODevice &device, QSettings::SettingsMap &values);
 /// Writes \a values in the order of their keys. False when one has a type that a property list does not know.
 bool write(QIODevice &device, const QSettings::SettingsMap &values);
 
-}
+} // namespace PropertyList

@@ -124,7 +124,7 @@ QVariant readValue(QXmlStreamReader &xml, int depth)
 
 bool writeValue(QXmlStreamWriter &xml, const QVariant &value);
 
-template <typename List>
+template<typename List>
 bool writeArray(QXmlStreamWriter &xml, const List &values)
 {
     bool ok = true;
@@ -163,28 +163,20 @@ bool writeValue(QXmlStreamWriter &xml, const QVariant &value)
     case QMetaType::Int:
     case QMetaType::UInt:
     case QMetaType::LongLong:
-    case QMetaType::ULongLong:
-        return writeText(xml, "integer", value.toString());
+    case QMetaType::ULongLong: return writeText(xml, "integer", value.toString());
     case QMetaType::Double:
         return writeText(xml, "real", QString::number(value.toDouble(), 'g', QLocale::FloatingPointShortest));
-    case QMetaType::QString:
-        return writeText(xml, "string", value.toString());
-    case QMetaType::QDateTime:
-        return writeText(xml, "date", value.toDateTime().toUTC().toString(Qt::ISODate));
-    case QMetaType::QByteArray:
-        return writeText(xml, "data", QString::fromLatin1(value.toByteArray().toBase64()));
-    case QMetaType::QStringList:
-        return writeArray(xml, value.toStringList());
-    case QMetaType::QVariantList:
-        return writeArray(xml, value.toList());
-    case QMetaType::QVariantMap:
-        return writeDictionary(xml, value.toMap());
-    default:
-        return false;
+    case QMetaType::QString: return writeText(xml, "string", value.toString());
+    case QMetaType::QDateTime: return writeText(xml, "date", value.toDateTime().toUTC().toString(Qt::ISODate));
+    case QMetaType::QByteArray: return writeText(xml, "data", QString::fromLatin1(value.toByteArray().toBase64()));
+    case QMetaType::QStringList: return writeArray(xml, value.toStringList());
+    case QMetaType::QVariantList: return writeArray(xml, value.toList());
+    case QMetaType::QVariantMap: return writeDictionary(xml, value.toMap());
+    default: return false;
     }
 }
 
-}
+} // namespace
 
 bool PropertyList::read(QIODevice &device, QSettings::SettingsMap &values)
 {

@@ -11,7 +11,7 @@
 namespace {
 constexpr int listWidth = 520;
 constexpr int listHeight = 260;
-}
+} // namespace
 
 PatientsDialog::PatientsDialog(const QVector<QVariantMap> &patients, const QString &day, QWidget *parent)
     : QDialog(parent)

@@ -22,12 +22,9 @@ QString dayOf(const Copy &copy)
 {
     QString day = QLocale(QLocale::French).toString(copy.day, QStringLiteral("dddd d MMMM yyyy"));
     switch (copy.kind) {
-    case Copy::BeforeUpgrade:
-        return day + QStringLiteral(", avant la mise à niveau");
-    case Copy::BeforeReturn:
-        return day + QStringLiteral(", avant un retour");
-    case Copy::Daily:
-        break;
+    case Copy::BeforeUpgrade: return day + QStringLiteral(", avant la mise à niveau");
+    case Copy::BeforeReturn: return day + QStringLiteral(", avant un retour");
+    case Copy::Daily: break;
     }
     return day;
 }
@@ -68,7 +65,8 @@ void RestoreWindow::build()
     m_outcome->setWordWrap(true);
 
     auto *introduction = new QLabel(
-        tr("Choisissez une copie. L'état d'aujourd'hui est copié d'abord : vous pourrez y revenir de la même façon."), this);
+        tr("Choisissez une copie. L'état d'aujourd'hui est copié d'abord : vous pourrez y revenir de la même façon."),
+        this);
     introduction->setWordWrap(true);
     auto *close = new QPushButton(tr("&Fermer"), this);
     connect(close, &QPushButton::clicked, this, &QWidget::close);
@@ -95,7 +93,8 @@ void RestoreWindow::fillList()
     for (const Restorer::Entry &entry : qAsConst(m_entries)) {
         auto *item = new QTreeWidgetItem(m_list);
         item->setText(0, dayOf(entry.copy));
-        item->setText(1, entry.patients.error.isEmpty() ? QString::number(entry.patients.rows.size()) : tr("illisible"));
+        item->setText(1,
+                      entry.patients.error.isEmpty() ? QString::number(entry.patients.rows.size()) : tr("illisible"));
         item->setText(2, hasToday && entry.patients.error.isEmpty() ? entry.difference.text() : QString());
         item->setTextAlignment(1, Qt::AlignRight);
     }
@@ -141,7 +140,8 @@ void RestoreWindow::askAndGoBack()
     question.setDefaultButton(question.addButton(tr("Annuler"), QMessageBox::RejectRole));
     question.exec();
     if (static_cast<const QAbstractButton *>(question.clickedButton()) == static_cast<const QAbstractButton *>(yes)) {
-        report(m_restorer.goBackTo(copy), tr("C'est fait : les patients sont ceux de la copie du %1.").arg(dayOf(copy)));
+        report(m_restorer.goBackTo(copy),
+               tr("C'est fait : les patients sont ceux de la copie du %1.").arg(dayOf(copy)));
     }
 }
 

@@ -38,8 +38,7 @@ bool WidgetService::eventFilter(QObject *watched, QEvent *event)
             return true;
         }
         return false;
-    default:
-        return false;
+    default: return false;
     }
 }
 

@@ -65,7 +65,7 @@ void WidgetService::requestPrint(QString title, QVariant list)
 /// The report's markup. Its faults are kept: practices have sheets laid out by it. Values are inserted as they are.
 QString WidgetService::report(const QString &title, const QVariantList &rows)
 {
-    const QList<Column> columns {
+    const QList<Column> columns{
         {tr("Nom du patient"), tr("Nom du patient")},
         {tr("Date 1er RDV"), tr("Date 1er RDV")},
         {tr("Téléphone"), tr("Téléphone")},
@@ -94,8 +94,8 @@ QString WidgetService::report(const QString &title, const QVariantList &rows)
     }
     html += QStringLiteral("</tbody></table><br/><br/><p><ul style=\"list-style: none;\">");
     for (int i = firstExplainedColumn; i < columns.size(); ++i) {
-        html += QStringLiteral("<li>") + columns.at(i).shortLabel + QStringLiteral(" : <i>")
-            + columns.at(i).longLabel + QStringLiteral("</i></li>");
+        html += QStringLiteral("<li>") + columns.at(i).shortLabel + QStringLiteral(" : <i>") + columns.at(i).longLabel
+            + QStringLiteral("</i></li>");
     }
     return html + QStringLiteral("</ul></br><p align=center>") + tr("Imprimé le ")
         + QDateTime::currentDateTime().toString(QStringLiteral("dddd d MMMM yyyy à h:mm"))
@@ -108,17 +108,15 @@ void WidgetService::appendReportRow(QString &html, const QVariant &row)
     qDebug() << "userType:" << row.userType();
 
     QMap<QString, QVariant> map = row.toMap();
-    html += QStringLiteral("<tr><td style=\"vertical-align: center;\">")
-        % map.value(QStringLiteral("name")).toString()
+    html += QStringLiteral("<tr><td style=\"vertical-align: center;\">") % map.value(QStringLiteral("name")).toString()
         % QStringLiteral("</td><td align=center style=\"vertical-align: center;\">")
         % map.value(QStringLiteral("created_format")).toString()
-        % QStringLiteral("</td><td style=\"vertical-align: center;\">")
-        % map.value(QStringLiteral("phone")).toString() % QStringLiteral("</td>");
+        % QStringLiteral("</td><td style=\"vertical-align: center;\">") % map.value(QStringLiteral("phone")).toString()
+        % QStringLiteral("</td>");
 
     const QStringList cells = getDataFromMap(map);
     for (const QString &cell : cells) {
-        html += QStringLiteral("<td align=center style=\"vertical-align: center;\">") % cell
-            % QStringLiteral("</td>");
+        html += QStringLiteral("<td align=center style=\"vertical-align: center;\">") % cell % QStringLiteral("</td>");
     }
     html += QStringLiteral("</tr>");
 }

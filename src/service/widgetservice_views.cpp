@@ -28,14 +28,14 @@ struct Placement
 constexpr int gap = 10;
 constexpr int widgetWidth = 275;
 constexpr int defaultTop = 35;
-constexpr Placement mainPlacement {widgetWidth, 50, widgetWidth + gap + widgetWidth + gap};
-constexpr Placement listPlacement {700, 650, gap + 700 + widgetWidth + gap};
-constexpr Placement contactPlacement {500, 450, gap + 500 + widgetWidth + gap};
+constexpr Placement mainPlacement{widgetWidth, 50, widgetWidth + gap + widgetWidth + gap};
+constexpr Placement listPlacement{700, 650, gap + 700 + widgetWidth + gap};
+constexpr Placement contactPlacement{500, 450, gap + 500 + widgetWidth + gap};
 
 bool fits(const QWindow &window, QSize available, const Placement &placement)
 {
-    return window.x() >= 0 && window.x() + placement.width <= available.width()
-        && window.y() >= 0 && window.y() + placement.height <= available.height();
+    return window.x() >= 0 && window.x() + placement.width <= available.width() && window.y() >= 0
+        && window.y() + placement.height <= available.height();
 }
 
 void moveToDefault(QWindow &window, QSize available, const Placement &placement)
@@ -105,7 +105,7 @@ void WidgetService::connectDocuments()
     connect(main, SIGNAL(needRefresh()), this, SLOT(refreshViews()));
     connect(list, SIGNAL(needRefresh()), this, SLOT(refreshViews()));
     connect(list, SIGNAL(removedPatients(QVariant)), this, SLOT(removedPatients(QVariant)));
-    connect(list, SIGNAL(requestPrint(QString,QVariant)), this, SLOT(requestPrint(QString,QVariant)));
+    connect(list, SIGNAL(requestPrint(QString, QVariant)), this, SLOT(requestPrint(QString, QVariant)));
     connect(main, SIGNAL(ready()), this, SLOT(firstRefresh()));
     connect(main, SIGNAL(autorun(bool)), this, SLOT(setAutorun(bool)));
 

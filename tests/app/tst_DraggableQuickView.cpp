@@ -100,7 +100,7 @@ private:
     }
 };
 
-}
+} // namespace
 
 class tst_DraggableQuickView : public QObject
 {

@@ -81,9 +81,8 @@ void tst_GuardMessages::signal_comes_after_the_connection_is_closed()
     QVERIFY(!first.isClient());
     RawPeer sender;
     bool closedBefore = false;
-    connect(&first, &QtLocalPeer::messageReceived, this, [&] {
-        closedBefore = sender.receive(3, 0) == "ack" && sender.isHungUp(0);
-    });
+    connect(&first, &QtLocalPeer::messageReceived, this,
+            [&] { closedBefore = sender.receive(3, 0) == "ack" && sender.isHungUp(0); });
     QSignalSpy spy(&first, SIGNAL(messageReceived(QString)));
 
     QVERIFY(sender.connectTo(socket()));
@@ -177,8 +176,7 @@ void tst_GuardMessages::length_that_cannot_be_honoured_is_a_failed_reception()
     RawPeer sender;
     QVERIFY(sender.connectTo(socket()));
     QVERIFY(sender.send(lengthBytes(length) + "activate"));
-    QTRY_COMPARE(LogCapture::lines(),
-                 QStringList("warning: QtLocalPeer: Message reception failed Unknown error"));
+    QTRY_COMPARE(LogCapture::lines(), QStringList("warning: QtLocalPeer: Message reception failed Unknown error"));
     QVERIFY(sender.isHungUp());
     QCOMPARE(spy.count(), 0);
 }
@@ -224,12 +222,12 @@ void tst_GuardMessages::second_sends_exactly_data()
 }
 
 /// Stands in for a first instance: its lock is held and its socket listens, with nothing of ours behind them.
-#define STAND_IN_FOR_THE_FIRST(listener)                                                  \
-    RawListener listener;                                                                 \
-    QFile::remove(socket());                                                              \
-    QVERIFY(listener.listen(socket()));                                                   \
-    QtLP_Private::QtLockedFile lock(socket() + "-lockfile");                              \
-    QVERIFY(lock.open(QIODevice::ReadWrite));                                             \
+#define STAND_IN_FOR_THE_FIRST(listener)                                                                               \
+    RawListener listener;                                                                                              \
+    QFile::remove(socket());                                                                                           \
+    QVERIFY(listener.listen(socket()));                                                                                \
+    QtLP_Private::QtLockedFile lock(socket() + "-lockfile");                                                           \
+    QVERIFY(lock.open(QIODevice::ReadWrite));                                                                          \
     QVERIFY(lock.lock(QtLP_Private::QtLockedFile::LockWrite))
 
 void tst_GuardMessages::second_sends_exactly()

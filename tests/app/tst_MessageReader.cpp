@@ -9,7 +9,8 @@ namespace {
 class ScriptedDevice : public QIODevice
 {
 public:
-    explicit ScriptedDevice(const QByteArrayList &script) : pieces(script)
+    explicit ScriptedDevice(const QByteArrayList &script)
+        : pieces(script)
     {
         open(QIODevice::ReadOnly | QIODevice::Unbuffered);
     }
@@ -84,11 +85,13 @@ void tst_MessageReader::message_is_taken_data()
     QTest::addColumn<QString>("text");
     QTest::newRow("at once") << QByteArrayList{bytes("00000008") + "activate"} << "activate";
     QTest::newRow("length first") << QByteArrayList{bytes("00000008"), "activate"} << "activate";
-    QTest::newRow("byte by byte") << QByteArrayList{bytes("00"), bytes("00"), bytes("00"), bytes("02"), "a", "b"} << "ab";
+    QTest::newRow("byte by byte") << QByteArrayList{bytes("00"), bytes("00"), bytes("00"), bytes("02"), "a", "b"}
+                                  << "ab";
     QTest::newRow("across the length") << QByteArrayList{bytes("0000"), bytes("000361"), "bc"} << "abc";
     QTest::newRow("empty") << QByteArrayList{bytes("00000000")} << "";
     QTest::newRow("not Latin") << QByteArrayList{bytes("00000006e697a5e69cac")} << QString::fromUtf8("日本");
-    QTest::newRow("split inside a letter") << QByteArrayList{bytes("00000002c3"), bytes("a9")} << QString::fromUtf8("é");
+    QTest::newRow("split inside a letter")
+        << QByteArrayList{bytes("00000002c3"), bytes("a9")} << QString::fromUtf8("é");
     QTest::newRow("not UTF-8") << QByteArrayList{bytes("0000000361ff62")} << QString("a") + QChar(0xfffd) + "b";
     QTest::newRow("zero byte inside") << QByteArrayList{bytes("00000003610062")} << QString("a") + QChar(0) + "b";
     QTest::newRow("256 long") << QByteArrayList{bytes("00000100") + QByteArray(256, 'x')} << QString(256, 'x');

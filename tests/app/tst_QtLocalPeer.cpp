@@ -49,16 +49,24 @@ void tst_QtLocalPeer::names_come_from_the_id_data()
 {
     QTest::addColumn<QString>("id");
     QTest::addColumn<QString>("middle");
-    QTest::newRow("a path") << "/Applications/Vesk Tandry.app/Contents/MacOS/tandry" << "Applic-c206";
-    QTest::newRow("a domain") << "com.olmeric.vesktandry" << "comolm-ba14";
-    QTest::newRow("capitals stay") << "Tandry" << "Tandry-710d";
-    QTest::newRow("capitals count") << "com.olmeric.VeskTandry" << "comolm-93c1";
-    QTest::newRow("no letters") << "1234-5678" << "-935e";
+    QTest::newRow("a path") << "/Applications/Vesk Tandry.app/Contents/MacOS/tandry"
+                            << "Applic-c206";
+    QTest::newRow("a domain") << "com.olmeric.vesktandry"
+                              << "comolm-ba14";
+    QTest::newRow("capitals stay") << "Tandry"
+                                   << "Tandry-710d";
+    QTest::newRow("capitals count") << "com.olmeric.VeskTandry"
+                                    << "comolm-93c1";
+    QTest::newRow("no letters") << "1234-5678"
+                                << "-935e";
     QTest::newRow("letters that are not a to z") << QString::fromUtf8("/home/zoé/tandry") << "homezo-7439";
     QTest::newRow("first letter not a to z") << QString::fromUtf8("Zoé Ünlü") << "Zonl-f869";
-    QTest::newRow("one letter") << "a" << "a-82f7";
-    QTest::newRow("blanks and signs before the cut") << "Tan-dry 2 go" << "Tandry-7d08";
-    QTest::newRow("checksum without leading zeros") << "tandry116" << "tandry-2b";
+    QTest::newRow("one letter") << "a"
+                                << "a-82f7";
+    QTest::newRow("blanks and signs before the cut") << "Tan-dry 2 go"
+                                                     << "Tandry-7d08";
+    QTest::newRow("checksum without leading zeros") << "tandry116"
+                                                    << "tandry-2b";
 }
 
 void tst_QtLocalPeer::names_come_from_the_id()

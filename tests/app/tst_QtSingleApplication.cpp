@@ -69,8 +69,9 @@ void tst_QtSingleApplication::meta_methods_are_in_order()
         const QMetaMethod method = meta.method(i);
         methods << (method.methodType() == QMetaMethod::Signal ? "signal " : "slot ") + method.methodSignature();
     }
-    QCOMPARE(methods, (QByteArrayList{"signal messageReceived(QString)", "signal activateWindow()",
-                                      "slot sendMessage(QString,int)", "slot sendMessage(QString)"}));
+    QCOMPARE(methods,
+             (QByteArrayList{"signal messageReceived(QString)", "signal activateWindow()",
+                             "slot sendMessage(QString,int)", "slot sendMessage(QString)"}));
     QCOMPARE(meta.superClass()->className(), "QApplication");
 }
 

@@ -19,7 +19,10 @@ private slots:
     void first_receives_and_second_is_acknowledged();
 
 private:
-    static QtSingleCoreApplication *app() { return qobject_cast<QtSingleCoreApplication *>(QCoreApplication::instance()); }
+    static QtSingleCoreApplication *app()
+    {
+        return qobject_cast<QtSingleCoreApplication *>(QCoreApplication::instance());
+    }
 };
 
 void tst_QtSingleCoreApplication::meta_methods_are_in_order()
@@ -30,8 +33,9 @@ void tst_QtSingleCoreApplication::meta_methods_are_in_order()
         const QMetaMethod method = meta.method(i);
         methods << (method.methodType() == QMetaMethod::Signal ? "signal " : "slot ") + method.methodSignature();
     }
-    QCOMPARE(methods, (QByteArrayList{"signal messageReceived(QString)", "slot sendMessage(QString,int)",
-                                      "slot sendMessage(QString)"}));
+    QCOMPARE(methods,
+             (QByteArrayList{"signal messageReceived(QString)", "slot sendMessage(QString,int)",
+                             "slot sendMessage(QString)"}));
     QCOMPARE(meta.superClass()->className(), "QCoreApplication");
 }
 

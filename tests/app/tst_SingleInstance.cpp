@@ -28,7 +28,8 @@ class Gate
     Q_DISABLE_COPY(Gate)
 
 public:
-    Gate() : path(QDir::tempPath() + "/gate")
+    Gate()
+        : path(QDir::tempPath() + "/gate")
     {
         ::mkfifo(QFile::encodeName(path).constData(), 0600);
         writer = ::open(QFile::encodeName(path).constData(), O_RDWR | O_CLOEXEC);

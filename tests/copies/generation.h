@@ -33,7 +33,8 @@ inline void write(const QString &folder, int number)
 {
     QDir().mkpath(folder);
     writeFile(folder + '/' + StoreFiles::databaseName(), bytesOf(number));
-    writeFile(folder + '/' + StoreFiles::recordName(), "[General]\nVersion=1.3\nGeneration=" + QByteArray::number(number));
+    writeFile(folder + '/' + StoreFiles::recordName(),
+              "[General]\nVersion=1.3\nGeneration=" + QByteArray::number(number));
     const QString journal = folder + '/' + StoreFiles::companionNames().first();
     if (number % 2)
         writeFile(journal, QByteArray::number(number));

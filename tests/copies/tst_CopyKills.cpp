@@ -68,7 +68,8 @@ void tst_CopyKills::compareFound(int found)
 /// Pieces of work that the killed process left unfinished among the copies.
 int tst_CopyKills::cutWork() const
 {
-    return QDir(m_data.store.copiesFolder(), ".*", QDir::NoSort, QDir::Hidden | QDir::Dirs | QDir::NoDotAndDotDot).count();
+    return QDir(m_data.store.copiesFolder(), ".*", QDir::NoSort, QDir::Hidden | QDir::Dirs | QDir::NoDotAndDotDot)
+        .count();
 }
 
 void tst_CopyKills::an_exchange_leaves_all_old_or_all_new_files()

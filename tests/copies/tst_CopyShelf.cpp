@@ -283,9 +283,20 @@ void tst_CopyShelf::a_wrong_clock_costs_no_copy()
     QVector<Copy> copies;
     for (int day = 0; day < 7; ++day)
         copies += daily({today.addDays(-day)});
-    copies += daily({{2026, 11, 8}, {2026, 11, 1}, {2026, 10, 31}, {2026, 10, 23}, {2026, 9, 30}, {2026, 8, 31},
-                     {2026, 7, 31}, {2026, 6, 30}, {2026, 5, 31}, {2026, 4, 30}, {2026, 3, 31}, {2026, 2, 28},
-                     {2026, 1, 31}, {2025, 12, 31}});
+    copies += daily({{2026, 11, 8},
+                     {2026, 11, 1},
+                     {2026, 10, 31},
+                     {2026, 10, 23},
+                     {2026, 9, 30},
+                     {2026, 8, 31},
+                     {2026, 7, 31},
+                     {2026, 6, 30},
+                     {2026, 5, 31},
+                     {2026, 4, 30},
+                     {2026, 3, 31},
+                     {2026, 2, 28},
+                     {2026, 1, 31},
+                     {2025, 12, 31}});
     QCOMPARE(namesOf(CopyShelf::superfluous(copies, today)), QStringList());
 
     // Twice: the first one is followed by the copies of today and of the day before.

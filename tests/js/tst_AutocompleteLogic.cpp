@@ -59,9 +59,8 @@ void tst_AutocompleteLogic::empty_input_empties_the_results_without_a_query()
     // A query would now fail, and its error be a warning.
     search.file.run({"ALTER TABLE Patients RENAME TO Elsewhere"});
     QStringList warnings;
-    QObject::connect(&search.engine, &QQmlEngine::warnings, [&warnings](const QList<QQmlError> &errors) {
-        warnings << errors.first().toString();
-    });
+    QObject::connect(&search.engine, &QQmlEngine::warnings,
+                     [&warnings](const QList<QQmlError> &errors) { warnings << errors.first().toString(); });
     QCOMPARE(search.filter(""), QStringList());
     QCOMPARE(warnings, QStringList());
     search.filter("du");
@@ -85,11 +84,25 @@ void tst_AutocompleteLogic::rows_are_whole_records()
     search.filter("du");
     QJsonObject row = search.document.row(0);
     row.remove("objectName");
-    QCOMPARE(row, (QJsonObject{{"id", 7}, {"genderMale", 1}, {"name", "Dupont"}, {"phone", ""},
-                               {"created", "2014-04-10"}, {"created_format", "10/04/2014"}, {"test", 1},
-                               {"test_date", "2014-04-11"}, {"rdv1", 0}, {"date1", ""}, {"confirmation", 1},
-                               {"confirmation_date", "2014-04-13"}, {"rdv2", 0}, {"date2", ""}, {"rdv3", 0},
-                               {"date3", ""}, {"notification_date", "2050-05-12"}, {"waiting", 0}}));
+    QCOMPARE(row,
+             (QJsonObject{{"id", 7},
+                          {"genderMale", 1},
+                          {"name", "Dupont"},
+                          {"phone", ""},
+                          {"created", "2014-04-10"},
+                          {"created_format", "10/04/2014"},
+                          {"test", 1},
+                          {"test_date", "2014-04-11"},
+                          {"rdv1", 0},
+                          {"date1", ""},
+                          {"confirmation", 1},
+                          {"confirmation_date", "2014-04-13"},
+                          {"rdv2", 0},
+                          {"date2", ""},
+                          {"rdv3", 0},
+                          {"date3", ""},
+                          {"notification_date", "2050-05-12"},
+                          {"waiting", 0}}));
 }
 
 int main(int argc, char **argv)

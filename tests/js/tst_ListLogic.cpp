@@ -27,10 +27,7 @@ struct Popup : PracticeAt
 
     QStringList shown() const { return document.call("shown").toStringList(); }
     QStringList takeRaised() const { return document.call("takeRaised").toStringList(); }
-    QJsonArray printed() const
-    {
-        return QJsonDocument::fromJson(document.call("printed").toString().toUtf8()).array();
-    }
+    QJsonArray printed() const { return QJsonDocument::fromJson(document.call("printed").toString().toUtf8()).array(); }
 
     QString left() const
     {
@@ -48,11 +45,11 @@ QStringList warningsOf(Popup &popup, const QString &operation, const QJsonArray 
 {
     static QStringList warnings;
     warnings.clear();
-    const QtMessageHandler previous = qInstallMessageHandler([](QtMsgType type, const QMessageLogContext &,
-                                                                const QString &text) {
-        if (type != QtDebugMsg)
-            warnings << text;
-    });
+    const QtMessageHandler previous = qInstallMessageHandler(
+        [](QtMsgType type, const QMessageLogContext &, const QString &text) {
+            if (type != QtDebugMsg)
+                warnings << text;
+        });
     popup.perform(operation, values);
     qInstallMessageHandler(previous);
     return warnings;
@@ -142,12 +139,26 @@ void tst_ListLogic::rows_are_whole_records_with_their_tick()
     popup.perform("showAll");
     QJsonObject row = popup.document.row(0);
     row.remove("objectName");
-    QCOMPARE(row, (QJsonObject{{"id", 7}, {"genderMale", 1}, {"name", "Dupont"}, {"phone", ""},
-                               {"created", "2014-04-10"}, {"created_format", "10/04/2014"}, {"test", 1},
-                               {"test_date", "2014-04-11"}, {"rdv1", 0}, {"date1", ""}, {"confirmation", 1},
-                               {"confirmation_date", "2014-04-13"}, {"rdv2", 0}, {"date2", ""}, {"rdv3", 0},
-                               {"date3", ""}, {"notification_date", "2014-05-12"}, {"waiting", 1},
-                               {"checked", false}}));
+    QCOMPARE(row,
+             (QJsonObject{{"id", 7},
+                          {"genderMale", 1},
+                          {"name", "Dupont"},
+                          {"phone", ""},
+                          {"created", "2014-04-10"},
+                          {"created_format", "10/04/2014"},
+                          {"test", 1},
+                          {"test_date", "2014-04-11"},
+                          {"rdv1", 0},
+                          {"date1", ""},
+                          {"confirmation", 1},
+                          {"confirmation_date", "2014-04-13"},
+                          {"rdv2", 0},
+                          {"date2", ""},
+                          {"rdv3", 0},
+                          {"date3", ""},
+                          {"notification_date", "2014-05-12"},
+                          {"waiting", 1},
+                          {"checked", false}}));
 }
 
 void tst_ListLogic::waiting_rows_with_nulls_are_shown()

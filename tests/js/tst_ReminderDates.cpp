@@ -11,10 +11,13 @@ const char *const twelfthMay = "2014-05-12";
 /// leaves a ticked box without a date.
 QJsonObject answered(const QString &last, const QString &answer, const QString &created, const QString &today)
 {
-    const QMap<QString, QString> dateKeys{{"test", "test_date"}, {"rdv1", "date1"},
-                                          {"confirmation", "confirmation_date"}, {"rdv2", "date2"}, {"rdv3", "date3"}};
-    QJsonObject data{{"id", 1}, {"name", "Dupont"}, {"created", created}, {"last", last},
-                     {"notification_date", "2013-01-01"}};
+    const QMap<QString, QString> dateKeys{{"test", "test_date"},
+                                          {"rdv1", "date1"},
+                                          {"confirmation", "confirmation_date"},
+                                          {"rdv2", "date2"},
+                                          {"rdv3", "date3"}};
+    QJsonObject data{
+        {"id", 1}, {"name", "Dupont"}, {"created", created}, {"last", last}, {"notification_date", "2013-01-01"}};
     data[last] = answer != "no";
     data[dateKeys.value(last)] = answer == "unanswered" ? QString() : today;
     return data;
@@ -118,8 +121,8 @@ void tst_ReminderDates::answer_moves_the_reminder_data()
     addAnswer("2016-06-01", "test", "no", "2014-01-20", "2016-06-01");
 
     // Asked for September on a 31st, the calendar gives October; December has a 31st.
-    for (const char *last : {"2014-01-31", "2014-03-31", "2014-05-31", "2014-07-31", "2014-08-31", "2014-10-31",
-                             "2014-12-31"}) {
+    for (const char *last :
+         {"2014-01-31", "2014-03-31", "2014-05-31", "2014-07-31", "2014-08-31", "2014-10-31", "2014-12-31"}) {
         addAnswer(last, "test", "yes", "2014-04-10", "2014-10-15");
         addAnswer(last, "rdv1", "no", "2014-10-02", "2014-12-15");
         addAnswer(last, "confirmation", "yes", "2014-04-10", "2014-12-16");
@@ -176,8 +179,8 @@ void tst_ReminderDates::skin_test_runs_on_into_the_work_up_data()
         << QJsonObject{{"test", 0}, {"test_date", twelfthMay}, {"rdv1", 1}, {"date1", twelfthMay}} << "2050-05-12";
     QTest::newRow("work-up refused")
         << QJsonObject{{"test", 1}, {"test_date", twelfthMay}, {"rdv1", 0}, {"date1", twelfthMay}} << "2014-09-15";
-    QTest::newRow("work-up cleared")
-        << QJsonObject{{"test", 1}, {"test_date", twelfthMay}, {"rdv1", 1}, {"date1", ""}} << "2014-09-15";
+    QTest::newRow("work-up cleared") << QJsonObject{{"test", 1}, {"test_date", twelfthMay}, {"rdv1", 1}, {"date1", ""}}
+                                     << "2014-09-15";
 }
 
 void tst_ReminderDates::skin_test_runs_on_into_the_work_up()
@@ -205,8 +208,13 @@ void tst_ReminderDates::flag_is_a_yes_when_true_or_one_data()
 void tst_ReminderDates::flag_is_a_yes_when_true_or_one()
 {
     QFETCH(QJsonValue, flag);
-    QTEST(reminderAfter({{"id", 1}, {"last", "confirmation"}, {"created", "2014-04-10"}, {"confirmation", flag},
-                         {"confirmation_date", twelfthMay}}, twelfthMay), "reminder");
+    QTEST(reminderAfter({{"id", 1},
+                         {"last", "confirmation"},
+                         {"created", "2014-04-10"},
+                         {"confirmation", flag},
+                         {"confirmation_date", twelfthMay}},
+                        twelfthMay),
+          "reminder");
 }
 
 void tst_ReminderDates::saving_without_an_answer_keeps_the_reminder_data()
@@ -222,8 +230,14 @@ void tst_ReminderDates::saving_without_an_answer_keeps_the_reminder()
 {
     QFETCH(QString, reminder);
     // With every step answered, so that only `last` can keep the rules out.
-    const QJsonObject data{{"id", 1}, {"phone", "01 02 03 04 05"}, {"created", "2014-04-10"}, {"test", 1},
-                           {"test_date", twelfthMay}, {"rdv1", 1}, {"date1", twelfthMay}, {"last", ""},
+    const QJsonObject data{{"id", 1},
+                           {"phone", "01 02 03 04 05"},
+                           {"created", "2014-04-10"},
+                           {"test", 1},
+                           {"test_date", twelfthMay},
+                           {"rdv1", 1},
+                           {"date1", twelfthMay},
+                           {"last", ""},
                            {"notification_date", reminder}};
     QCOMPARE(reminderAfter(data, "2014-06-01"), reminder);
 }
@@ -239,7 +253,8 @@ void tst_ReminderDates::unknown_step_reminds_today()
 {
     QFETCH(QString, step);
     QCOMPARE(reminderAfter({{"id", 1}, {"last", step}, {"created", "2013-04-10"}, {"notification_date", "2015-01-01"}},
-                           twelfthMay), QString("2014-05-12"));
+                           twelfthMay),
+             QString("2014-05-12"));
 }
 
 void tst_ReminderDates::reminder_of_a_past_season_waits_at_once()
@@ -263,11 +278,23 @@ void tst_ReminderDates::accepted_work_up_ends_the_waiting()
 void tst_ReminderDates::cleared_steps_read_back_unanswered()
 {
     Practice practice;
-    practice.store.insert({{"name", "Dupont"}, {"rdv1", 1}, {"date1", "2014-05-01"}, {"confirmation", 1},
-                           {"confirmation_date", "2014-05-02"}, {"rdv2", 1}, {"date2", "2014-05-03"}});
-    practice.store.perform("update", {QJsonObject{{"id", 1}, {"name", "Dupont"}, {"last", "rdv1"}, {"rdv1", 1},
-                                                  {"date1", "2014-05-12"}, {"confirmation", 1},
-                                                  {"confirmation_date", ""}, {"rdv2", 1}, {"date2", ""}}});
+    practice.store.insert({{"name", "Dupont"},
+                           {"rdv1", 1},
+                           {"date1", "2014-05-01"},
+                           {"confirmation", 1},
+                           {"confirmation_date", "2014-05-02"},
+                           {"rdv2", 1},
+                           {"date2", "2014-05-03"}});
+    practice.store.perform("update",
+                           {QJsonObject{{"id", 1},
+                                        {"name", "Dupont"},
+                                        {"last", "rdv1"},
+                                        {"rdv1", 1},
+                                        {"date1", "2014-05-12"},
+                                        {"confirmation", 1},
+                                        {"confirmation_date", ""},
+                                        {"rdv2", 1},
+                                        {"date2", ""}}});
     const QJsonObject record = practice.store.get(1);
     QCOMPARE(record["date1"], QJsonValue("2014-05-12"));
     for (const char *date : {"confirmation_date", "date2", "date3"})
@@ -279,14 +306,22 @@ void tst_ReminderDates::dates_are_written_as_local_days_data()
 {
     QTest::addColumn<QString>("date");
     QTest::addColumn<QString>("text");
-    QTest::newRow("padded") << "new Date(2014, 0, 5)" << "2014-01-05";
-    QTest::newRow("September") << "new Date(2014, 8, 9)" << "2014-09-09";
-    QTest::newRow("October") << "new Date(2014, 9, 10)" << "2014-10-10";
-    QTest::newRow("last day") << "new Date(2014, 11, 31, 23, 59, 59)" << "2014-12-31";
-    QTest::newRow("leap day") << "new Date(2016, 1, 29)" << "2016-02-29";
-    QTest::newRow("just after midnight") << "new Date(2014, 4, 12, 0, 0, 1)" << "2014-05-12";
-    QTest::newRow("year of three digits") << "new Date(987, 5, 1)" << "987-06-01";
-    QTest::newRow("year of five digits") << "new Date(12014, 5, 1)" << "12014-06-01";
+    QTest::newRow("padded") << "new Date(2014, 0, 5)"
+                            << "2014-01-05";
+    QTest::newRow("September") << "new Date(2014, 8, 9)"
+                               << "2014-09-09";
+    QTest::newRow("October") << "new Date(2014, 9, 10)"
+                             << "2014-10-10";
+    QTest::newRow("last day") << "new Date(2014, 11, 31, 23, 59, 59)"
+                              << "2014-12-31";
+    QTest::newRow("leap day") << "new Date(2016, 1, 29)"
+                              << "2016-02-29";
+    QTest::newRow("just after midnight") << "new Date(2014, 4, 12, 0, 0, 1)"
+                                         << "2014-05-12";
+    QTest::newRow("year of three digits") << "new Date(987, 5, 1)"
+                                          << "987-06-01";
+    QTest::newRow("year of five digits") << "new Date(12014, 5, 1)"
+                                         << "12014-06-01";
 }
 
 void tst_ReminderDates::dates_are_written_as_local_days()
@@ -312,8 +347,8 @@ void tst_ReminderDates::first_appointment_is_read_from_its_text_data()
                                     << QJsonArray{2014, 7, 10, 10, 20};
     QTest::newRow("February on a 30th") << QByteArray("2014-04-30 23:50:00") << "2014-02-10"
                                         << QJsonArray{2014, 3, 10, 23, 50};
-    QTest::newRow("another year on 29 February") << QByteArray("2016-02-29 00:10:00") << "2015-02-10"
-                                                 << QJsonArray{2015, 2, 10, 0, 10};
+    QTest::newRow("another year on 29 February")
+        << QByteArray("2016-02-29 00:10:00") << "2015-02-10" << QJsonArray{2015, 2, 10, 0, 10};
     QTest::newRow("not padded") << may << "2013-2-1" << QJsonArray{2013, 2, 1, 10, 20};
     QTest::newRow("month 13") << may << "2013-13-01" << QJsonArray{2014, 1, 1, 10, 20};
     QTest::newRow("31 April") << may << "2013-04-31" << QJsonArray{2013, 5, 1, 10, 20};
@@ -330,9 +365,13 @@ void tst_ReminderDates::first_appointment_is_read_from_its_text()
     QFETCH(QByteArray, now);
     QFETCH(QString, text);
     PracticeAt practice(now);
-    QTEST(practice.store.evaluate("var date = Bdd.getFirstRDVDateFromString('" + text + "');"
-                                  "[date.getFullYear(), date.getMonth() + 1, date.getDate(), date.getHours(),"
-                                  " date.getMinutes()]").toArray(), "date");
+    QTEST(practice.store
+              .evaluate("var date = Bdd.getFirstRDVDateFromString('" + text
+                        + "');"
+                          "[date.getFullYear(), date.getMonth() + 1, date.getDate(), date.getHours(),"
+                          " date.getMinutes()]")
+              .toArray(),
+          "date");
 }
 
 void tst_ReminderDates::waiting_goes_by_the_day_in_greenwich_data()

@@ -78,10 +78,14 @@ void tst_StoreErrors::failing_write_takes_back_what_it_had_done_data()
     QTest::addColumn<QString>("event");
     QTest::addColumn<QString>("operation");
     QTest::addColumn<QJsonArray>("values");
-    QTest::newRow("insert") << "INSERT" << "insert" << QJsonArray{QJsonObject{{"name", "Dupont"}}};
-    QTest::newRow("update") << "UPDATE" << "update" << QJsonArray{QJsonObject{{"id", 2}, {"name", "Dupont"}}};
-    QTest::newRow("remove") << "DELETE" << "remove" << QJsonArray{2};
-    QTest::newRow("removeList") << "DELETE" << "removeList" << only(QJsonArray{1, 2, 3});
+    QTest::newRow("insert") << "INSERT"
+                            << "insert" << QJsonArray{QJsonObject{{"name", "Dupont"}}};
+    QTest::newRow("update") << "UPDATE"
+                            << "update" << QJsonArray{QJsonObject{{"id", 2}, {"name", "Dupont"}}};
+    QTest::newRow("remove") << "DELETE"
+                            << "remove" << QJsonArray{2};
+    QTest::newRow("removeList") << "DELETE"
+                                << "removeList" << only(QJsonArray{1, 2, 3});
 }
 
 void tst_StoreErrors::failing_write_takes_back_what_it_had_done()
@@ -92,8 +96,9 @@ void tst_StoreErrors::failing_write_takes_back_what_it_had_done()
     Practice practice;
     practice.file.run({"INSERT INTO Patients (name) VALUES ('A'), ('B'), ('C')",
                        // FAIL stops in the middle and leaves in place what the statement had done until then.
-                       "CREATE TRIGGER Refusal AFTER " + event + " ON Patients "
-                       "BEGIN SELECT RAISE(FAIL, 'refused'); END"});
+                       "CREATE TRIGGER Refusal AFTER " + event
+                           + " ON Patients "
+                             "BEGIN SELECT RAISE(FAIL, 'refused'); END"});
     const StoreCall call = practice.store.perform(operation, values);
     QVERIFY2(call.thrown.contains("refused"), qPrintable(call.thrown));
     QCOMPARE(call.answers, QJsonArray());
@@ -125,12 +130,18 @@ void tst_StoreErrors::error_in_a_callback_reaches_the_caller_and_undoes_nothing_
 {
     QTest::addColumn<QString>("call");
     QTest::addColumn<QString>("namesAfter");
-    QTest::newRow("insert") << "Bdd.insert({name: 'Durand'}, CALLBACK)" << "Dupont, Durand, last";
-    QTest::newRow("update") << "Bdd.update({id: 1, name: 'Durand'}, CALLBACK)" << "Durand, last";
-    QTest::newRow("get") << "Bdd.get(1, CALLBACK)" << "Dupont, last";
-    QTest::newRow("select") << "Bdd.select('', CALLBACK)" << "Dupont, last";
-    QTest::newRow("getNumber") << "Bdd.getNumber(CALLBACK)" << "Dupont, last";
-    QTest::newRow("init") << "Bdd.init(CALLBACK)" << "Dupont, last";
+    QTest::newRow("insert") << "Bdd.insert({name: 'Durand'}, CALLBACK)"
+                            << "Dupont, Durand, last";
+    QTest::newRow("update") << "Bdd.update({id: 1, name: 'Durand'}, CALLBACK)"
+                            << "Durand, last";
+    QTest::newRow("get") << "Bdd.get(1, CALLBACK)"
+                         << "Dupont, last";
+    QTest::newRow("select") << "Bdd.select('', CALLBACK)"
+                            << "Dupont, last";
+    QTest::newRow("getNumber") << "Bdd.getNumber(CALLBACK)"
+                               << "Dupont, last";
+    QTest::newRow("init") << "Bdd.init(CALLBACK)"
+                          << "Dupont, last";
 }
 
 void tst_StoreErrors::error_in_a_callback_reaches_the_caller_and_undoes_nothing()

@@ -26,14 +26,22 @@ void tst_StoreMigration::older_patients_go_and_current_or_unknown_ones_stay_data
     QTest::addColumn<QString>("versionAfter");
     QTest::addColumn<int>("patientsAfter");
 
-    QTest::newRow("1.0") << "1.0" << "1.3" << 0;
-    QTest::newRow("1.1") << "1.1" << "1.3" << 0;
-    QTest::newRow("1.2") << "1.2" << "1.3" << 0;
-    QTest::newRow("current") << "1.3" << "1.3" << 1;
-    QTest::newRow("unknown, newer") << "9.9" << "9.9" << 1;
-    QTest::newRow("unknown, older") << "0.9" << "0.9" << 1;
-    QTest::newRow("empty") << "" << "1.3" << 0;
-    QTest::newRow("not recorded") << "none" << "1.3" << 0;
+    QTest::newRow("1.0") << "1.0"
+                         << "1.3" << 0;
+    QTest::newRow("1.1") << "1.1"
+                         << "1.3" << 0;
+    QTest::newRow("1.2") << "1.2"
+                         << "1.3" << 0;
+    QTest::newRow("current") << "1.3"
+                             << "1.3" << 1;
+    QTest::newRow("unknown, newer") << "9.9"
+                                    << "9.9" << 1;
+    QTest::newRow("unknown, older") << "0.9"
+                                    << "0.9" << 1;
+    QTest::newRow("empty") << ""
+                           << "1.3" << 0;
+    QTest::newRow("not recorded") << "none"
+                                  << "1.3" << 0;
 }
 
 void tst_StoreMigration::older_patients_go_and_current_or_unknown_ones_stay()
@@ -80,7 +88,8 @@ void tst_StoreMigration::loss_of_patients_is_logged_before_it()
     const PatientFile file;
     leaveInstallation(file, "1.2");
     PatientEngine engine(file);
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression("version \"1.2\": its patients are dropped, in number 1\\.$"));
+    QTest::ignoreMessage(QtWarningMsg,
+                         QRegularExpression("version \"1.2\": its patients are dropped, in number 1\\.$"));
     StoreDocument(&engine).perform("init");
 }
 
@@ -124,11 +133,12 @@ void tst_StoreMigration::copy_started_at_the_same_moment_may_be_the_first_to_mig
     PatientEngine engine(file);
     StoreDocument store(&engine);
     // The last thing before the change of the version is this line of the log.
-    const QtMessageHandler testLog = qInstallMessageHandler([](QtMsgType type, const QMessageLogContext &, const QString &text) {
-        warnings += type == QtWarningMsg;
-        if (text.contains("its patients are dropped"))
-            migratedByAnother->record("1.3");
-    });
+    const QtMessageHandler testLog = qInstallMessageHandler(
+        [](QtMsgType type, const QMessageLogContext &, const QString &text) {
+            warnings += type == QtWarningMsg;
+            if (text.contains("its patients are dropped"))
+                migratedByAnother->record("1.3");
+        });
     const StoreCall opening = store.perform("init");
     qInstallMessageHandler(testLog);
     QCOMPARE(warnings, 1);

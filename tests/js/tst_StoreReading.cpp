@@ -41,11 +41,23 @@ void addComplete(const Practice &practice)
                        "'2014-05-12')"});
 }
 
-const QJsonObject completeRow{
-    {"id", 1}, {"genderMale", 1}, {"name", "DUPONT Marie"}, {"phone", "01 02 03 04 05"}, {"created", "2014-04-10"},
-    {"test", 1}, {"test_date", "2014-04-11"}, {"rdv1", 0}, {"date1", "2014-04-12"},
-    {"confirmation", 1}, {"confirmation_date", "2014-04-13"}, {"rdv2", 0}, {"date2", "2014-04-14"},
-    {"rdv3", 1}, {"date3", "2014-04-15"}, {"notification_date", "2014-05-12"}, {"created_format", "10/04/2014"}};
+const QJsonObject completeRow{{"id", 1},
+                              {"genderMale", 1},
+                              {"name", "DUPONT Marie"},
+                              {"phone", "01 02 03 04 05"},
+                              {"created", "2014-04-10"},
+                              {"test", 1},
+                              {"test_date", "2014-04-11"},
+                              {"rdv1", 0},
+                              {"date1", "2014-04-12"},
+                              {"confirmation", 1},
+                              {"confirmation_date", "2014-04-13"},
+                              {"rdv2", 0},
+                              {"date2", "2014-04-14"},
+                              {"rdv3", 1},
+                              {"date3", "2014-04-15"},
+                              {"notification_date", "2014-05-12"},
+                              {"created_format", "10/04/2014"}};
 
 /// Patient 1 with a name, a reminder and nothing else but NULL.
 void addBare(const Practice &practice)
@@ -56,10 +68,23 @@ void addBare(const Practice &practice)
 
 QJsonObject bareRow(const QJsonValue &nothing)
 {
-    return {{"id", 1}, {"genderMale", 0}, {"name", "DUPONT Marie"}, {"phone", nothing}, {"created", nothing},
-            {"test", nothing}, {"test_date", nothing}, {"rdv1", nothing}, {"date1", nothing},
-            {"confirmation", nothing}, {"confirmation_date", nothing}, {"rdv2", nothing}, {"date2", nothing},
-            {"rdv3", nothing}, {"date3", nothing}, {"notification_date", "2014-05-12"}, {"created_format", nothing}};
+    return {{"id", 1},
+            {"genderMale", 0},
+            {"name", "DUPONT Marie"},
+            {"phone", nothing},
+            {"created", nothing},
+            {"test", nothing},
+            {"test_date", nothing},
+            {"rdv1", nothing},
+            {"date1", nothing},
+            {"confirmation", nothing},
+            {"confirmation_date", nothing},
+            {"rdv2", nothing},
+            {"date2", nothing},
+            {"rdv3", nothing},
+            {"date3", nothing},
+            {"notification_date", "2014-05-12"},
+            {"created_format", nothing}};
 }
 
 QJsonObject with(QJsonObject record, const QString &key, const QJsonValue &value)
@@ -130,12 +155,12 @@ void tst_StoreReading::search_is_of_ascii_case_and_of_wildcards_data()
     const QStringList nobody;
     QTest::newRow("a lone % is everybody")
         << QStringList{"Adu", "", "Dupont"} << "%" << QStringList{"", "Adu", "Dupont"} << nobody;
-    QTest::newRow("% within")
-        << QStringList{"Dupont", "Adupont", "Dult"} << "d%t" << QStringList{"Dult", "Dupont"} << QStringList{"Adupont"};
+    QTest::newRow("% within") << QStringList{"Dupont", "Adupont", "Dult"} << "d%t" << QStringList{"Dult", "Dupont"}
+                              << QStringList{"Adupont"};
     QTest::newRow("% before hides what contains")
         << QStringList{"Adu", "Dupont"} << "%u" << QStringList{"Adu", "Dupont"} << nobody;
-    QTest::newRow("_ is one character")
-        << QStringList{"Dupont", "Dpont", "Adupont"} << "d_p" << QStringList{"Dupont"} << QStringList{"Adupont"};
+    QTest::newRow("_ is one character") << QStringList{"Dupont", "Dpont", "Adupont"} << "d_p" << QStringList{"Dupont"}
+                                        << QStringList{"Adupont"};
     QTest::newRow("a lone _ is everybody with a name")
         << QStringList{"", "A", "B"} << "_" << QStringList{"A", "B"} << nobody;
     QTest::newRow("accents match themselves")
@@ -144,10 +169,10 @@ void tst_StoreReading::search_is_of_ascii_case_and_of_wildcards_data()
         << QStringList{"École", "école"} << "É" << QStringList{"École"} << nobody;
     QTest::newRow("plain letters match no accents")
         << QStringList{"Éric", "Eric"} << "e" << QStringList{"Eric"} << nobody;
-    QTest::newRow("a quote is a quote")
-        << QStringList{"d'Artagnan", "l'or d'or"} << "d'" << QStringList{"d'Artagnan"} << QStringList{"l'or d'or"};
-    QTest::newRow("a space is text")
-        << QStringList{"DU PONT", "DUPONT", "Le DU PONT"} << "du " << QStringList{"DU PONT"} << QStringList{"Le DU PONT"};
+    QTest::newRow("a quote is a quote") << QStringList{"d'Artagnan", "l'or d'or"} << "d'" << QStringList{"d'Artagnan"}
+                                        << QStringList{"l'or d'or"};
+    QTest::newRow("a space is text") << QStringList{"DU PONT", "DUPONT", "Le DU PONT"} << "du "
+                                     << QStringList{"DU PONT"} << QStringList{"Le DU PONT"};
     QTest::newRow("no escaping") << QStringList{"100%", "100x"} << "0\\%" << nobody << nobody;
     QTest::newRow("whole name") << QStringList{"Dupont"} << "DUPONT" << QStringList{"Dupont"} << nobody;
 }
@@ -258,13 +283,20 @@ void tst_StoreReading::created_is_shown_the_french_way_data()
 {
     QTest::addColumn<QString>("created");
     QTest::addColumn<QString>("shown");
-    QTest::newRow("a day") << "'2014-04-10'" << "10/04/2014";
-    QTest::newRow("leap day") << "'2016-02-29'" << "29/02/2016";
-    QTest::newRow("empty") << "''" << "";
-    QTest::newRow("null") << "NULL" << "";
-    QTest::newRow("not padded") << "'2014-4-10'" << "";
-    QTest::newRow("already French") << "'10/04/2014'" << "";
-    QTest::newRow("a word") << "'hier'" << "";
+    QTest::newRow("a day") << "'2014-04-10'"
+                           << "10/04/2014";
+    QTest::newRow("leap day") << "'2016-02-29'"
+                              << "29/02/2016";
+    QTest::newRow("empty") << "''"
+                           << "";
+    QTest::newRow("null") << "NULL"
+                          << "";
+    QTest::newRow("not padded") << "'2014-4-10'"
+                                << "";
+    QTest::newRow("already French") << "'10/04/2014'"
+                                    << "";
+    QTest::newRow("a word") << "'hier'"
+                            << "";
 }
 
 void tst_StoreReading::created_is_shown_the_french_way()
@@ -336,8 +368,7 @@ void tst_StoreReading::waiting_rows_keep_their_nulls()
 {
     PracticeAt practice(noonOfTwelfthMay);
     addBare(practice);
-    QCOMPARE(practice.store.perform("selectWaiting").answer(),
-             QJsonValue(QJsonArray{bareRow(QJsonValue::Null)}));
+    QCOMPARE(practice.store.perform("selectWaiting").answer(), QJsonValue(QJsonArray{bareRow(QJsonValue::Null)}));
 }
 
 int main(int argc, char **argv)

@@ -53,11 +53,22 @@ const QString head = "SELECT *, strftime(\"%d/%m/%Y\", created) AS created_forma
 
 const QString waitingCondition = " WHERE notification_date <= date(\"now\") AND notification_date != \"\"";
 
-const QJsonObject marie{
-    {"id", 4}, {"genderMale", false}, {"name", "DUPONT Marie"}, {"phone", "01"}, {"created", "2014-04-10"},
-    {"test", 1}, {"test_date", "2014-04-11"}, {"rdv1", 2}, {"date1", "2014-04-12"},
-    {"confirmation", 3}, {"confirmation_date", "2014-04-13"}, {"rdv2", 4}, {"date2", "2014-04-14"},
-    {"rdv3", 5}, {"date3", "2014-04-15"}, {"notification_date", "2014-09-15"}};
+const QJsonObject marie{{"id", 4},
+                        {"genderMale", false},
+                        {"name", "DUPONT Marie"},
+                        {"phone", "01"},
+                        {"created", "2014-04-10"},
+                        {"test", 1},
+                        {"test_date", "2014-04-11"},
+                        {"rdv1", 2},
+                        {"date1", "2014-04-12"},
+                        {"confirmation", 3},
+                        {"confirmation_date", "2014-04-13"},
+                        {"rdv2", 4},
+                        {"date2", "2014-04-14"},
+                        {"rdv3", 5},
+                        {"date3", "2014-04-15"},
+                        {"notification_date", "2014-09-15"}};
 
 } // namespace
 
@@ -183,18 +194,20 @@ void tst_StoreStatements::reads_are_these_statements_in_one_transaction_data()
     QTest::addColumn<QString>("operation");
     QTest::addColumn<QJsonArray>("values");
     QTest::addColumn<QStringList>("statements");
-    QTest::newRow("select by filter") << "select" << QJsonArray{"du"}
+    QTest::newRow("select by filter")
+        << "select" << QJsonArray{"du"}
         << QStringList{head + " WHERE `name` LIKE ? ORDER BY name [\"du%\"]",
                        head + " WHERE `name` LIKE ? AND `name` NOT LIKE ? ORDER BY name [\"%du%\",\"du%\"]"};
     QTest::newRow("select all") << "select" << QJsonArray{""} << QStringList{head + " ORDER BY name"};
     QTest::newRow("get") << "get" << QJsonArray{3} << QStringList{head + " WHERE `id` = ? [3]"};
     QTest::newRow("getWaitingNumber") << "getWaitingNumber" << QJsonArray()
-        << QStringList{"SELECT COUNT(*) AS count FROM `Patients`" + waitingCondition};
+                                      << QStringList{"SELECT COUNT(*) AS count FROM `Patients`" + waitingCondition};
     QTest::newRow("getNumber") << "getNumber" << QJsonArray()
-        << QStringList{"SELECT COUNT(*) AS count FROM `Patients`"};
+                               << QStringList{"SELECT COUNT(*) AS count FROM `Patients`"};
     QTest::newRow("selectWaiting") << "selectWaiting" << QJsonArray()
-        << QStringList{"SELECT *, strftime(\"%d/%m/%Y\", created) AS created_format FROM `Patients`"
-                       + waitingCondition + " ORDER BY name"};
+                                   << QStringList{
+                                          "SELECT *, strftime(\"%d/%m/%Y\", created) AS created_format FROM `Patients`"
+                                          + waitingCondition + " ORDER BY name"};
 }
 
 void tst_StoreStatements::reads_are_these_statements_in_one_transaction()
@@ -202,8 +215,7 @@ void tst_StoreStatements::reads_are_these_statements_in_one_transaction()
     QFETCH(QString, operation);
     QFETCH(QJsonArray, values);
     QFETCH(QStringList, statements);
-    QCOMPARE(Recorded().journalOf(operation, values),
-             QStringList{"transaction"} + statements + QStringList{"end"});
+    QCOMPARE(Recorded().journalOf(operation, values), QStringList{"transaction"} + statements + QStringList{"end"});
 }
 
 void tst_StoreStatements::writes_are_these_statements_in_one_transaction_data()
@@ -211,13 +223,15 @@ void tst_StoreStatements::writes_are_these_statements_in_one_transaction_data()
     QTest::addColumn<QString>("operation");
     QTest::addColumn<QJsonArray>("values");
     QTest::addColumn<QString>("statement");
-    QTest::newRow("update") << "update" << QJsonArray{marie}
+    QTest::newRow("update")
+        << "update" << QJsonArray{marie}
         << "UPDATE `Patients` SET `genderMale` = ?, `name` = ?, `phone` = ?, `test` = ?, `test_date` = ?, `rdv1` = ?, "
            "`date1` = ?, `confirmation` = ?, `confirmation_date` = ?, `rdv2` = ?, `date2` = ?, `rdv3` = ?, "
            "`date3` = ?, `notification_date` = ? WHERE id = ? "
            "[false,\"DUPONT Marie\",\"01\",1,\"2014-04-11\",2,\"2014-04-12\",3,\"2014-04-13\",4,\"2014-04-14\",5,"
            "\"2014-04-15\",\"2014-09-15\",4]";
-    QTest::newRow("insert") << "insert" << QJsonArray{marie}
+    QTest::newRow("insert")
+        << "insert" << QJsonArray{marie}
         << "INSERT INTO `Patients` (`genderMale`, `name`, `phone`, `created`, `test`, `test_date`, `rdv1`, `date1`, "
            "`confirmation`, `confirmation_date`, `rdv2`, `date2`, `rdv3`, `date3`, `notification_date`) "
            "VALUES(?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?) "
@@ -225,10 +239,11 @@ void tst_StoreStatements::writes_are_these_statements_in_one_transaction_data()
            "\"2014-04-14\",5,\"2014-04-15\",\"2014-05-12\"]";
     QTest::newRow("remove") << "remove" << QJsonArray{3} << "DELETE FROM `Patients` WHERE id = ? [3]";
     QTest::newRow("removeList of one") << "removeList" << QJsonArray{QJsonValue(QJsonArray{3})}
-        << "DELETE FROM `Patients` WHERE id = ? [3]";
+                                       << "DELETE FROM `Patients` WHERE id = ? [3]";
     QTest::newRow("removeList of two") << "removeList" << QJsonArray{QJsonValue(QJsonArray{3, 5})}
-        << "DELETE FROM `Patients` WHERE id = ? OR id = ? [3,5]";
-    QTest::newRow("removeList of four") << "removeList" << QJsonArray{QJsonValue(QJsonArray{9, 3, 5, 1})}
+                                       << "DELETE FROM `Patients` WHERE id = ? OR id = ? [3,5]";
+    QTest::newRow("removeList of four")
+        << "removeList" << QJsonArray{QJsonValue(QJsonArray{9, 3, 5, 1})}
         << "DELETE FROM `Patients` WHERE id = ? OR id = ? OR id = ? OR id = ? [9,3,5,1]";
 }
 

@@ -8,11 +8,21 @@ namespace {
 const char *const noonOfTwelfthMay = "2014-05-12 12:00:00";
 
 /// A whole patient, with a reminder that insert replaces and update keeps.
-const QJsonObject marie{
-    {"genderMale", false}, {"name", "DUPONT Marie"}, {"phone", "01 02 03 04 05"}, {"created", "2014-04-10"},
-    {"test", true}, {"test_date", "2014-04-11"}, {"rdv1", false}, {"date1", "2014-04-12"},
-    {"confirmation", true}, {"confirmation_date", "2014-04-13"}, {"rdv2", 0}, {"date2", "2014-04-14"},
-    {"rdv3", 1}, {"date3", "2014-04-15"}, {"notification_date", "2014-09-15"}};
+const QJsonObject marie{{"genderMale", false},
+                        {"name", "DUPONT Marie"},
+                        {"phone", "01 02 03 04 05"},
+                        {"created", "2014-04-10"},
+                        {"test", true},
+                        {"test_date", "2014-04-11"},
+                        {"rdv1", false},
+                        {"date1", "2014-04-12"},
+                        {"confirmation", true},
+                        {"confirmation_date", "2014-04-13"},
+                        {"rdv2", 0},
+                        {"date2", "2014-04-14"},
+                        {"rdv3", 1},
+                        {"date3", "2014-04-15"},
+                        {"notification_date", "2014-09-15"}};
 
 QJsonObject with(QJsonObject data, const QString &key, const QJsonValue &value)
 {
@@ -34,7 +44,8 @@ QJsonValue count(int number)
 void fill(Practice &practice, int last)
 {
     practice.file.run({QString("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < %1) "
-                               "INSERT INTO Patients (name) SELECT 'Patient ' || i FROM n").arg(last)});
+                               "INSERT INTO Patients (name) SELECT 'Patient ' || i FROM n")
+                           .arg(last)});
 }
 
 QString ids(const Practice &practice)
@@ -80,7 +91,8 @@ void tst_StoreWriting::insert_hands_over_the_id_of_the_new_row()
     QCOMPARE(practice.store.insertNamed("Dupont"), 42);
     QCOMPARE(practice.store.evaluate("var name; Bdd.insert({name: 'Durand'}, function (id) {"
                                      "    Bdd.get(id, function (record) { name = record.name; });"
-                                     "}); name"), QJsonValue("Durand"));
+                                     "}); name"),
+             QJsonValue("Durand"));
 }
 
 void tst_StoreWriting::insert_makes_the_patient_wait_at_once()
@@ -95,8 +107,7 @@ void tst_StoreWriting::insert_of_nothing_stores_the_defaults()
 {
     PracticeAt practice(noonOfTwelfthMay);
     practice.store.insert({});
-    QCOMPARE(stored(practice, 1),
-             (QJsonArray{1, 1, "", "", "", 0, "", 0, "", 0, "", 0, "", 0, "", "2014-05-12"}));
+    QCOMPARE(stored(practice, 1), (QJsonArray{1, 1, "", "", "", 0, "", 0, "", 0, "", 0, "", 0, "", "2014-05-12"}));
     QCOMPARE(practice.store.get(1)["created_format"], QJsonValue(""));
 }
 
@@ -161,12 +172,13 @@ void tst_StoreWriting::known_keys_have_their_defaults()
 void tst_StoreWriting::unknown_keys_are_dropped()
 {
     Practice practice;
-    const QJsonObject secured = practice.store.evaluate(
-        "Bdd.securiseData({waiting: 1, created_format: '10/04/2014', checked: true, constructor: 'x'})").toObject();
+    const QJsonObject secured =
+        practice.store
+            .evaluate("Bdd.securiseData({waiting: 1, created_format: '10/04/2014', checked: true, constructor: 'x'})")
+            .toObject();
     QCOMPARE(secured.keys(),
-             (QStringList{"confirmation", "confirmation_date", "created", "date1", "date2", "date3", "genderMale",
-                          "id", "last", "name", "notification_date", "phone", "rdv1", "rdv2", "rdv3", "test",
-                          "test_date"}));
+             (QStringList{"confirmation", "confirmation_date", "created", "date1", "date2", "date3", "genderMale", "id",
+                          "last", "name", "notification_date", "phone", "rdv1", "rdv2", "rdv3", "test", "test_date"}));
     QCOMPARE(practice.store.insert(with(marie, "waiting", 1)), 1);
 }
 
@@ -213,7 +225,8 @@ void tst_StoreWriting::reading_again_inside_a_callback_sees_what_was_stored()
     practice.store.insertNamed("Adu");
     QCOMPARE(practice.store.evaluate("var name; Bdd.update({id: 1, name: 'Dupont'}, function () {"
                                      "    Bdd.get(1, function (record) { name = record.name; });"
-                                     "}); name"), QJsonValue("Dupont"));
+                                     "}); name"),
+             QJsonValue("Dupont"));
     QCOMPARE(practice.file.value("SELECT name FROM Patients"), QJsonValue("Dupont"));
     // The transaction of the reading ended the one around it: the next ones begin anew.
     QCOMPARE(practice.store.insertNamed("Durand"), 2);
@@ -227,7 +240,8 @@ void tst_StoreWriting::counting_elsewhere_inside_a_callback_sees_what_was_stored
     practice.store.setNeighbour(other);
     QCOMPARE(practice.store.evaluate("var seen; Bdd.insert({name: 'Dupont'}, function () {"
                                      "    seen = JSON.parse(root.neighbour.perform('getNumber', '[]', true)).answers;"
-                                     "}); seen"), QJsonValue(only(QJsonArray{count(1)})));
+                                     "}); seen"),
+             QJsonValue(only(QJsonArray{count(1)})));
     QCOMPARE(ids(practice), QString("1"));
 }
 

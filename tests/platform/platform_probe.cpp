@@ -39,7 +39,7 @@ void print(const QJsonObject &object)
     std::puts(QJsonDocument(object).toJson(QJsonDocument::Compact).constData());
 }
 
-}
+} // namespace
 
 int main(int argc, char **argv)
 {

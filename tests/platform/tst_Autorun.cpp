@@ -37,11 +37,14 @@ QByteArray python(const QString &script, const QStringList &arguments)
 /// The list as a reader that is not ours sees it: for each key its type and its value, in the file's order.
 QJsonArray independentlyRead()
 {
-    return QJsonDocument::fromJson(python(
-        "import json, plistlib, sys\n"
-        "items = plistlib.load(open(sys.argv[1], 'rb'), fmt=plistlib.FMT_XML).items()\n"
-        "print(json.dumps([[key, type(value).__name__, value if isinstance(value, (bool, list)) else str(value)]\n"
-        "                  for key, value in items]))\n", {listPath()})).array();
+    return QJsonDocument::fromJson(
+               python(
+                   "import json, plistlib, sys\n"
+                   "items = plistlib.load(open(sys.argv[1], 'rb'), fmt=plistlib.FMT_XML).items()\n"
+                   "print(json.dumps([[key, type(value).__name__, value if isinstance(value, (bool, list)) else str(value)]\n"
+                   "                  for key, value in items]))\n",
+                   {listPath()}))
+        .array();
 }
 
 QJsonArray independentlyRead(const QString &key)
@@ -58,7 +61,8 @@ void independentlyWrite(const QString &values)
 {
     QVERIFY(QDir().mkpath(agentsFolder()));
     python("import datetime, plistlib, sys\n"
-           "plistlib.dump(eval(sys.argv[2]), open(sys.argv[1], 'wb'))\n", {listPath(), values});
+           "plistlib.dump(eval(sys.argv[2]), open(sys.argv[1], 'wb'))\n",
+           {listPath(), values});
 }
 
 QByteArray fileContent()
@@ -81,7 +85,7 @@ int mode(const QString &path)
     return stat(QFile::encodeName(path).constData(), &status) == 0 ? static_cast<int>(status.st_mode & 0777) : -1;
 }
 
-}
+} // namespace
 
 class tst_Autorun : public QObject
 {
@@ -150,10 +154,8 @@ void tst_Autorun::each_key_has_its_type_and_value()
     Autorun().setAutorun(true);
     const QString program = QCoreApplication::applicationFilePath();
     const QJsonArray expected{
-        QJsonArray{"Disabled", "bool", false},
-        QJsonArray{"Label", "str", "com.olmeric.vesktandry"},
-        QJsonArray{"Program", "str", program},
-        QJsonArray{"ProgramArguments", "list", QJsonArray{program, "startup"}},
+        QJsonArray{"Disabled", "bool", false}, QJsonArray{"Label", "str", "com.olmeric.vesktandry"},
+        QJsonArray{"Program", "str", program}, QJsonArray{"ProgramArguments", "list", QJsonArray{program, "startup"}},
         QJsonArray{"RunAtLoad", "bool", true},
     };
     QCOMPARE(independentlyRead(), expected);
@@ -320,7 +322,8 @@ void tst_Autorun::the_keys_of_others_survive_a_change()
         "  'EnvironmentVariables': {'LANG': 'fr_FR.UTF-8', 'A/B': 'é & <x>'}, 'Ratio': 0.123456789,\n"
         "  'Since': datetime.datetime(2014, 5, 31, 10, 0, 1), 'Blob': b'\\x00\\xff!', 'Nice': -5,\n"
         "  'Big': 18446744073709551615, 'Empty': '', 'Days': [{'Weekday': 1}, {'Weekday': 2}]}\n"
-        "print('same' if values == expected else values)\n", {listPath()});
+        "print('same' if values == expected else values)\n",
+        {listPath()});
     QCOMPARE(wrong.trimmed(), QByteArray("same"));
 }
 

@@ -28,14 +28,16 @@ QByteArray entry()
 QByteArrayList commandLine()
 {
     QProcess process;
-    process.start("/usr/bin/python3", {"-c",
-        "import sys\n"
-        "from gi.repository import GLib\n"
-        "entry = GLib.KeyFile()\n"
-        "entry.load_from_file(sys.argv[1], GLib.KeyFileFlags.NONE)\n"
-        "line = entry.get_string('Desktop Entry', 'Exec').replace('%%', '%')\n"
-        "print(entry.get_string('Desktop Entry', 'TryExec'))\n"
-        "print('\\n'.join(GLib.shell_parse_argv(line)[1]))\n", entryPath()});
+    process.start("/usr/bin/python3",
+                  {"-c",
+                   "import sys\n"
+                   "from gi.repository import GLib\n"
+                   "entry = GLib.KeyFile()\n"
+                   "entry.load_from_file(sys.argv[1], GLib.KeyFileFlags.NONE)\n"
+                   "line = entry.get_string('Desktop Entry', 'Exec').replace('%%', '%')\n"
+                   "print(entry.get_string('Desktop Entry', 'TryExec'))\n"
+                   "print('\\n'.join(GLib.shell_parse_argv(line)[1]))\n",
+                   entryPath()});
     if (!process.waitForFinished() || process.exitCode() != 0)
         qWarning("python3: %s", process.readAllStandardError().constData());
     return process.readAllStandardOutput().trimmed().split('\n');
@@ -47,7 +49,7 @@ int mode(const QString &path)
     return stat(QFile::encodeName(path).constData(), &status) == 0 ? static_cast<int>(status.st_mode & 0777) : -1;
 }
 
-}
+} // namespace
 
 /// The desktop's autostart entry, which makes launch at login work where no launchd reads the property list.
 class tst_AutostartEntry : public QObject
@@ -81,14 +83,19 @@ void tst_AutostartEntry::init()
 void tst_AutostartEntry::switched_on_it_starts_the_program()
 {
     Autorun().setAutorun(true);
-    QCOMPARE(entry(), QByteArray("[Desktop Entry]\n"
-                                 "Type=Application\n"
-                                 "Name=Vesk Tandry\n"
-                                 "TryExec=" + QCoreApplication::applicationFilePath().toUtf8() + "\n"
-                                 "Exec=\"" + QCoreApplication::applicationFilePath().toUtf8() + "\" startup\n"
-                                 "Terminal=false\n"
-                                 "Hidden=false\n"
-                                 "X-GNOME-Autostart-enabled=true\n"));
+    QCOMPARE(entry(),
+             QByteArray("[Desktop Entry]\n"
+                        "Type=Application\n"
+                        "Name=Vesk Tandry\n"
+                        "TryExec="
+                        + QCoreApplication::applicationFilePath().toUtf8()
+                        + "\n"
+                          "Exec=\""
+                        + QCoreApplication::applicationFilePath().toUtf8()
+                        + "\" startup\n"
+                          "Terminal=false\n"
+                          "Hidden=false\n"
+                          "X-GNOME-Autostart-enabled=true\n"));
 }
 
 void tst_AutostartEntry::switched_off_it_stays_but_hidden()
@@ -200,8 +207,7 @@ void tst_AutostartEntry::nothing_else_stays_in_the_folder()
 {
     Autorun().setAutorun(true);
     const auto everything = QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot;
-    QCOMPARE(QDir(home->config() + "/autostart").entryList(everything),
-             QStringList{"com.olmeric.vesktandry.desktop"});
+    QCOMPARE(QDir(home->config() + "/autostart").entryList(everything), QStringList{"com.olmeric.vesktandry.desktop"});
 }
 
 void tst_AutostartEntry::a_broken_entry_is_replaced()

@@ -24,7 +24,7 @@ void tick(QTimer *timer)
     QCoreApplication::sendEvent(timer, &event);
 }
 
-}
+} // namespace
 
 class tst_MacUpdateChecker : public QObject
 {

@@ -39,7 +39,8 @@ QByteArray tst_PropertyList::around(const QByteArray &value)
     return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
            "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
            "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
-           "<plist version=\"1.0\"><dict><key>K</key>" + value + "</dict></plist>\n";
+           "<plist version=\"1.0\"><dict><key>K</key>"
+        + value + "</dict></plist>\n";
 }
 
 void tst_PropertyList::each_type_is_read_data()
@@ -103,9 +104,10 @@ void tst_PropertyList::what_is_not_a_property_list_is_refused_data()
     row("no such entity", "<plist><dict><key>K</key><string>&name;</string></dict></plist>");
     row("nested without end", around(QByteArray("<array>").repeated(200000)));
     row("nested very deep", around(QByteArray("<array>").repeated(5000) + QByteArray("</array>").repeated(5000)));
-    row("entities that grow", "<!DOCTYPE plist [<!ENTITY a \"aaaaaaaaaa\"><!ENTITY b \"&a;&a;&a;&a;&a;&a;&a;&a;\">"
-                              "<!ENTITY c \"&b;&b;&b;&b;&b;&b;&b;&b;\"><!ENTITY d \"&c;&c;&c;&c;&c;&c;&c;&c;\">]>"
-                              "<plist><dict><key>K</key><string>&d;&d;</string></dict></plist>");
+    row("entities that grow",
+        "<!DOCTYPE plist [<!ENTITY a \"aaaaaaaaaa\"><!ENTITY b \"&a;&a;&a;&a;&a;&a;&a;&a;\">"
+        "<!ENTITY c \"&b;&b;&b;&b;&b;&b;&b;&b;\"><!ENTITY d \"&c;&c;&c;&c;&c;&c;&c;&c;\">]>"
+        "<plist><dict><key>K</key><string>&d;&d;</string></dict></plist>");
 }
 
 void tst_PropertyList::what_is_not_a_property_list_is_refused()
@@ -127,22 +129,24 @@ void tst_PropertyList::the_document_is_written_in_key_order()
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
     QVERIFY(PropertyList::write(buffer, {{"List", QStringList{"x", "y"}}, {"Flag", true}, {"Text", "a<b"}}));
-    QCOMPARE(buffer.data(), QByteArray(
-        "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-        "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" \"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
-        "<plist version=\"1.0\">\n"
-        "\t<dict>\n"
-        "\t\t<key>Flag</key>\n"
-        "\t\t<true/>\n"
-        "\t\t<key>List</key>\n"
-        "\t\t<array>\n"
-        "\t\t\t<string>x</string>\n"
-        "\t\t\t<string>y</string>\n"
-        "\t\t</array>\n"
-        "\t\t<key>Text</key>\n"
-        "\t\t<string>a&lt;b</string>\n"
-        "\t</dict>\n"
-        "</plist>\n"));
+    QCOMPARE(
+        buffer.data(),
+        QByteArray(
+            "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+            "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" \"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
+            "<plist version=\"1.0\">\n"
+            "\t<dict>\n"
+            "\t\t<key>Flag</key>\n"
+            "\t\t<true/>\n"
+            "\t\t<key>List</key>\n"
+            "\t\t<array>\n"
+            "\t\t\t<string>x</string>\n"
+            "\t\t\t<string>y</string>\n"
+            "\t\t</array>\n"
+            "\t\t<key>Text</key>\n"
+            "\t\t<string>a&lt;b</string>\n"
+            "\t</dict>\n"
+            "</plist>\n"));
 }
 
 void tst_PropertyList::a_type_that_no_property_list_knows_is_not_written()

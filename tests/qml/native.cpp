@@ -6,7 +6,6 @@
 #include <QEasingCurve>
 #include <QKeyEvent>
 #include <QMetaEnum>
-#include <QVariantAnimation>
 #include <QQmlEngine>
 #include <QQmlListReference>
 #include <QQuickItem>
@@ -16,6 +15,7 @@
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QSqlRecord>
+#include <QVariantAnimation>
 
 namespace {
 
@@ -193,8 +193,7 @@ bool Native::saveWindow(QObject *itemOfWindow, const QString &fileName) const
 {
     const auto *item = qobject_cast<QQuickItem *>(itemOfWindow);
     // Of the screen: the software renderer gives an empty picture of a window that has nothing new to draw.
-    return item && item->window()
-        && item->window()->screen()->grabWindow(item->window()->winId()).save(fileName);
+    return item && item->window() && item->window()->screen()->grabWindow(item->window()->winId()).save(fileName);
 }
 
 void Native::openAddress(const QUrl &address)
@@ -292,8 +291,7 @@ void Native::passTime(int milliseconds)
 
 QString Native::typeName(QObject *object) const
 {
-    return QString::fromLatin1(object->metaObject()->className())
-        .section("_QML", 0, 0).replace("QQuick", QString());
+    return QString::fromLatin1(object->metaObject()->className()).section("_QML", 0, 0).replace("QQuick", QString());
 }
 
 bool Native::isBelow(QObject *item, QObject *ancestor) const

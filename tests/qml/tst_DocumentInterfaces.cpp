@@ -56,12 +56,18 @@ void DocumentInterfaces::document_offers_its_signal_data()
     QTest::addColumn<QString>("document");
     QTest::addColumn<QByteArray>("signature");
 
-    const struct { const char *document; QList<QByteArray> signatures; } table[] = {
-        {"main", {"openContact()", "openList()", "close()", "hide()", "openAbout()", "enableDragging()",
-                  "needRefresh()", "ready()", "autorun(bool)"}},
+    const struct
+    {
+        const char *document;
+        QList<QByteArray> signatures;
+    } table[] = {
+        {"main",
+         {"openContact()", "openList()", "close()", "hide()", "openAbout()", "enableDragging()", "needRefresh()",
+          "ready()", "autorun(bool)"}},
         {"ContactPopup", {"closeContact()", "enableDragging()"}},
-        {"ListPopup", {"closeList()", "openPatient(QString)", "enableDragging()", "needRefresh()",
-                       "removedPatients(QVariant)", "requestPrint(QString,QVariant)"}},
+        {"ListPopup",
+         {"closeList()", "openPatient(QString)", "enableDragging()", "needRefresh()", "removedPatients(QVariant)",
+          "requestPrint(QString,QVariant)"}},
         {"Autocomplete", {"changed()", "clicked()"}},
         {"PatientsItem", {"clicked()"}},
         {"PatientsResults", {"selected(QString,QString,bool)"}},
@@ -98,14 +104,19 @@ void DocumentInterfaces::document_offers_its_function_data()
     QTest::addColumn<QString>("document");
     QTest::addColumn<QByteArray>("signature");
 
-    const struct { const char *document; QList<QByteArray> signatures; } table[] = {
+    const struct
+    {
+        const char *document;
+        QList<QByteArray> signatures;
+    } table[] = {
         {"main", {"refresh()", "openPatient(QVariant)", "removedPatients(QVariant)", "setAutorun(QVariant)"}},
         {"ListPopup", {"refresh()"}},
         {"Autocomplete", {"focus()", "reset()"}},
         {"Container", {"openContextMenu()"}},
         {"NameStatus", {"focus()"}},
-        {"Detail", {"load(QVariant,QVariant)", "displayModel()", "reset()", "save(QVariant)", "buildData(QVariant)",
-                    "remove()", "cancel()", "getToday()", "formatDate(QVariant)"}},
+        {"Detail",
+         {"load(QVariant,QVariant)", "displayModel()", "reset()", "save(QVariant)", "buildData(QVariant)", "remove()",
+          "cancel()", "getToday()", "formatDate(QVariant)"}},
     };
     for (const auto &row : table) {
         for (const QByteArray &signature : row.signatures)
@@ -131,7 +142,12 @@ void DocumentInterfaces::document_offers_its_property_data()
     QTest::addColumn<QByteArray>("type");
 
     // A type of "" is that of an object of the documents' own.
-    const struct { const char *document; const char *type; QList<QByteArray> properties; } table[] = {
+    const struct
+    {
+        const char *document;
+        const char *type;
+        QList<QByteArray> properties;
+    } table[] = {
         {"main", "int", {"number", "total", "internalHeight"}},
         {"ListPopup", "int", {"number"}},
         {"ListPopup", "QVariant", {"printModel"}},
@@ -161,8 +177,9 @@ void DocumentInterfaces::document_offers_its_property_data()
         {"StepButton", "QString", {"text"}},
         {"ActionButton", "QString", {"text"}},
         {"ActionButton", "QUrl", {"image"}},
-        {"ActionButton", "QColor", {"backgroundColor", "hoveredBackgroundColor", "disabledBackgroundColor",
-                                    "textColor"}},
+        {"ActionButton",
+         "QColor",
+         {"backgroundColor", "hoveredBackgroundColor", "disabledBackgroundColor", "textColor"}},
         {"ActionButton", "bool", {"textBold", "disabled"}},
         {"SMSSend", "bool", {"displayed"}},
         {"SMSSend", "int", {"internalHeight"}},

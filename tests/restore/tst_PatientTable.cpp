@@ -89,12 +89,16 @@ void tst_PatientTable::difference_is_told_as_seen_from_today_data()
     QTest::newRow("one deleted") << QStringList{"DELETE FROM Patients WHERE id = 2"} << "1 patient de plus";
     QTest::newRow("two deleted") << QStringList{"DELETE FROM Patients"} << "2 patients de plus";
     QTest::newRow("one new") << QStringList{"INSERT INTO Patients (name) VALUES ('X')"} << "1 patient de moins";
-    QTest::newRow("renamed") << QStringList{"UPDATE Patients SET name = 'DURAND Marie' WHERE id = 1"} << "1 fiche modifiée";
-    QTest::newRow("all at once") << QStringList{"UPDATE Patients SET phone = '1' WHERE id = 1", "DELETE FROM Patients WHERE id = 2",
-                                                "INSERT INTO Patients (name) VALUES ('X')", "INSERT INTO Patients (name) VALUES ('Y')"}
+    QTest::newRow("renamed") << QStringList{"UPDATE Patients SET name = 'DURAND Marie' WHERE id = 1"}
+                             << "1 fiche modifiée";
+    QTest::newRow("all at once") << QStringList{"UPDATE Patients SET phone = '1' WHERE id = 1",
+                                                "DELETE FROM Patients WHERE id = 2",
+                                                "INSERT INTO Patients (name) VALUES ('X')",
+                                                "INSERT INTO Patients (name) VALUES ('Y')"}
                                  << "2 patients de moins, 1 patient de plus, 1 fiche modifiée";
     QTest::newRow("put back under another number")
-        << QStringList{"UPDATE Patients SET id = 9 WHERE id = 2", "UPDATE sqlite_sequence SET seq = 9"} << "comme aujourd'hui";
+        << QStringList{"UPDATE Patients SET id = 9 WHERE id = 2", "UPDATE sqlite_sequence SET seq = 9"}
+        << "comme aujourd'hui";
     // The numbers begin at 1 again: the new number 1 is somebody else.
     QTest::newRow("thrown away and begun anew")
         << QStringList{"DROP TABLE Patients", table, "INSERT INTO Patients (name, created) VALUES ('X', '2014-04-10')"}
@@ -107,7 +111,9 @@ void tst_PatientTable::difference_is_told_as_seen_from_today()
     const QTemporaryDir place;
     write(place.filePath("copy"), {dupont, martin});
     write(place.filePath("today"), QStringList{dupont, martin} + since);
-    QTEST(Difference::between(PatientTable::read(place.filePath("copy")), PatientTable::read(place.filePath("today"))).text(), "text");
+    QTEST(Difference::between(PatientTable::read(place.filePath("copy")), PatientTable::read(place.filePath("today")))
+              .text(),
+          "text");
 }
 
 void tst_PatientTable::patients_come_back_with_dates_and_answers_under_new_numbers()
@@ -128,8 +134,9 @@ void tst_PatientTable::patients_come_back_with_dates_and_answers_under_new_numbe
 void tst_PatientTable::an_older_table_gets_the_present_columns_and_version()
 {
     const QTemporaryDir place;
-    run(place.path(), {"CREATE TABLE `Patients` (`id` INTEGER PRIMARY KEY, `name` TEXT)",
-                       "INSERT INTO Patients (name) VALUES ('DUPONT Marie')"});
+    run(place.path(),
+        {"CREATE TABLE `Patients` (`id` INTEGER PRIMARY KEY, `name` TEXT)",
+         "INSERT INTO Patients (name) VALUES ('DUPONT Marie')"});
     QCOMPARE(patients::bringUpToDate(place.path()), QString());
     QCOMPARE(StoreFiles::versionIn(place.path()), QString("1.3"));
     run(place.path(), {dupont}); // names the present columns

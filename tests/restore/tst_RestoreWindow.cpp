@@ -65,9 +65,10 @@ void tst_RestoreWindow::copies_are_listed_with_day_patients_and_difference()
         const auto *item = list->topLevelItem(row);
         lines << item->text(0) + " | " + item->text(1) + " | " + item->text(2);
     }
-    QCOMPARE(lines, QStringList({"mercredi 14 mai 2014 | illisible | ",
-                                 "mardi 13 mai 2014, avant la mise à niveau | 1 | comme aujourd'hui",
-                                 "lundi 12 mai 2014 | 2 | 1 patient de plus"}));
+    QCOMPARE(lines,
+             QStringList({"mercredi 14 mai 2014 | illisible | ",
+                          "mardi 13 mai 2014, avant la mise à niveau | 1 | comme aujourd'hui",
+                          "lundi 12 mai 2014 | 2 | 1 patient de plus"}));
     QVERIFY(!child<QPushButton>(window, "Revenir")->isEnabled()); // the unreadable one is selected
 }
 

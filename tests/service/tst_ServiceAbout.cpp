@@ -48,14 +48,17 @@ void ServiceAbout::box_names_version_and_identifier()
     RunningService running;
     SettingsFile::setValue("Uuid", identifier);
 
-    QVERIFY(withModal<QMessageBox>([&] { running.call("openAbout"); }, [&](QMessageBox &box) {
-        QCOMPARE(box.windowTitle(), QString("Vesk Tandry"));
-        QCOMPARE(box.text(), "<h3>Vesk Tandry</h3><p>Version 1.1.0 - <em>" + shown + "</em></p><p>Olmeric, 2026</p>");
-        QCOMPARE(box.informativeText(), QString());
-        QCOMPARE(box.buttons().size(), 1);
-        QCOMPARE(box.standardButton(box.buttons().first()), QMessageBox::Ok);
-        QVERIFY(box.textFormat() == Qt::AutoText || box.textFormat() == Qt::RichText);
-    }));
+    QVERIFY(withModal<QMessageBox>([&] { running.call("openAbout"); },
+                                   [&](QMessageBox &box) {
+                                       QCOMPARE(box.windowTitle(), QString("Vesk Tandry"));
+                                       QCOMPARE(box.text(),
+                                                "<h3>Vesk Tandry</h3><p>Version 1.1.0 - <em>" + shown
+                                                    + "</em></p><p>Olmeric, 2026</p>");
+                                       QCOMPARE(box.informativeText(), QString());
+                                       QCOMPARE(box.buttons().size(), 1);
+                                       QCOMPARE(box.standardButton(box.buttons().first()), QMessageBox::Ok);
+                                       QVERIFY(box.textFormat() == Qt::AutoText || box.textFormat() == Qt::RichText);
+                                   }));
 }
 
 void ServiceAbout::box_shows_the_tray_picture()
@@ -65,9 +68,11 @@ void ServiceAbout::box_shows_the_tray_picture()
                             .convertToFormat(QImage::Format_ARGB32_Premultiplied);
     RunningService running;
 
-    QVERIFY(withModal<QMessageBox>([&] { running.call("openAbout"); }, [&](QMessageBox &box) {
-        QCOMPARE(box.iconPixmap().toImage().convertToFormat(QImage::Format_ARGB32_Premultiplied), tray);
-    }));
+    QVERIFY(withModal<QMessageBox>(
+        [&] { running.call("openAbout"); },
+        [&](QMessageBox &box) {
+            QCOMPARE(box.iconPixmap().toImage().convertToFormat(QImage::Format_ARGB32_Premultiplied), tray);
+        }));
 }
 
 void ServiceAbout::box_belongs_to_the_hidden_widget()
@@ -75,10 +80,11 @@ void ServiceAbout::box_belongs_to_the_hidden_widget()
     RunningService running;
     const QWidget *hidden = running.service->dialogParent;
 
-    QVERIFY(withModal<QMessageBox>([&] { running.call("openAbout"); }, [&](QMessageBox &box) {
-        QCOMPARE(static_cast<const QWidget *>(box.parentWidget()), hidden);
-        QVERIFY(!hidden->isVisible());
-    }));
+    QVERIFY(withModal<QMessageBox>([&] { running.call("openAbout"); },
+                                   [&](QMessageBox &box) {
+                                       QCOMPARE(static_cast<const QWidget *>(box.parentWidget()), hidden);
+                                       QVERIFY(!hidden->isVisible());
+                                   }));
     QCOMPARE(hidden->parentWidget(), nullptr);
     QCOMPARE(hidden->windowIcon().pixmap(128, 128).toImage().convertToFormat(QImage::Format_ARGB32),
              QImage(":/images/tray.png").convertToFormat(QImage::Format_ARGB32));

@@ -162,8 +162,11 @@ void ServiceBadge::picture_is_right_around_and_in_the_number()
             const QPoint at(x, y);
             const QColor colour = drawn.pixelColor(at);
             const QColor background = expectedBackground(tray, counter, at);
-            const QByteArray where = QString("%1,%2 is %3, background %4").arg(x).arg(y)
-                .arg(colour.name(QColor::HexArgb), background.name(QColor::HexArgb)).toLatin1();
+            const QByteArray where = QString("%1,%2 is %3, background %4")
+                                         .arg(x)
+                                         .arg(y)
+                                         .arg(colour.name(QColor::HexArgb), background.name(QColor::HexArgb))
+                                         .toLatin1();
             if (!alike(colour, background)) {
                 QVERIFY2(badgeRect.contains(at), where);
                 changed |= QRect(at, QSize(1, 1));
@@ -189,8 +192,8 @@ void ServiceBadge::picture_is_right_around_and_in_the_number()
     }
     // A font of another release may be hinted differently by a point.
     QVERIFY2(changed.adjusted(-1, -1, 1, 1).contains(box) && box.adjusted(-1, -1, 1, 1).contains(changed),
-             qPrintable(QString("%1,%2 %3x%4").arg(changed.x()).arg(changed.y()).arg(changed.width())
-                            .arg(changed.height())));
+             qPrintable(
+                 QString("%1,%2 %3x%4").arg(changed.x()).arg(changed.y()).arg(changed.width()).arg(changed.height())));
     QVERIFY2(inside > 100, "The number has no inside to look at");
 }
 

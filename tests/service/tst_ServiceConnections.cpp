@@ -135,8 +135,9 @@ void ServiceConnections::connections_are_made_without_a_warning()
     LogCapture log;
     const RunningService running;
     // Qt's own, with no display: there is no tray to watch.
-    COMPARE_LINES(LogCapture::warnings(), {"warning: QObject::connect: No such signal "
-                                           "QPlatformNativeInterface::systemTrayWindowChanged(QScreen*)"});
+    COMPARE_LINES(LogCapture::warnings(),
+                  {"warning: QObject::connect: No such signal "
+                   "QPlatformNativeInterface::systemTrayWindowChanged(QScreen*)"});
 }
 
 SERVICE_TEST_MAIN(ServiceConnections)

@@ -52,31 +52,39 @@ void ServiceConstruction::parts_are_made_in_order()
     ObjectTrace trace(transparency);
     const RunningService running;
     const ObservedService &service = *running.service;
-    const QHash<QObject *, QString> names{
-        {service.networkManager, "network manager"}, {service.settings, "settings"}, {&running.tray(), "tray icon"},
-        {service.dialogParent, "dialog parent"}, {service.refreshTimer, "hourly timer"}, {running.main, "main"},
-        {running.contact, "contact"}, {running.list, "list"}, {service.statisticsTimer, "daily timer"}};
+    const QHash<QObject *, QString> names{{service.networkManager, "network manager"},
+                                          {service.settings, "settings"},
+                                          {&running.tray(), "tray icon"},
+                                          {service.dialogParent, "dialog parent"},
+                                          {service.refreshTimer, "hourly timer"},
+                                          {running.main, "main"},
+                                          {running.contact, "contact"},
+                                          {running.list, "list"},
+                                          {service.statisticsTimer, "daily timer"}};
 
     QStringList parts;
     for (const ObjectTrace::Made &made : qAsConst(ObjectTrace::made())) {
-        const QString name = names.value(made.object, isAgentList(made.object) ? "launch at login"
-                                                      : qobject_cast<QNetworkReply *>(made.object) ? "upload" : "");
+        const QString name = names.value(made.object,
+                                         isAgentList(made.object)                         ? "launch at login"
+                                             : qobject_cast<QNetworkReply *>(made.object) ? "upload"
+                                                                                          : "");
         if (!name.isEmpty())
             parts.append(name + made.noted);
     }
-    COMPARE_LINES(parts, {
-        "network manager",
-        "launch at login",
-        "settings",
-        "tray icon",
-        "dialog parent",
-        "hourly timer",
-        "main, transparent",
-        "contact, transparent",
-        "list, transparent",
-        "daily timer, transparent",
-        "upload, transparent",
-    });
+    COMPARE_LINES(parts,
+                  {
+                      "network manager",
+                      "launch at login",
+                      "settings",
+                      "tray icon",
+                      "dialog parent",
+                      "hourly timer",
+                      "main, transparent",
+                      "contact, transparent",
+                      "list, transparent",
+                      "daily timer, transparent",
+                      "upload, transparent",
+                  });
     QCOMPARE(service.networkManager->parent(), &service);
     QCOMPARE(service.settings->organizationName(), QString("Vesk Tandry"));
     QCOMPARE(service.settings->applicationName(), QString("Olmeric"));

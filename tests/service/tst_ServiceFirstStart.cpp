@@ -11,8 +11,9 @@ namespace {
 
 const QByteArray ownIdentifier = "Uuid=@Variant(\\0\\0\\0\\x7f\\0\\0\\0\\x6QUuid\\0"
                                  "\\x11\\x11\\x11\\x11\\x22\\x22\\x33\\x33\\x44\\x44UUUUUU)\n";
-const QByteArray siblingIdentifier = "Uuid=@Variant(\\0\\0\\0\\x7f\\0\\0\\0\\x6QUuid\\0"
-                                     "\\xaa\\xaa\\xaa\\xaa\\xbb\\xbb\\xcc\\xcc\\xdd\\xdd\\xee\\xee\\xee\\xee\\xee\\xee)\n";
+const QByteArray siblingIdentifier =
+    "Uuid=@Variant(\\0\\0\\0\\x7f\\0\\0\\0\\x6QUuid\\0"
+    "\\xaa\\xaa\\xaa\\xaa\\xbb\\xbb\\xcc\\xcc\\xdd\\xdd\\xee\\xee\\xee\\xee\\xee\\xee)\n";
 const QString ownText = QStringLiteral("{11111111-2222-3333-4444-555555555555}");
 const QString siblingText = QStringLiteral("{aaaaaaaa-bbbb-cccc-dddd-eeeeeeeeeeee}");
 const QString fresh = QStringLiteral("fresh");
@@ -181,7 +182,9 @@ void ServiceFirstStart::sibling_is_only_read()
 
 void ServiceFirstStart::sibling_is_not_created()
 {
-    { const RunningService running; }
+    {
+        const RunningService running;
+    }
     QVERIFY(QFileInfo::exists(SettingsFile::own()));
     QVERIFY(!QFileInfo::exists(SettingsFile::sibling()));
 }
@@ -204,8 +207,9 @@ void ServiceFirstStart::second_start_leaves_all_but_the_counter()
 
 void ServiceFirstStart::system_is_written_at_every_start()
 {
-    SettingsFile::replace(SettingsFile::own(), withValues(
-        ownIdentifier + "OSType=Other\nOSVersion=8\nOSVersionReadable=OS X 10.6 Snow Leopard\n"));
+    SettingsFile::replace(
+        SettingsFile::own(),
+        withValues(ownIdentifier + "OSType=Other\nOSVersion=8\nOSVersionReadable=OS X 10.6 Snow Leopard\n"));
     const RunningService running;
     QCOMPARE(line("OSType"), QByteArray("OSType=Mac"));
     // No Mac: the code for "none" of all.

@@ -62,8 +62,10 @@ void ServiceInterface::method_has_its_index_kind_signature_and_parameters()
     const QMetaMethod method = meta.method(meta.methodOffset() + index);
 
     QCOMPARE(method.methodSignature(), signature);
-    QCOMPARE(method.methodType() == QMetaMethod::Signal ? QString("signal")
-             : method.methodType() == QMetaMethod::Slot ? QString("slot") : QString("method"), kind);
+    QCOMPARE(method.methodType() == QMetaMethod::Signal     ? QString("signal")
+                 : method.methodType() == QMetaMethod::Slot ? QString("slot")
+                                                            : QString("method"),
+             kind);
     QCOMPARE(method.parameterNames().join(',').constData(), parameters);
     QCOMPARE(method.access(), QMetaMethod::Public);
     QCOMPARE(method.typeName(), "void");

@@ -16,7 +16,7 @@ namespace {
 const QString one = QStringLiteral("Vous avez 1 patient en attente");
 const QString three = QStringLiteral("Vous avez 3 patients en attente");
 
-}
+} // namespace
 
 /// The hourly tick: when waiting patients are announced, and when the documents read the database again.
 class ServiceMessages : public QObject
@@ -264,8 +264,8 @@ void ServiceMessages::new_day_refreshes_once()
     RunningService running;
     const QQuickItem *main = running.standInFor(running.main);
     running.standInFor(running.list);
-    for (const char *now : {"2014-05-30 23:00:00", "2014-05-31 00:00:00", "2014-05-31 01:00:00",
-                            "2014-05-31 02:00:00", "2014-06-01 00:00:00"}) {
+    for (const char *now : {"2014-05-30 23:00:00", "2014-05-31 00:00:00", "2014-05-31 01:00:00", "2014-05-31 02:00:00",
+                            "2014-06-01 00:00:00"}) {
         clock.moveTo(now);
         running.call("autoRefresh");
     }

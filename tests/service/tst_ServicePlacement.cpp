@@ -10,7 +10,7 @@ const QPoint mainDefault(1350, 35);
 const QPoint listDefault(925, 35);
 const QPoint contactDefault(1125, 35);
 
-}
+} // namespace
 
 /// Where the windows open, on a screen that offers 1920 x 1080 unless a test says otherwise.
 class ServicePlacement : public QObject

@@ -73,11 +73,19 @@ QVariantList patients(int count)
 {
     QVariantList list;
     for (int i = 1; i <= count; ++i) {
-        list.append(QVariantMap{
-            {"name", QString("PATIENT%1 Éloïse").arg(i, 2, 10, QChar('0'))}, {"created_format", "31/01/2014"},
-            {"phone", "01 99 00 12 34"}, {"test", i % 3}, {"test_date", "2014-02-01"}, {"rdv1", i % 2},
-            {"date1", "2014-02-02"}, {"confirmation", 1}, {"confirmation_date", "2014-02-03"}, {"rdv2", 1},
-            {"date2", "2014-02-04"}, {"rdv3", 0}, {"date3", ""}});
+        list.append(QVariantMap{{"name", QString("PATIENT%1 Éloïse").arg(i, 2, 10, QChar('0'))},
+                                {"created_format", "31/01/2014"},
+                                {"phone", "01 99 00 12 34"},
+                                {"test", i % 3},
+                                {"test_date", "2014-02-01"},
+                                {"rdv1", i % 2},
+                                {"date1", "2014-02-02"},
+                                {"confirmation", 1},
+                                {"confirmation_date", "2014-02-03"},
+                                {"rdv2", 1},
+                                {"date2", "2014-02-04"},
+                                {"rdv3", 0},
+                                {"date3", ""}});
     }
     return list;
 }
@@ -116,12 +124,13 @@ void ServicePrinting::dialog_is_titled_and_stands_alone()
     RunningService running;
     QVERIFY(withModal<QPrintDialog>([&] { running.service->requestPrint(title, patients(1)); },
                                     [](QPrintDialog &dialog) {
-        QCOMPARE(dialog.windowTitle(), title);
-        QVERIFY(!dialog.windowIcon().isNull());
-        QVERIFY(dialog.windowFlags().testFlag(Qt::WindowStaysOnTopHint)); // as the widget is
-        QCOMPARE(dialog.parentWidget(), nullptr);
-        QVERIFY(dialog.isModal());
-    }));
+                                        QCOMPARE(dialog.windowTitle(), title);
+                                        QVERIFY(!dialog.windowIcon().isNull());
+                                        QVERIFY(dialog.windowFlags().testFlag(
+                                            Qt::WindowStaysOnTopHint)); // as the widget is
+                                        QCOMPARE(dialog.parentWidget(), nullptr);
+                                        QVERIFY(dialog.isModal());
+                                    }));
 }
 
 void ServicePrinting::printer_is_as_the_platform_has_it()
@@ -130,11 +139,12 @@ void ServicePrinting::printer_is_as_the_platform_has_it()
     RunningService running;
     QVERIFY(withModal<QPrintDialog>([&] { running.service->requestPrint(title, patients(1)); },
                                     [&](QPrintDialog &dialog) {
-        QCOMPARE(dialog.printer()->resolution(), expected.resolution());
-        QVERIFY(dialog.printer()->resolution() != QPrinter(QPrinter::HighResolution).resolution());
-        QCOMPARE(dialog.printer()->pageLayout(), expected.pageLayout());
-        QCOMPARE(dialog.printer()->docName(), QString());
-    }));
+                                        QCOMPARE(dialog.printer()->resolution(), expected.resolution());
+                                        QVERIFY(dialog.printer()->resolution()
+                                                != QPrinter(QPrinter::HighResolution).resolution());
+                                        QCOMPARE(dialog.printer()->pageLayout(), expected.pageLayout());
+                                        QCOMPARE(dialog.printer()->docName(), QString());
+                                    }));
 }
 
 void ServicePrinting::accepted_print_is_on_paper_and_counted()
@@ -144,33 +154,40 @@ void ServicePrinting::accepted_print_is_on_paper_and_counted()
     qint64 printedBeforeCounting = 0;
     running.service->onCount = [&] { printedBeforeCounting = QFileInfo(file).size(); };
     const QVariantList two{
-        QVariantMap{{"name", "DUPONT Marie"}, {"created_format", "31/01/2014"}, {"phone", "01 99 00 12 34"},
-                    {"test_date", "2014-01-01"}, {"test", 0}, {"date1", "2014-01-02"}, {"rdv1", 0}},
+        QVariantMap{{"name", "DUPONT Marie"},
+                    {"created_format", "31/01/2014"},
+                    {"phone", "01 99 00 12 34"},
+                    {"test_date", "2014-01-01"},
+                    {"test", 0},
+                    {"date1", "2014-01-02"},
+                    {"rdv1", 0}},
         QVariantMap{{"name", "Éloïse <i>O'Neil</i> &amp; fils"}, {"test_date", "2014-01-01"}, {"test", 1}}};
 
-    QVERIFY(withModal<QPrintDialog>([&] { running.service->requestPrint(title, two); }, [&](QPrintDialog &dialog) {
-        QVERIFY(!SettingsFile::keys().contains("PrinterCounter"));
-        printTo(dialog, file);
-    }));
+    QVERIFY(withModal<QPrintDialog>([&] { running.service->requestPrint(title, two); },
+                                    [&](QPrintDialog &dialog) {
+                                        QVERIFY(!SettingsFile::keys().contains("PrinterCounter"));
+                                        printTo(dialog, file);
+                                    }));
 
     QStringList lines = linesOf(file);
     QVERIFY(lines.size() > 2);
     QVERIFY2(lines.filter(QRegularExpression("^Imprimé le \\w+ \\d{1,2} \\w+ \\d{4} à \\d{1,2}:\\d\\d$")).size() == 1,
              qPrintable(lines.join('\n')));
     lines = lines.filter(QRegularExpression("^(?!Imprimé le )"));
-    COMPARE_LINES(lines, {
-        "Vesk Tandry",
-        title,
-        "Nom du patient Date 1er RDV Téléphone Tests Bilan 1 Allergie Prise Bilan 2",
-        "DUPONT Marie 31/01/2014 01 99 00 12 34 Non Non",
-        "Éloïse O'Neil & fils Oui - ?", // a name is inserted as it is, so its markup is markup
-        "Tests : Tests cutanés",
-        "Bilan 1 : RDV bilan allergologique",
-        "Allergie : Allergie confirmée",
-        "Prise : RDV 1ère prise",
-        "Bilan 2 : RDV bilan fin de saison",
-        "1",
-    });
+    COMPARE_LINES(lines,
+                  {
+                      "Vesk Tandry",
+                      title,
+                      "Nom du patient Date 1er RDV Téléphone Tests Bilan 1 Allergie Prise Bilan 2",
+                      "DUPONT Marie 31/01/2014 01 99 00 12 34 Non Non",
+                      "Éloïse O'Neil & fils Oui - ?", // a name is inserted as it is, so its markup is markup
+                      "Tests : Tests cutanés",
+                      "Bilan 1 : RDV bilan allergologique",
+                      "Allergie : Allergie confirmée",
+                      "Prise : RDV 1ère prise",
+                      "Bilan 2 : RDV bilan fin de saison",
+                      "1",
+                  });
     QVERIFY(printedBeforeCounting > 0);
     QCOMPARE(SettingsFile::value("PrinterCounter"), QVariant(1));
 }
@@ -189,14 +206,15 @@ void ServicePrinting::cancelled_print_leaves_nothing()
     RunningService running;
     QVERIFY(withModal<QPrintDialog>([&] { running.service->requestPrint(title, patients(1)); },
                                     [&](QPrintDialog &dialog) {
-        dialog.findChild<QLineEdit *>("filename")->setText(pathOf("cancelled.pdf"));
-        if (way == "cancel")
-            QTest::mouseClick(button(dialog, QDialogButtonBox::RejectRole), Qt::LeftButton);
-        else if (way == "escape")
-            QTest::keyClick(&dialog, Qt::Key_Escape);
-        else
-            dialog.close();
-    }));
+                                        dialog.findChild<QLineEdit *>("filename")->setText(pathOf("cancelled.pdf"));
+                                        if (way == "cancel")
+                                            QTest::mouseClick(button(dialog, QDialogButtonBox::RejectRole),
+                                                              Qt::LeftButton);
+                                        else if (way == "escape")
+                                            QTest::keyClick(&dialog, Qt::Key_Escape);
+                                        else
+                                            dialog.close();
+                                    }));
     QVERIFY(!QFileInfo::exists(pathOf("cancelled.pdf")));
     QVERIFY(!SettingsFile::keys().contains("PrinterCounter"));
 }
@@ -207,12 +225,13 @@ void ServicePrinting::empty_list_is_printed_and_counted()
     RunningService running;
     QVERIFY(withModal<QPrintDialog>([&] { running.service->requestPrint(title, QVariantList()); },
                                     [&](QPrintDialog &dialog) { printTo(dialog, file); }));
-    COMPARE_LINES(linesOf(file).mid(0, 4), {
-        "Vesk Tandry",
-        title,
-        "Nom du patient Date 1er RDV Téléphone Tests Bilan 1 Allergie Prise Bilan 2",
-        "Tests : Tests cutanés",
-    });
+    COMPARE_LINES(linesOf(file).mid(0, 4),
+                  {
+                      "Vesk Tandry",
+                      title,
+                      "Nom du patient Date 1er RDV Téléphone Tests Bilan 1 Allergie Prise Bilan 2",
+                      "Tests : Tests cutanés",
+                  });
     QCOMPARE(SettingsFile::value("PrinterCounter"), QVariant(1));
 }
 
@@ -248,10 +267,11 @@ void ServicePrinting::twenty_patients_fit_on_a_page()
     QVERIFY2(facts.contains(QRegularExpression("Pages: +1\n")), qPrintable(facts));
     QVERIFY2(facts.contains("(A4)"), qPrintable(facts));
     const QStringList lines = linesOf(file);
-    COMPARE_LINES(lines.filter("PATIENT").mid(0, 2), {
-        "PATIENT01 Éloïse 31/01/2014 01 99 00 12 34 Oui - Oui Oui ?",
-        "PATIENT02 Éloïse 31/01/2014 01 99 00 12 34 Oui - Oui Oui ?",
-    });
+    COMPARE_LINES(lines.filter("PATIENT").mid(0, 2),
+                  {
+                      "PATIENT01 Éloïse 31/01/2014 01 99 00 12 34 Oui - Oui Oui ?",
+                      "PATIENT02 Éloïse 31/01/2014 01 99 00 12 34 Oui - Oui Oui ?",
+                  });
     QCOMPARE(lines.filter("PATIENT").size(), 20);
     // Legible on paper: the letters are of eight points. How high their line is depends on the machine's font.
     const QString html = outputOf("pdftohtml", {"-xml", "-i", "-stdout", "-zoom", "1", file});
@@ -297,9 +317,9 @@ void ServicePrinting::report_is_of_the_moment_it_was_asked_for()
     RunningService running;
     QVERIFY(withModal<QPrintDialog>([&] { running.service->requestPrint(title, patients(1)); },
                                     [&](QPrintDialog &) {
-        running.call("refreshViews");
-        QCOMPARE(running.service->reports.size(), 1);
-    }));
+                                        running.call("refreshViews");
+                                        QCOMPARE(running.service->reports.size(), 1);
+                                    }));
     QCOMPARE(running.service->reports.size(), 1);
 }
 

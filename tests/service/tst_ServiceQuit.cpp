@@ -75,22 +75,24 @@ void ServiceQuit::init()
 void ServiceQuit::question_has_its_words_buttons_and_default()
 {
     RunningService running;
-    QVERIFY(withModal<QMessageBox>([&] { running.call("closeIntent"); }, [](QMessageBox &box) {
-        QCOMPARE(box.windowTitle(), QString("Vesk Tandry"));
-        QVERIFY(box.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
-        QVERIFY(!box.windowIcon().isNull()); // in its title and in the taskbar
-        QCOMPARE(box.text(), QString("Fermeture de Tandry"));
-        QCOMPARE(box.informativeText(), QString("Etes-vous sur de vouloir fermer le widget Tandry ?"));
-        QVERIFY(box.checkBox());
-        QCOMPARE(box.checkBox()->text(), QString("Ne plus me demander"));
-        QVERIFY(!box.checkBox()->isChecked());
-        QCOMPARE(box.standardButtons(), QMessageBox::Ok | QMessageBox::Cancel);
-        QCOMPARE(box.buttons().size(), 2);
-        QCOMPARE(box.button(QMessageBox::Cancel)->text(), QString("Annuler"));
-        QCOMPARE(box.defaultButton(), box.button(QMessageBox::Cancel));
-        QCOMPARE(box.parentWidget(), nullptr);
-        QVERIFY(box.isModal());
-    }));
+    QVERIFY(withModal<QMessageBox>([&] { running.call("closeIntent"); },
+                                   [](QMessageBox &box) {
+                                       QCOMPARE(box.windowTitle(), QString("Vesk Tandry"));
+                                       QVERIFY(box.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+                                       QVERIFY(!box.windowIcon().isNull()); // in its title and in the taskbar
+                                       QCOMPARE(box.text(), QString("Fermeture de Tandry"));
+                                       QCOMPARE(box.informativeText(),
+                                                QString("Etes-vous sur de vouloir fermer le widget Tandry ?"));
+                                       QVERIFY(box.checkBox());
+                                       QCOMPARE(box.checkBox()->text(), QString("Ne plus me demander"));
+                                       QVERIFY(!box.checkBox()->isChecked());
+                                       QCOMPARE(box.standardButtons(), QMessageBox::Ok | QMessageBox::Cancel);
+                                       QCOMPARE(box.buttons().size(), 2);
+                                       QCOMPARE(box.button(QMessageBox::Cancel)->text(), QString("Annuler"));
+                                       QCOMPARE(box.defaultButton(), box.button(QMessageBox::Cancel));
+                                       QCOMPARE(box.parentWidget(), nullptr);
+                                       QVERIFY(box.isModal());
+                                   }));
 }
 
 void ServiceQuit::question_shows_the_tray_picture()
@@ -99,9 +101,11 @@ void ServiceQuit::question_shows_the_tray_picture()
                             .scaled(64, 64, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
                             .convertToFormat(QImage::Format_ARGB32_Premultiplied);
     RunningService running;
-    QVERIFY(withModal<QMessageBox>([&] { running.call("closeIntent"); }, [&](QMessageBox &box) {
-        QCOMPARE(box.iconPixmap().toImage().convertToFormat(QImage::Format_ARGB32_Premultiplied), tray);
-    }));
+    QVERIFY(withModal<QMessageBox>(
+        [&] { running.call("closeIntent"); },
+        [&](QMessageBox &box) {
+            QCOMPARE(box.iconPixmap().toImage().convertToFormat(QImage::Format_ARGB32_Premultiplied), tray);
+        }));
 }
 
 void ServiceQuit::question_is_gone_when_answered()
@@ -109,10 +113,11 @@ void ServiceQuit::question_is_gone_when_answered()
     RunningService running;
     QPointer<QMessageBox> question;
     QPointer<QCheckBox> checkBox;
-    QVERIFY(withModal<QMessageBox>([&] { running.call("closeIntent"); }, [&](QMessageBox &box) {
-        question = &box;
-        checkBox = box.checkBox();
-    }));
+    QVERIFY(withModal<QMessageBox>([&] { running.call("closeIntent"); },
+                                   [&](QMessageBox &box) {
+                                       question = &box;
+                                       checkBox = box.checkBox();
+                                   }));
     QVERIFY(!question);
     QVERIFY(!checkBox);
 }
@@ -151,12 +156,13 @@ void ServiceQuit::answer_decides_and_the_box_stores_at_once()
     QSignalSpy quit(running.service, SIGNAL(quit()));
     QStringList seen;
 
-    QVERIFY(withModal<QMessageBox>([&] { running.call("closeIntent"); }, [&](QMessageBox &box) {
-        for (const QString &action : actions) {
-            use(box, action);
-            seen.append(stored());
-        }
-    }));
+    QVERIFY(withModal<QMessageBox>([&] { running.call("closeIntent"); },
+                                   [&](QMessageBox &box) {
+                                       for (const QString &action : actions) {
+                                           use(box, action);
+                                           seen.append(stored());
+                                       }
+                                   }));
 
     COMPARE_LINES(seen, storedAfterEach);
     QCOMPARE(quit.size(), quits);
@@ -198,12 +204,13 @@ void ServiceQuit::timers_tick_while_the_question_is_open()
 {
     RunningService running;
     running.standInFor(running.main)->setProperty("number", 3);
-    QVERIFY(withModal<QMessageBox>([&] { running.call("closeIntent"); }, [&](QMessageBox &) {
-        QTimer *hourly = running.service->refreshTimer;
-        hourly->setInterval(1);
-        QTRY_VERIFY(!running.service->messages.isEmpty());
-        hourly->stop();
-    }));
+    QVERIFY(withModal<QMessageBox>([&] { running.call("closeIntent"); },
+                                   [&](QMessageBox &) {
+                                       QTimer *hourly = running.service->refreshTimer;
+                                       hourly->setInterval(1);
+                                       QTRY_VERIFY(!running.service->messages.isEmpty());
+                                       hourly->stop();
+                                   }));
 }
 
 void ServiceQuit::end_of_the_session_quits_without_asking()

@@ -63,10 +63,20 @@ QStringList stepsOf(const QVariantMap &row)
 
 QVariantMap patientOfTheFile()
 {
-    return {{"name", "DUPONT Marie"}, {"created_format", "31/01/2014"}, {"phone", "01 99 00 12 34"},
-            {"test", 0}, {"test_date", "2014-02-01"}, {"rdv1", 1}, {"date1", "2014-02-02"},
-            {"confirmation", 1}, {"confirmation_date", "2014-02-03"}, {"rdv2", 1}, {"date2", "2014-02-04"},
-            {"rdv3", 0}, {"date3", "2014-02-05"}, {"checked", true}};
+    return {{"name", "DUPONT Marie"},
+            {"created_format", "31/01/2014"},
+            {"phone", "01 99 00 12 34"},
+            {"test", 0},
+            {"test_date", "2014-02-01"},
+            {"rdv1", 1},
+            {"date1", "2014-02-02"},
+            {"confirmation", 1},
+            {"confirmation_date", "2014-02-03"},
+            {"rdv2", 1},
+            {"date2", "2014-02-04"},
+            {"rdv3", 0},
+            {"date3", "2014-02-05"},
+            {"checked", true}};
 }
 
 } // namespace
@@ -111,14 +121,21 @@ void ServiceReport::cleanupTestCase()
 void ServiceReport::report_is_what_the_file_says()
 {
     const TestClock clock("2014-05-31 09:05:00");
-    const QVariantMap unescaped{
-        {"name", QString::fromUtf8("Éloïse <b>O'Neil</b> & \"fils\" %1")}, {"created_format", "28/02/2014"},
-        {"phone", QVariant::fromValue(nullptr)}, {"test", 1}, {"test_date", "2014-03-01"},
-        {"rdv1", 1}, {"date1", "2014-03-02"}, {"confirmation", 1}, {"confirmation_date", ""},
-        {"rdv2", 1}, {"date2", "2014-03-04"}, {"rdv3", 1}, {"date3", "2014-03-05"}};
+    const QVariantMap unescaped{{"name", QString::fromUtf8("Éloïse <b>O'Neil</b> & \"fils\" %1")},
+                                {"created_format", "28/02/2014"},
+                                {"phone", QVariant::fromValue(nullptr)},
+                                {"test", 1},
+                                {"test_date", "2014-03-01"},
+                                {"rdv1", 1},
+                                {"date1", "2014-03-02"},
+                                {"confirmation", 1},
+                                {"confirmation_date", ""},
+                                {"rdv2", 1},
+                                {"date2", "2014-03-04"},
+                                {"rdv3", 1},
+                                {"date3", "2014-03-05"}};
 
-    const QString report =
-        reportOf(waitingTitle, QVariantList{patientOfTheFile(), unescaped, QVariantMap()});
+    const QString report = reportOf(waitingTitle, QVariantList{patientOfTheFile(), unescaped, QVariantMap()});
 
     QCOMPARE(report.toUtf8(), expectedReport("report.html").toUtf8());
 }
@@ -138,8 +155,8 @@ void ServiceReport::list_of_a_document_arrives_as_a_script_value()
 
     const QString report = reportOf(waitingTitle, QVariant::fromValue(list));
 
-    QCOMPARE(cellsOf(report), QList<QStringList>({{"AB", "", "", "Oui", "-", "?", "", ""},
-                                                  {"", "", "", "?", "", "", "", ""}}));
+    QCOMPARE(cellsOf(report),
+             QList<QStringList>({{"AB", "", "", "Oui", "-", "?", "", ""}, {"", "", "", "?", "", "", "", ""}}));
 }
 
 void ServiceReport::what_is_no_list_is_not_printed_data()
@@ -193,10 +210,11 @@ void ServiceReport::row_that_is_no_map_is_empty()
 {
     QFETCH(QVariant, row);
     const QString report = reportOf(waitingTitle, QVariantList{row, patientOfTheFile()});
-    QCOMPARE(cellsOf(report), QList<QStringList>({
-        {"", "", "", "?", "", "", "", ""},
-        {"DUPONT Marie", "31/01/2014", "01 99 00 12 34", "Non", "Oui", "Oui", "Oui", "Non"},
-    }));
+    QCOMPARE(cellsOf(report),
+             QList<QStringList>({
+                 {"", "", "", "?", "", "", "", ""},
+                 {"DUPONT Marie", "31/01/2014", "01 99 00 12 34", "Non", "Oui", "Oui", "Oui", "Non"},
+             }));
 }
 
 void ServiceReport::flag_counts_above_zero_data()
@@ -253,8 +271,9 @@ void ServiceReport::date_is_given_when_it_has_a_text()
 
 void ServiceReport::text_is_not_escaped()
 {
-    const QString report = reportOf("Liste <i>& \"moi\"</i>", QVariantList{
-        QVariantMap{{"name", "<u>A & B</u>"}, {"created_format", "<1>"}, {"phone", "a>b"}}});
+    const QString report = reportOf(
+        "Liste <i>& \"moi\"</i>",
+        QVariantList{QVariantMap{{"name", "<u>A & B</u>"}, {"created_format", "<1>"}, {"phone", "a>b"}}});
     QVERIFY(report.startsWith("<head><title>Liste <i>& \"moi\"</i><title></head>"));
     QVERIFY(report.contains("<h2 align=center>Liste <i>& \"moi\"</i></h2>"));
     QVERIFY(report.contains("<tr><td style=\"vertical-align: center;\"><u>A & B</u></td>"
@@ -287,7 +306,8 @@ void ServiceReport::date_line_can_be_translated()
     {
         QString translate(const char *context, const char *text, const char *, int) const override
         {
-            const bool isMeant = !qstrcmp(context, "WidgetService") && QString(text) == QString::fromUtf8("Imprimé le ");
+            const bool isMeant = !qstrcmp(context, "WidgetService")
+                && QString(text) == QString::fromUtf8("Imprimé le ");
             return isMeant ? QString("Printed on ") : QString();
         }
         bool isEmpty() const override { return false; }

@@ -89,29 +89,32 @@ void ServiceStatistics::first_upload_of_an_installation_byte_for_byte()
     const QList<QByteArray> requests = server.requests(1);
 
     QCOMPARE(requests.size(), 1);
-    QCOMPARE(bodyOf(requests.first()), QByteArray(
-        "--margin\r\n"
-        "Content-Disposition: form-data; name=\"action\"\r\n\r\n/api/vesktandry/tracking/\r\n--margin\r\n"
-        "Content-Disposition: form-data; name=\"Uuid\"\r\n\r\n"
-        "{11111111-2222-3333-4444-555555555555}\r\n--margin\r\n"
-        "Content-Disposition: form-data; name=\"OSType\"\r\n\r\nMac\r\n--margin\r\n"
-        "Content-Disposition: form-data; name=\"OSVersion\"\r\n\r\n65535\r\n--margin\r\n"
-        "Content-Disposition: form-data; name=\"LaunchCounter\"\r\n\r\n1\r\n--margin\r\n"
-        "Content-Disposition: form-data; name=\"ShowListViewCounter\"\r\n\r\n\r\n--margin\r\n"
-        "Content-Disposition: form-data; name=\"ShowContactViewCounter\"\r\n\r\n\r\n--margin\r\n"
-        "Content-Disposition: form-data; name=\"ShowMainViewCounter\"\r\n\r\n\r\n--margin\r\n"
-        "Content-Disposition: form-data; name=\"DontAskBeforeQuit\"\r\n\r\n\r\n--margin\r\n"
-        "Content-Disposition: form-data; name=\"PrinterCounter\"\r\n\r\n\r\n--margin\r\n"
-        "Content-Disposition: form-data; name=\"PatientsCounter\"\r\n\r\n\r\n--margin\r\n"
-        "Content-Disposition: form-data; name=\"PatientsWaitingCounter\"\r\n\r\n\r\n--margin\r\n"
-        "Content-Disposition: form-data; name=\"OSVersionReadable\"\r\n\r\nUnknown version\r\n--margin\r\n"));
+    QCOMPARE(bodyOf(requests.first()),
+             QByteArray(
+                 "--margin\r\n"
+                 "Content-Disposition: form-data; name=\"action\"\r\n\r\n/api/vesktandry/tracking/\r\n--margin\r\n"
+                 "Content-Disposition: form-data; name=\"Uuid\"\r\n\r\n"
+                 "{11111111-2222-3333-4444-555555555555}\r\n--margin\r\n"
+                 "Content-Disposition: form-data; name=\"OSType\"\r\n\r\nMac\r\n--margin\r\n"
+                 "Content-Disposition: form-data; name=\"OSVersion\"\r\n\r\n65535\r\n--margin\r\n"
+                 "Content-Disposition: form-data; name=\"LaunchCounter\"\r\n\r\n1\r\n--margin\r\n"
+                 "Content-Disposition: form-data; name=\"ShowListViewCounter\"\r\n\r\n\r\n--margin\r\n"
+                 "Content-Disposition: form-data; name=\"ShowContactViewCounter\"\r\n\r\n\r\n--margin\r\n"
+                 "Content-Disposition: form-data; name=\"ShowMainViewCounter\"\r\n\r\n\r\n--margin\r\n"
+                 "Content-Disposition: form-data; name=\"DontAskBeforeQuit\"\r\n\r\n\r\n--margin\r\n"
+                 "Content-Disposition: form-data; name=\"PrinterCounter\"\r\n\r\n\r\n--margin\r\n"
+                 "Content-Disposition: form-data; name=\"PatientsCounter\"\r\n\r\n\r\n--margin\r\n"
+                 "Content-Disposition: form-data; name=\"PatientsWaitingCounter\"\r\n\r\n\r\n--margin\r\n"
+                 "Content-Disposition: form-data; name=\"OSVersionReadable\"\r\n\r\nUnknown version\r\n--margin\r\n"));
 }
 
 void ServiceStatistics::upload_of_a_used_installation_byte_for_byte()
 {
-    SettingsFile::replace(SettingsFile::own(), "[General]\n" + identifierLine +
-        "LaunchCounter=6\nShowListViewCounter=12\nShowContactViewCounter=3\nDontAskBeforeQuit=true\n"
-        "PrinterCounter=4\nPatientsCounter=250\nPatientsWaitingCounter=17\nSomething=else\n");
+    SettingsFile::replace(
+        SettingsFile::own(),
+        "[General]\n" + identifierLine
+            + "LaunchCounter=6\nShowListViewCounter=12\nShowContactViewCounter=3\nDontAskBeforeQuit=true\n"
+              "PrinterCounter=4\nPatientsCounter=250\nPatientsWaitingCounter=17\nSomething=else\n");
     StatisticsServer server(StatisticsServer::AnswersOk, *own, port);
     const RunningService running;
 
@@ -120,11 +123,11 @@ void ServiceStatistics::upload_of_a_used_installation_byte_for_byte()
     QCOMPARE(requests.size(), 1);
     QCOMPARE(bodyOf(requests.first()),
              "--margin\r\n" + field("action", "/api/vesktandry/tracking/")
-             + field("Uuid", "{11111111-2222-3333-4444-555555555555}") + field("OSType", "Mac")
-             + field("OSVersion", "65535") + field("LaunchCounter", "7") + field("ShowListViewCounter", "12")
-             + field("ShowContactViewCounter", "3") + field("ShowMainViewCounter", "")
-             + field("DontAskBeforeQuit", "1") + field("PrinterCounter", "4") + field("PatientsCounter", "250")
-             + field("PatientsWaitingCounter", "17") + field("OSVersionReadable", "Unknown version"));
+                 + field("Uuid", "{11111111-2222-3333-4444-555555555555}") + field("OSType", "Mac")
+                 + field("OSVersion", "65535") + field("LaunchCounter", "7") + field("ShowListViewCounter", "12")
+                 + field("ShowContactViewCounter", "3") + field("ShowMainViewCounter", "")
+                 + field("DontAskBeforeQuit", "1") + field("PrinterCounter", "4") + field("PatientsCounter", "250")
+                 + field("PatientsWaitingCounter", "17") + field("OSVersionReadable", "Unknown version"));
 }
 
 void ServiceStatistics::value_is_sent_as_its_text_data()
@@ -194,8 +197,8 @@ void ServiceStatistics::value_with_a_boundary_line_is_not_escaped()
     QCOMPARE(server.requests(1).size(), 1);
     SettingsFile::setValue("PrinterCounter", "a\r\n--margin\r\nb\"");
     running.call("sendDataToServer");
-    QVERIFY(bodyOf(server.requests(2).value(1)).contains(
-        "name=\"PrinterCounter\"\r\n\r\na\r\n--margin\r\nb\"\r\n--margin\r\n"));
+    QVERIFY(bodyOf(server.requests(2).value(1))
+                .contains("name=\"PrinterCounter\"\r\n\r\na\r\n--margin\r\nb\"\r\n--margin\r\n"));
 }
 
 void ServiceStatistics::nobody_sets_the_counter_of_the_main_window()
@@ -237,7 +240,8 @@ void ServiceStatistics::body_is_logged()
     const RunningService running;
     const QStringList logged = LogCapture::lines().filter("margin");
     QCOMPARE(logged.size(), 1);
-    QVERIFY(logged.first().startsWith("\"--margin\\r\\nContent-Disposition: form-data; name=\\\"action\\\"\\r\\n\\r\\n"));
+    QVERIFY(
+        logged.first().startsWith("\"--margin\\r\\nContent-Disposition: form-data; name=\\\"action\\\"\\r\\n\\r\\n"));
     QVERIFY(logged.first().endsWith("name=\\\"OSVersionReadable\\\"\\r\\n\\r\\nUnknown version\\r\\n--margin\\r\\n\""));
 }
 

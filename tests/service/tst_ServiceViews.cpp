@@ -37,9 +37,12 @@ void ServiceViews::window_has_its_document_title_flags_and_colour_data()
     QTest::addColumn<QString>("title");
     QTest::addColumn<bool>("onTop");
 
-    QTest::newRow("main.qml") << "qrc:///qml/main.qml" << "Vesk Tandry" << true;
-    QTest::newRow("ContactPopup.qml") << "qrc:///qml/ContactPopup.qml" << "Vesk Tandry – contacts" << false;
-    QTest::newRow("ListPopup.qml") << "qrc:///qml/ListPopup.qml" << "Vesk Tandry – liste des patients" << false;
+    QTest::newRow("main.qml") << "qrc:///qml/main.qml"
+                              << "Vesk Tandry" << true;
+    QTest::newRow("ContactPopup.qml") << "qrc:///qml/ContactPopup.qml"
+                                      << "Vesk Tandry – contacts" << false;
+    QTest::newRow("ListPopup.qml") << "qrc:///qml/ListPopup.qml"
+                                   << "Vesk Tandry – liste des patients" << false;
 }
 
 void ServiceViews::window_has_its_document_title_flags_and_colour()

@@ -89,8 +89,10 @@ void StartUp::first_instance_makes_and_destroys_in_order()
 {
     Program program({}, "service quits");
     COMPARE_LINES(program.stepsAtEnd(),
-                  beginning + QStringList{"service, parent: no", "activation window is the widget: yes",
-                                          "run, widget visible: yes", "service gone"} + ending);
+                  beginning
+                      + QStringList{"service, parent: no", "activation window is the widget: yes",
+                                    "run, widget visible: yes", "service gone"}
+                      + ending);
     QCOMPARE(program.exitStatus(), QProcess::NormalExit);
     QCOMPARE(program.exitCode(), 0);
 }

@@ -39,7 +39,7 @@ public:
     }
 
     /// The first of that class; null when there is none.
-    template <typename Class>
+    template<typename Class>
     static Class *first()
     {
         for (const Made &each : qAsConst(made())) {

@@ -14,7 +14,9 @@ class PiecewiseDevice : public QIODevice
 {
 public:
     PiecewiseDevice(const char *bytes, qint64 size, int pieceSize)
-        : next(bytes), arriving(size), piece(pieceSize)
+        : next(bytes)
+        , arriving(size)
+        , piece(pieceSize)
     {
         open(QIODevice::ReadOnly | QIODevice::Unbuffered);
     }

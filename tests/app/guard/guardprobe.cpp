@@ -52,7 +52,7 @@ void activateOnMessages(QtSingleApplication &application)
 
 void activateOnMessages(QtSingleCoreApplication &) { }
 
-template <typename Application>
+template<typename Application>
 int runInstance(Application &application, const QCommandLineParser &options)
 {
     waitAtGate(options.value("gate-ask"));
@@ -75,7 +75,7 @@ int runInstance(Application &application, const QCommandLineParser &options)
     return application.exec();
 }
 
-template <typename Application>
+template<typename Application>
 int start(int &argc, char **argv, const QCommandLineParser &options)
 {
     if (options.isSet("id")) {
@@ -93,7 +93,7 @@ int holdLock(const QString &file, const QStringList &request)
     locked.open(QIODevice::ReadWrite);
     say("asking");
     const bool got = locked.lock(request.value(0) == QLatin1String("read") ? QtLockedFile::LockRead
-                                                                          : QtLockedFile::LockWrite,
+                                                                           : QtLockedFile::LockWrite,
                                  request.value(1) == QLatin1String("wait"));
     say(got ? "locked" : "refused");
     if (got)

@@ -37,8 +37,15 @@ class RawPeer
     Q_DISABLE_COPY(RawPeer)
 
 public:
-    explicit RawPeer(int connected = -1) : descriptor(connected) { }
-    RawPeer(RawPeer &&other) noexcept : descriptor(other.descriptor) { other.descriptor = -1; }
+    explicit RawPeer(int connected = -1)
+        : descriptor(connected)
+    {
+    }
+    RawPeer(RawPeer &&other) noexcept
+        : descriptor(other.descriptor)
+    {
+        other.descriptor = -1;
+    }
     ~RawPeer() { hangUp(); }
 
     bool connectTo(const QString &path)

@@ -33,10 +33,8 @@ StoreCall StoreDocument::performWithoutCallback(const QString &operation, const 
 StoreCall StoreDocument::call(const QString &operation, const QJsonArray &values, bool withCallback)
 {
     QVariant result;
-    QMetaObject::invokeMethod(m_document.data(), "perform", Q_RETURN_ARG(QVariant, result),
-                              Q_ARG(QVariant, operation),
-                              Q_ARG(QVariant, QString(QJsonDocument(values).toJson())),
-                              Q_ARG(QVariant, withCallback));
+    QMetaObject::invokeMethod(m_document.data(), "perform", Q_RETURN_ARG(QVariant, result), Q_ARG(QVariant, operation),
+                              Q_ARG(QVariant, QString(QJsonDocument(values).toJson())), Q_ARG(QVariant, withCallback));
     const QJsonObject call = QJsonDocument::fromJson(result.toString().toUtf8()).object();
     if (call["late"].toInt() != 0)
         QTest::qFail("A callback was called after the operation had returned", __FILE__, __LINE__);

@@ -25,4 +25,4 @@ unsigned updaterOwners();
 /// Makes an object that the innermost autorelease pool owns, and that adds "Pooled dealloc" when it goes.
 void makePooledObject();
 
-}
+} // namespace MacRecorder

@@ -35,7 +35,7 @@ QString text(NSURL *url)
 
 /// Lets \a replacement answer \a selector and returns what answered it until now. For a class's own messages, hand
 /// over its metaclass.
-template <typename Function>
+template<typename Function>
 Function *replace(Class target, SEL selector, Function *replacement)
 {
     const Method method = class_getInstanceMethod(target, selector);

@@ -77,14 +77,15 @@ void tst_MacSources::the_pool_is_released_once_with_what_it_holds()
 void tst_MacSources::the_updater_is_prepared_in_this_order()
 {
     const MacAutoUpdater updater("http://localhost/feed.xml");
-    QCOMPARE(MacRecorder::take(), (QStringList{
-        "SUUpdater sharedUpdater",
-        "SUUpdater retain",
-        "NSString stringWithUTF8String: http://localhost/feed.xml",
-        "NSURL URLWithString: http://localhost/feed.xml",
-        "SUUpdater setFeedURL: http://localhost/feed.xml",
-        "SUUpdater setAutomaticallyDownloadsUpdates: YES",
-    }));
+    QCOMPARE(MacRecorder::take(),
+             (QStringList{
+                 "SUUpdater sharedUpdater",
+                 "SUUpdater retain",
+                 "NSString stringWithUTF8String: http://localhost/feed.xml",
+                 "NSURL URLWithString: http://localhost/feed.xml",
+                 "SUUpdater setFeedURL: http://localhost/feed.xml",
+                 "SUUpdater setAutomaticallyDownloadsUpdates: YES",
+             }));
 }
 
 void tst_MacSources::the_feed_address_is_handed_on_unchanged()
@@ -127,17 +128,18 @@ void tst_MacSources::the_checker_checks_at_once_and_lets_go_at_its_end()
         MacUpdateChecker checker(nullptr);
         checker.checkForUpdate();
     }
-    QCOMPARE(MacRecorder::take(), (QStringList{
-        "SUUpdater sharedUpdater",
-        "SUUpdater retain",
-        "NSString stringWithUTF8String: " + address,
-        "NSURL URLWithString: " + address,
-        "SUUpdater setFeedURL: " + address,
-        "SUUpdater setAutomaticallyDownloadsUpdates: YES",
-        "SUUpdater checkForUpdatesInBackground",
-        "SUUpdater checkForUpdatesInBackground",
-        "SUUpdater release",
-    }));
+    QCOMPARE(MacRecorder::take(),
+             (QStringList{
+                 "SUUpdater sharedUpdater",
+                 "SUUpdater retain",
+                 "NSString stringWithUTF8String: " + address,
+                 "NSURL URLWithString: " + address,
+                 "SUUpdater setFeedURL: " + address,
+                 "SUUpdater setAutomaticallyDownloadsUpdates: YES",
+                 "SUUpdater checkForUpdatesInBackground",
+                 "SUUpdater checkForUpdatesInBackground",
+                 "SUUpdater release",
+             }));
 }
 
 void tst_MacSources::showing_a_view_activates_the_program_first()
@@ -145,12 +147,13 @@ void tst_MacSources::showing_a_view_activates_the_program_first()
     DraggableQuickView view(true);
     view.setFlag(Qt::WindowDoesNotAcceptFocus);
     view.show();
-    QCOMPARE(MacRecorder::take(), (QStringList{
-        "NSApplication sharedApplication",
-        "activateIgnoringOtherApps: YES to the shared application",
-        "QWindow::requestActivate",
-        "QWindow::raise",
-    }));
+    QCOMPARE(MacRecorder::take(),
+             (QStringList{
+                 "NSApplication sharedApplication",
+                 "activateIgnoringOtherApps: YES to the shared application",
+                 "QWindow::requestActivate",
+                 "QWindow::raise",
+             }));
     QVERIFY(view.isVisible());
 }
 
@@ -160,12 +163,13 @@ void tst_MacSources::the_focuser_raises_without_showing()
     view.setFlag(Qt::WindowDoesNotAcceptFocus);
     view.create();
     Focuser(&view).raise();
-    QCOMPARE(MacRecorder::take(), (QStringList{
-        "NSApplication sharedApplication",
-        "activateIgnoringOtherApps: YES to the shared application",
-        "QWindow::requestActivate",
-        "QWindow::raise",
-    }));
+    QCOMPARE(MacRecorder::take(),
+             (QStringList{
+                 "NSApplication sharedApplication",
+                 "activateIgnoringOtherApps: YES to the shared application",
+                 "QWindow::requestActivate",
+                 "QWindow::raise",
+             }));
     QVERIFY(!view.isVisible());
 }
 

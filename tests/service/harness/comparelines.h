@@ -8,7 +8,7 @@
     do {                                                                                                               \
         const QStringList actualLines = (actual);                                                                      \
         const QStringList expectedLines(__VA_ARGS__);                                                                  \
-        QVERIFY2(actualLines == expectedLines,                                                                         \
-                 qPrintable("Actual:\n  " + actualLines.join("\n  ") + "\nExpected:\n  "                               \
-                            + expectedLines.join("\n  ")));                                                            \
+        QVERIFY2(                                                                                                      \
+            actualLines == expectedLines,                                                                              \
+            qPrintable("Actual:\n  " + actualLines.join("\n  ") + "\nExpected:\n  " + expectedLines.join("\n  ")));    \
     } while (false)

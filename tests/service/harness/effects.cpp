@@ -22,7 +22,7 @@ QMap<QString, QVariant> allSettings()
     return values;
 }
 
-}
+} // namespace
 
 Effects::Effects(RunningService &service)
     : running(service)

@@ -10,7 +10,7 @@
 /// Runs \a open, which is expected to show a modal dialog and wait for it, and lets \a drive use that dialog once it
 /// is on the screen; what is still open then is closed. Another dialog that comes up before or meanwhile is closed,
 /// too, and the text of a message box is added to \a others. False when the dialog never came.
-template <typename Dialog>
+template<typename Dialog>
 bool withModal(const std::function<void()> &open, const std::function<void(Dialog &)> &drive,
                QStringList *others = nullptr)
 {

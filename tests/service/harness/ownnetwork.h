@@ -36,4 +36,4 @@ inline void claim(quint16 port)
         qFatal("%s cannot be locked: %s", path.constData(), strerror(errno));
 }
 
-}
+} // namespace OwnNetwork

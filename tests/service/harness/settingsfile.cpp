@@ -25,7 +25,7 @@ QSettings &siblingStore()
     return settings;
 }
 
-}
+} // namespace
 
 QString SettingsFile::own()
 {

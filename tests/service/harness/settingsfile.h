@@ -29,4 +29,4 @@ QString agentList();
 /// No settings, no property list, nothing of an earlier test.
 void forgetEverything();
 
-}
+} // namespace SettingsFile

@@ -52,21 +52,18 @@ int lengthOf(const QByteArray &request)
 QByteArray answer(StatisticsServer::Behaviour behaviour)
 {
     switch (behaviour) {
-    case StatisticsServer::AnswersOk:
-        return "HTTP/1.1 200 OK\r\nContent-Length: 2\r\n\r\nOK";
-    case StatisticsServer::AnswersError:
-        return "HTTP/1.1 500 Internal Server Error\r\nContent-Length: 4\r\n\r\nOops";
+    case StatisticsServer::AnswersOk: return "HTTP/1.1 200 OK\r\nContent-Length: 2\r\n\r\nOK";
+    case StatisticsServer::AnswersError: return "HTTP/1.1 500 Internal Server Error\r\nContent-Length: 4\r\n\r\nOops";
     case StatisticsServer::AnswersHugely:
         return "HTTP/1.1 200 OK\r\nContent-Length: " + QByteArray::number(hugeSize) + "\r\n\r\n"
             + QByteArray(hugeSize, 'x');
     case StatisticsServer::NeverAnswers:
-    case StatisticsServer::NeverShakesHands:
-        break;
+    case StatisticsServer::NeverShakesHands: break;
     }
     return QByteArray();
 }
 
-}
+} // namespace
 
 StatisticsServer::StatisticsServer(Behaviour wanted, const Certificate &own, quint16 wantedPort)
     : behaviour(wanted)
@@ -129,7 +126,8 @@ QList<QByteArray> StatisticsServer::requests(int count, int timeoutMs)
 {
     QElapsedTimer timer;
     timer.start();
-    forever {
+    forever
+    {
         {
             QMutexLocker lock(&mutex);
             if (received.size() >= count || timer.elapsed() > timeoutMs)

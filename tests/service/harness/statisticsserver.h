@@ -16,10 +16,10 @@ class StatisticsServer : public QThread
 public:
     enum Behaviour {
         AnswersOk,
-        AnswersError,      ///< status 500
-        AnswersHugely,     ///< 100 MB
-        NeverAnswers,      ///< takes the request and says nothing
-        NeverShakesHands,  ///< takes the connection and says nothing
+        AnswersError, ///< status 500
+        AnswersHugely, ///< 100 MB
+        NeverAnswers, ///< takes the request and says nothing
+        NeverShakesHands, ///< takes the connection and says nothing
     };
 
     /// Listens on \a port with that certificate until it is destroyed.

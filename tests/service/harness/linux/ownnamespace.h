@@ -50,4 +50,4 @@ inline bool enterNamespace()
     return true;
 }
 
-}
+} // namespace OwnNetwork

@@ -8,4 +8,4 @@ inline bool enterNamespace()
     return false;
 }
 
-}
+} // namespace OwnNetwork
