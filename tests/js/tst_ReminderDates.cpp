@@ -65,10 +65,6 @@ private slots:
     void dates_are_written_as_local_days();
     void first_appointment_is_read_from_its_text_data();
     void first_appointment_is_read_from_its_text();
-
-    void waiting_goes_by_the_day_in_greenwich_data();
-    void waiting_goes_by_the_day_in_greenwich();
-    void new_patient_just_after_a_midnight_in_paris_waits_only_later();
     void reminder_is_written_as_the_local_day_near_midnight();
 };
 
@@ -372,43 +368,6 @@ void tst_ReminderDates::first_appointment_is_read_from_its_text()
                           " date.getMinutes()]")
               .toArray(),
           "date");
-}
-
-void tst_ReminderDates::waiting_goes_by_the_day_in_greenwich_data()
-{
-    QTest::addColumn<QByteArray>("zone");
-    QTest::addColumn<QByteArray>("now");
-    QTest::addColumn<int>("waiting");
-    const QByteArray paris = "Europe/Paris";
-    const QByteArray newYork = "America/New_York";
-    QTest::newRow("Paris, still yesterday there in summer") << paris << QByteArray("2014-05-12 01:59:59") << 0;
-    QTest::newRow("Paris, today there too") << paris << QByteArray("2014-05-12 02:00:00") << 1;
-    QTest::newRow("Paris, the evening before") << paris << QByteArray("2014-05-11 23:59:59") << 0;
-    QTest::newRow("New York, already tomorrow there") << newYork << QByteArray("2014-05-11 20:00:00") << 1;
-    QTest::newRow("New York, late") << newYork << QByteArray("2014-05-11 23:30:00") << 1;
-    QTest::newRow("New York, not yet") << newYork << QByteArray("2014-05-11 19:59:59") << 0;
-}
-
-void tst_ReminderDates::waiting_goes_by_the_day_in_greenwich()
-{
-    QFETCH(QByteArray, zone);
-    QFETCH(QByteArray, now);
-    QFETCH(int, waiting);
-    PracticeAt practice(now, zone);
-    practice.file.run({"INSERT INTO Patients (name, notification_date) VALUES ('Dupont', '2014-05-12')"});
-    QCOMPARE(practice.store.perform("getWaitingNumber").answer(), QJsonValue(QJsonObject{{"count", waiting}}));
-    QCOMPARE(practice.store.get(1)["waiting"], QJsonValue(waiting));
-    QCOMPARE(practice.store.perform("selectWaiting").answer().toArray().count(), waiting);
-}
-
-void tst_ReminderDates::new_patient_just_after_a_midnight_in_paris_waits_only_later()
-{
-    PracticeAt practice("2014-01-12 00:30:00");
-    practice.store.insertNamed("Dupont");
-    QCOMPARE(practice.store.get(1)["notification_date"].toString(), QString("2014-01-12"));
-    QCOMPARE(practice.store.get(1)["waiting"], QJsonValue(0));
-    practice.moveTo("2014-01-12 01:00:00");
-    QCOMPARE(practice.store.get(1)["waiting"], QJsonValue(1));
 }
 
 void tst_ReminderDates::reminder_is_written_as_the_local_day_near_midnight()
