@@ -70,6 +70,8 @@ set(CPACK_DEBIAN_PACKAGE_SECTION misc)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS
-    "qml-module-qtquick2, qml-module-qtquick-controls, qml-module-qtquick-localstorage, qml-module-qtquick-window2, libqt5sql5-sqlite, fonts-liberation | fonts-liberation2")
+    qml-module-qtquick2 qml-module-qtquick-controls qml-module-qtquick-localstorage qml-module-qtquick-window2
+    libqt5sql5-sqlite "fonts-liberation | fonts-liberation2")
+list(JOIN CPACK_DEBIAN_PACKAGE_DEPENDS ", " CPACK_DEBIAN_PACKAGE_DEPENDS)
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "xdg-utils, qtwayland5")
 include(CPack)

@@ -2,7 +2,7 @@
 """Lets one analyser read the sources, and fails on any finding of a kind that is asked for: those that the analyser of
 Debian 12 knows, listed in the folder "kinds". What a newer one adds is printed and does not count.
 
-Usage: analyse.py clang_tidy|clazy|cppcheck|qmllint|shellcheck PROGRAM BUILD_FOLDER"""
+Usage: analyse.py clang_format|clang_tidy|clazy|cppcheck|qmllint|shellcheck PROGRAM BUILD_FOLDER"""
 
 import concurrent.futures
 import json
@@ -17,6 +17,7 @@ CPP_FOLDERS = [ROOT / "src" / name for name in ("app", "copies", "platform", "re
 HEADERS = "/src/(app|copies|platform|restore|service)/[^/]+\\.h$"
 FINDING = re.compile(r"\b(?:warning|error): .*?(?:\[([^\][ ]+)\])?$", re.MULTILINE)
 NEWEST_OF_SHELLCHECK = 2324
+FORMATTER = 14
 
 
 def files(folders, *patterns):
@@ -64,6 +65,17 @@ def qmllint(program, build):
     return [[program, file] for file in files(folders, "*.qml", "*.js")]
 
 
+def clang_format(program, build):
+    """Whether the sources have the form of .clang-format. Every release breaks some lines in another way, so only the
+    one of Debian 12 is asked."""
+    version = subprocess.run([program, "--version"], stdout=subprocess.PIPE, text=True, check=True).stdout
+    if f" {FORMATTER}." not in version:
+        print(f"Not compared, only version {FORMATTER} counts: {version}")
+        sys.exit(0)
+    folders = [ROOT / name for name in ("src", "tests", "benchmarks")]
+    return [[program, "--dry-run", "--Werror", file] for file in files(folders, "*.cpp", "*.h", "*.mm", "*.m")]
+
+
 def shellcheck(program, build):
     scripts = [file for file in files([ROOT / "scripts", ROOT / ".ci", ROOT / "packaging"], "*") if is_shell(file)]
     return [[program, "--format=gcc", file] for file in scripts]
@@ -103,7 +115,7 @@ def run(command, asked_for):
 
 def main():
     analysis, program, build = sys.argv[1:]
-    analyses = {"clang_tidy": clang_tidy, "clazy": clazy, "cppcheck": cppcheck, "qmllint": qmllint,
+    analyses = {"clang_format": clang_format, "clang_tidy": clang_tidy, "clazy": clazy, "cppcheck": cppcheck, "qmllint": qmllint,
                 "shellcheck": shellcheck}
     commands = analyses[analysis](program, pathlib.Path(build))
     with concurrent.futures.ThreadPoolExecutor(max_workers=2) as pool:

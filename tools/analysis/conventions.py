@@ -9,6 +9,7 @@ ROOT = pathlib.Path(__file__).resolve().parents[2]
 FOLDERS = ("src", "tests", "benchmarks", "scripts", "cmake", "packaging", ".ci")
 SOURCES = {".cpp", ".h", ".mm", ".m", ".qml", ".js", ".py", ".sh", ".cmake", ".txt", ".in", ".qrc", ""}
 LONGEST = 400
+LONGEST_LINE = 132  # as .editorconfig says
 
 HEX_COLOUR = re.compile(r"#(?:[0-9a-fA-F]{8}|[0-9a-fA-F]{6}|[0-9a-fA-F]{3,4})\b")
 SYSTEM_SWITCH = re.compile(r"^\s*#\s*(?:if|ifdef|ifndef|elif)\b.*\b(?:Q_OS_\w+|__APPLE__|__linux__|_WIN32)\b")
@@ -75,6 +76,10 @@ def breaches_of_line(path, line):
         yield "a colour outside the palette"
     if SYSTEM_SWITCH.search(line) and not may_ask_for_the_system(path):
         yield "a switch of the system outside src/platform"
+    if line != line.rstrip() or "\t" in line:
+        yield "a tab, or blanks at the end"
+    if len(line) > LONGEST_LINE and path.suffix != ".txt":
+        yield f"{len(line)} characters, more than {LONGEST_LINE}"
     if LEFT_OPEN.search(line):
         yield "something left open or left out"
     if name.startswith("tests/") and path.suffix in (".cpp", ".h", ".qml", ".py") and TEST_LEFT_OUT.search(line):
