@@ -1,8 +1,8 @@
-# Values that a person may want to change at build time. The defaults are reserved names that reach nobody.
+# Values that can be changed at build time. The defaults are reserved names that never resolve.
 # A host may carry a port ("localhost:8443").
 set(TANDRY_STATISTICS_HOST "statistics.olmeric.example" CACHE STRING "Host that receives the daily usage counters")
 set(TANDRY_UPDATE_HOST "updates.olmeric.example" CACHE STRING "Host of the software update feed")
-set(TANDRY_UPDATE_PUBLIC_KEY "" CACHE STRING "Public key (EdDSA, base 64) that updates are signed for; macOS")
+set(TANDRY_UPDATE_PUBLIC_KEY "" CACHE STRING "Public key (EdDSA, base64) that verifies the signatures of updates; macOS")
 set(TANDRY_SMS_HOST "sms.olmeric.example" CACHE STRING "Host of the SMS service page")
 set(TANDRY_CONTACT_PHONE "01 99 00 00 00" CACHE STRING "Telephone number shown in the contact window")
 set(TANDRY_PHARMACOVIGILANCE_EMAIL "pharmacovigilance@olmeric.example" CACHE STRING "Pharmacovigilance e-mail address")
@@ -20,5 +20,5 @@ foreach(setting IN LISTS TANDRY_BUILD_SETTINGS)
     message(STATUS "  TANDRY_${setting} = ${TANDRY_${setting}}")
 endforeach()
 
-# The transport exception of the macOS bundle names a domain, without a port.
+# NSExceptionDomains in Info.plist takes a domain without a port.
 string(REGEX REPLACE ":[0-9]+$" "" TANDRY_UPDATE_DOMAIN "${TANDRY_UPDATE_HOST}")

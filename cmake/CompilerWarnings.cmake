@@ -1,5 +1,5 @@
-# Warnings are a property of our own targets, never a global flag: generated and third-party code stays out of it.
-option(TANDRY_WARNINGS_AS_ERRORS "Treat warnings as errors (what CI does)" OFF)
+# Warnings are enabled per target, never globally: generated and third-party code is exempt.
+option(TANDRY_WARNINGS_AS_ERRORS "Treat warnings as errors, as CI does" OFF)
 
 function(tandry_enable_warnings target)
     target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion)

@@ -1,10 +1,10 @@
-# One test is one executable that links the very libraries that ship, never their sources again.
+# One test is one executable. It links the libraries that ship and never compiles their sources again.
 #
 #   tandry_add_test(tst_Name
 #       SOURCES tst_Name.cpp ...
 #       LIBRARIES tandry_platform ...
-#       [ENVIRONMENT NAME=value ...]      added to, and stronger than, the environment below
-#       [TIMEOUT seconds])                120 when not given; five times as many under a sanitizer
+#       [ENVIRONMENT NAME=value ...]      added to the environment below, and overrides it
+#       [TIMEOUT seconds])                default 120; five times as long under a sanitizer
 function(tandry_add_test name)
     cmake_parse_arguments(arg "" "TIMEOUT" "SOURCES;LIBRARIES;ENVIRONMENT" ${ARGN})
     if(arg_UNPARSED_ARGUMENTS)
@@ -13,7 +13,7 @@ function(tandry_add_test name)
     if(NOT arg_TIMEOUT)
         set(arg_TIMEOUT 120)
     endif()
-    if(CMAKE_CXX_FLAGS MATCHES "-fsanitize=") # notes the stack of every allocation
+    if(CMAKE_CXX_FLAGS MATCHES "-fsanitize=") # records the stack of every allocation
         math(EXPR arg_TIMEOUT "${arg_TIMEOUT} * 5")
     endif()
 
