@@ -1,5 +1,5 @@
-# What the package puts where, and what it needs. The program's libraries are found by the packaging tool; the modules
-# that only documents name are found by nobody and listed here.
+# Installed files and dependencies of the Debian package. dpkg-shlibdeps finds the libraries; the QML modules, which only
+# documents name, are listed here.
 set(CMAKE_INSTALL_DOCDIR share/doc/vesk-tandry)
 include(GNUInstallDirs)
 
@@ -15,8 +15,7 @@ install(FILES "${linux_dir}/copyright" DESTINATION "${CMAKE_INSTALL_DOCDIR}")
 
 install(DIRECTORY "${TANDRY_MANUAL_DIR}/" DESTINATION "${CMAKE_INSTALL_DOCDIR}")
 
-# Debian keeps manual pages and lists of changes compressed: without a name and a date inside (-n), so that the same
-# sources give the same package.
+# Debian compresses manual pages and change logs. -n leaves out name and date: the same sources give the same package.
 find_program(TANDRY_GZIP gzip REQUIRED)
 function(tandry_install_compressed source name folder)
     set(compressed "${CMAKE_CURRENT_BINARY_DIR}/${name}.gz")
@@ -42,8 +41,8 @@ install(FILES "${PROJECT_SOURCE_DIR}/src/images/source/tray.svg"
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME vesk-tandry)
 set(CPACK_PACKAGE_VERSION "${PROJECT_VERSION}")
-# Counts the packages of one version of the program. With the release that it is built on behind it, since each has its
-# own Qt: so an upgrade of the system finds the newer package.
+# Counts the packages of one version of the program. The Debian release is appended, because each has its own Qt: after an
+# upgrade of the system, apt finds the package of the new release.
 set(TANDRY_PACKAGE_REVISION 1)
 set(release "")
 if(EXISTS /etc/os-release)
@@ -60,9 +59,9 @@ set(CPACK_PACKAGE_VENDOR Olmeric)
 set(CPACK_PACKAGE_CONTACT "Olmeric <${TANDRY_CUSTOMER_EMAIL}>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Follow-up of patients in allergy desensitisation")
 set(CPACK_PACKAGE_DESCRIPTION
-    "A small always-available widget for a physician's practice: it follows
- patients through the five steps of the desensitisation pathway and tells on
- which day each next needs attention. Its texts are French.")
+    "A small, always available widget for a physician's practice. It follows
+ patients through the five steps of the desensitisation pathway and shows
+ when each of them needs attention next. The user interface is in French.")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES TRUE)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)

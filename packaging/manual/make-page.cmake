@@ -1,5 +1,5 @@
-# Makes an HTML page of a Markdown document: cmake -DCMARK=... -DTEMPLATE=... -DSOURCE=... -DPAGE=... -P make-page.cmake
-# Its links to other such documents lead to their pages.
+# Converts a Markdown document to an HTML page: cmake -DCMARK=... -DTEMPLATE=... -DSOURCE=... -DPAGE=... -P make-page.cmake
+# Links to other Markdown documents become links to their HTML pages.
 execute_process(COMMAND "${CMARK}" --extension table "${SOURCE}"
     OUTPUT_VARIABLE body RESULT_VARIABLE result OUTPUT_STRIP_TRAILING_WHITESPACE)
 if(NOT result EQUAL 0)
