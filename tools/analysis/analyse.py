@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Lets one analyser read the sources, and fails on any finding of a kind that is asked for: those that the analyser of
-Debian 12 knows, listed in the folder "kinds". What a newer one adds is printed and does not count.
+"""Runs one analyser over the sources and fails on any finding whose kind is listed in the folder "kinds": these are the
+kinds that the analyser of Debian 12 knows. Findings of newer kinds are printed and do not count.
 
 Usage: analyse.py clang_format|clang_tidy|clazy|cppcheck|qmllint|shellcheck PROGRAM BUILD_FOLDER"""
 
@@ -21,7 +21,7 @@ FORMATTER = 14
 
 
 def files(folders, *patterns):
-    """The files below the folders, sorted; none at all is a mistake of this script's."""
+    """The files below the folders, sorted. Exits when there are none: the folders are wrong then."""
     found = sorted(file for folder in folders for pattern in patterns for file in folder.rglob(pattern))
     if not found:
         sys.exit(f"Nothing to analyse in {', '.join(map(str, folders))}")
@@ -29,7 +29,7 @@ def files(folders, *patterns):
 
 
 def compiled_sources(build):
-    """The product's C++ files. Each has to be in the build's list of commands, except the other platform's."""
+    """The product's C++ files. Each has to be in compile_commands.json, except those for macOS."""
     commands = json.loads((build / "compile_commands.json").read_text(encoding="utf-8"))
     compiled = {pathlib.Path(command["directory"], command["file"]).resolve() for command in commands}
     sources = [file for file in files(CPP_FOLDERS, "*.cpp") if not file.stem.endswith("_mac")]
@@ -44,13 +44,13 @@ def clang_tidy(program, build):
 
 
 def clazy(program, build):
-    # Clazy reads "// clazy:exclude=..." beside the line; the reason stands there, too.
+    # "// clazy:exclude=..." at the end of a line suppresses a finding; the reason is beside it.
     return [[program, "-p", build, "-checks=level1", f"-header-filter={HEADERS}", file]
             for file in compiled_sources(build)]
 
 
 def cppcheck(program, build):
-    # Both platforms at once: it needs no headers of either. It does not read Objective-C++.
+    # Both platforms in one run: cppcheck needs no headers. It does not support Objective-C++.
     options = ["--quiet", "--error-exitcode=1", "--enable=warning,style,performance,portability",
                "--inline-suppr", f"--suppressions-list={HERE / 'cppcheck-suppressions.txt'}",
                "--library=qt", "--library=posix", "--std=c++17", "--language=c++",
@@ -60,17 +60,17 @@ def cppcheck(program, build):
 
 
 def qmllint(program, build):
-    # Without -U, which warns of valid things: a gate for the syntax.
+    # Syntax only: -U also warns about valid code.
     folders = [ROOT / "src", ROOT / "tests", ROOT / "benchmarks", build / "src" / "js"]
     return [[program, file] for file in files(folders, "*.qml", "*.js")]
 
 
 def clang_format(program, build):
-    """Whether the sources have the form of .clang-format. Every release breaks some lines in another way, so only the
-    one of Debian 12 is asked."""
+    """Compares the sources with .clang-format. Releases format some lines differently: only the version of Debian 12
+    counts."""
     version = subprocess.run([program, "--version"], stdout=subprocess.PIPE, text=True, check=True).stdout
     if f" {FORMATTER}." not in version:
-        print(f"Not compared, only version {FORMATTER} counts: {version}")
+        print(f"Not compared: only version {FORMATTER} counts, this is {version}")
         sys.exit(0)
     folders = [ROOT / name for name in ("src", "tests", "benchmarks")]
     return [[program, "--dry-run", "--Werror", file] for file in files(folders, "*.cpp", "*.h", "*.mm", "*.m")]
@@ -82,7 +82,7 @@ def shellcheck(program, build):
 
 
 def is_shell(file):
-    """Whether the first line says so: the scripts carry no suffix."""
+    """Reads the first line: the scripts have no suffix."""
     if not file.is_file():
         return False
     with open(file, "rb") as opened:
@@ -90,7 +90,7 @@ def is_shell(file):
 
 
 def kinds_asked_for(analysis):
-    """The kinds of findings that count, or None for an analyser that knows no kinds."""
+    """The kinds of findings that count, or None for an analyser without kinds."""
     if analysis == "shellcheck":
         return {f"SC{number}" for number in range(1000, NEWEST_OF_SHELLCHECK + 1)}
     path = HERE / "kinds" / f"{analysis}.txt"
@@ -98,13 +98,13 @@ def kinds_asked_for(analysis):
 
 
 def counts(finding, asked_for):
-    """Whether a finding is of a kind that is asked for. One without a kind is a mistake in the source or in the call."""
+    """Whether the kind of a finding counts. A finding without a kind is an error in the source or in the command line."""
     kinds = finding.group(1)
     return asked_for is None or kinds is None or not asked_for.isdisjoint(kinds.split(","))
 
 
 def run(command, asked_for):
-    """The command's output and whether something in it counts."""
+    """The command's output, and whether it holds a finding that counts."""
     done = subprocess.run([str(part) for part in command], stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
                           text=True, check=False)
     findings = list(FINDING.finditer(done.stdout))

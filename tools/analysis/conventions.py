@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""The project's conventions that a program can check. Fails with a line for each breach."""
+"""Checks the project's coding conventions. Fails with one line for each breach."""
 
 import pathlib
 import re
@@ -15,12 +15,12 @@ HEX_COLOUR = re.compile(r"#(?:[0-9a-fA-F]{8}|[0-9a-fA-F]{6}|[0-9a-fA-F]{3,4})\b"
 SYSTEM_SWITCH = re.compile(r"^\s*#\s*(?:if|ifdef|ifndef|elif)\b.*\b(?:Q_OS_\w+|__APPLE__|__linux__|_WIN32)\b")
 INCLUDE = re.compile(r'^\s*#\s*(?:include|import)\s*["<](?:.*/)?([^/">]+)[">]')
 MEMBER_MADE = re.compile(r"^\s+(\w+) = new .*;$")
-# Spelt so that they are not found here.
+# The brackets keep these patterns from matching this file.
 LEFT_OPEN = re.compile(r"\b(?:Q[S]KIP|TO[D]O|FIX[M]E)\b")
 TEST_LEFT_OUT = re.compile(r"\b(?:s[k]ip(?:Test|If|Unless)?|expectedFailure)\s*\(|\bQEXPECT[_]FAIL\b")
 
-# Who may know whom. The link lines hold most of it; the window class and the guard share a folder, and with it its
-# headers, so the includes are read as well.
+# Allowed dependencies. The link lines enforce most of them. The window class and the guard share a folder, and with it an
+# include path: the includes are checked as well.
 KNOWS = {
     "program": {"copies", "guard", "platform", "service", "view"},
     "service": {"platform", "view"},
@@ -36,7 +36,7 @@ PROGRAMS = {"src/app/main.cpp": "program", "src/restore/main.cpp": "restore prog
 
 
 def sources():
-    """Every file that is written by hand, with its lines."""
+    """Every hand-written file with its lines."""
     for folder in FOLDERS:
         for path in sorted((ROOT / folder).rglob("*")):
             if path.is_file() and path.suffix in SOURCES and "corpus" not in path.parts:
@@ -48,7 +48,7 @@ def may_ask_for_the_system(path):
 
 
 def part_of(path):
-    """The part of the plan that a source of the program belongs to; None for what is not native."""
+    """The part in KNOWS that a source belongs to; None for files that are not native code."""
     folder = path.parts[1]
     if path.parts[0] != "src" or len(path.parts) < 3:
         return None
@@ -75,15 +75,15 @@ def breaches_of_line(path, line):
     if name.startswith("src/qml/") and name != "src/qml/base/Palette.qml" and HEX_COLOUR.search(line):
         yield "a colour outside the palette"
     if SYSTEM_SWITCH.search(line) and not may_ask_for_the_system(path):
-        yield "a switch of the system outside src/platform"
+        yield "an #ifdef for a platform outside src/platform"
     if line != line.rstrip() or "\t" in line:
-        yield "a tab, or blanks at the end"
+        yield "a tab, or trailing blanks"
     if len(line) > LONGEST_LINE and path.suffix != ".txt":
         yield f"{len(line)} characters, more than {LONGEST_LINE}"
     if LEFT_OPEN.search(line):
-        yield "something left open or left out"
+        yield "a to-do, or a test that is skipped"
     if name.startswith("tests/") and path.suffix in (".cpp", ".h", ".qml", ".py") and TEST_LEFT_OUT.search(line):
-        yield "a test that is left out"
+        yield "a test that is skipped"
 
 
 def breaches_of_file(path, lines):

@@ -1,5 +1,5 @@
-"""Tells which functions and handlers of the documents and scripts the tests reach. In a copy of the tree each of them
-first says its own name; what no test of the documents and scripts makes say so is listed."""
+"""Lists the functions and handlers of documents and scripts that no test calls. In a copy of the tree, each of them logs
+its place first; those that never appear in the log of the document and script tests are listed."""
 
 import argparse
 import concurrent.futures
@@ -19,7 +19,7 @@ TESTS = ["tests/js", "tests/qml"]
 
 
 def instrumented(path, text):
-    """The text with a line of the log at the beginning of each function and handler; their places and names."""
+    """The text with a log statement at the beginning of each function and handler, and their places and names."""
     lines, places = [], {}
     source = text.split("\n")
     for number, line in enumerate(source, 1):
@@ -41,7 +41,7 @@ def instrumented(path, text):
 
 
 def copy_instrumented(tree, copy):
-    """Makes the copy, and gives the places of all functions and handlers."""
+    """Creates the copy and returns the places of all functions and handlers."""
     names = subprocess.run(["git", "ls-files", "--cached", "--others", "--exclude-standard"], cwd=tree, check=True,
                            capture_output=True, text=True).stdout.splitlines()
     for name in filter(lambda name: (tree / name).is_file(), names):
@@ -56,7 +56,7 @@ def copy_instrumented(tree, copy):
 
 
 def run_tests(copy, build):
-    """Builds the copy and gives all that its tests of documents and scripts write."""
+    """Builds the copy and returns the output of its document and script tests."""
     subprocess.run(["cmake", "-S", copy, "-B", build, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Debug",
                     "-DTANDRY_STATISTICS_HOST=127.0.0.1:47443", "-DTANDRY_UPDATE_HOST=127.0.0.1:47080"], check=True)
     for area in TESTS:
@@ -71,10 +71,10 @@ def tests_of(folder):
 
 
 def said_by(test):
-    """What a test writes. One that compares the log may fail in the copy: here only what is reached counts."""
+    """The output of a test. Tests that compare the log may fail in the copy: only the calls count here."""
     properties = {each["name"]: each["value"] for each in test["properties"]}
     environment = dict(each.split("=", 1) for each in properties.get("ENVIRONMENT", []))
-    # Or the test library falls silent after two thousand lines.
+    # Qt Test stops logging after 2,000 messages otherwise.
     run = subprocess.run(test["command"] + ["-maxwarnings", "0"], cwd=properties["WORKING_DIRECTORY"], check=False,
                          env={**os.environ, **environment}, stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
     return run.stdout.decode("utf-8", errors="replace")

@@ -1,4 +1,4 @@
-"""A year of daily copies under a clock that is often set wrong, and kills in the middle of a copy, an exchange, a rotation."""
+"""400 days of daily copies with a clock that is often wrong, and kills during a copy, an exchange and a rotation."""
 
 import datetime
 import os
@@ -14,15 +14,15 @@ from harness.store import Store
 from harness.tandry import Tandry
 from harness.waiting import wait_until
 
-DESCRIPTION = "400 days of copies with a clock that is now and then wrong, and kills in the middle of copies and exchanges"
+DESCRIPTION = "makes copies on 400 days with a clock that is sometimes wrong, and kills copies and exchanges half-way"
 _FIRST = datetime.date(2026, 11, 21)
 _DAYS, _WEEKS, _MONTHS = 7, 5, 12
 
 
 def add_arguments(parser):
-    parser.add_argument("--days", type=int, default=400, help="how many days the program starts on (400)")
-    parser.add_argument("--wrong", type=int, default=10, help="every how many days the clock is wrong for a start (10)")
-    parser.add_argument("--kills", type=int, default=200, help="how often each kind of work is killed (200)")
+    parser.add_argument("--days", type=int, default=400, help="number of days on which the program starts (default 400)")
+    parser.add_argument("--wrong", type=int, default=10, help="interval in days between starts with a wrong clock (default 10)")
+    parser.add_argument("--kills", type=int, default=200, help="number of kills for each kind of work (default 200)")
 
 
 def run(options, report):
@@ -31,7 +31,7 @@ def run(options, report):
 
 
 def kills(options, report):
-    """The test of the kills with more rounds; it prints how many of them fell into the middle of the work."""
+    """Runs tst_CopyKills with more rounds; it prints how many kills interrupted the work."""
     environment = {**os.environ, "TANDRY_KILLS": str(options.kills), "TANDRY_KILL_SEED": str(options.seed % 2 ** 32)}
     done = subprocess.run([options.build / "tests" / "copies" / "tst_CopyKills"], env=environment, capture_output=True,
                           text=True, timeout=3600, check=False)
@@ -42,7 +42,7 @@ def kills(options, report):
 
 
 def promised(days):
-    """The days whose copies have to be there: seven days, and the last of five weeks and of twelve months."""
+    """The days whose copies must exist: the last seven days, and the last day of five weeks and of twelve months."""
     newest_first = sorted(days, reverse=True)
     weeks, months = {}, {}
     for day in newest_first:
@@ -52,7 +52,7 @@ def promised(days):
 
 
 class Year:
-    """The real program, started once a day on a store that something is added to every day."""
+    """The real program, started once a day; a patient is added every day."""
 
     def __init__(self, options):
         self.options = options
@@ -61,7 +61,7 @@ class Year:
         tree.connect()
         self.home = Home()
         self.store = Store(self.home.data, "tandry")
-        self.ran = []  # the right days on which it ran
+        self.ran = []  # days with a correct clock on which the program ran
         self.wrong = set()
         self.most = 0
 
@@ -98,12 +98,12 @@ class Year:
         database.close()
 
     def start(self, day):
-        """Starts the program until it has copied, and ends it."""
+        """Starts the program, waits for its copy and ends it."""
         before = self.counts()
         widget = Tandry(self.desktop, self.home, "startup", environment={
             "QT_QUICK_BACKEND": "software", **clock.moved(f"{day} 10:00:00")})
         try:
-            # What says so is written once the copy has been made.
+            # This line is logged after the copy.
             said = "OSVersionReadable"
             wait_until(lambda: widget.log.count(said) > self.said, "the program has started")
             self.said = widget.log.count(said)
@@ -112,7 +112,7 @@ class Year:
         finally:
             widget.stop()
         lost = [name for name, count in before.items() if name in self.counts() and self.counts()[name] < count]
-        assert not lost, f"{lost} hold less than before"
+        assert not lost, f"{lost} have fewer patients than before"
 
     said = 0
 
@@ -120,10 +120,10 @@ class Year:
         return {name: len(self.store.copied_names(name)) for name in self.store.copies()}
 
     def compare(self, today):
-        """All promised copies are there and whole, and no more than a few others."""
+        """All required copies exist and are complete, with at most two others."""
         kept = {datetime.date.fromisoformat(name) for name in self.store.copies()}
         self.most = max(self.most, len(kept))
         missing = promised(self.ran) - kept
-        assert not missing, f"on {today} the copies of {sorted(missing)} are gone"
+        assert not missing, f"on {today} the copies of {sorted(missing)} are missing"
         superfluous = kept - promised(self.ran) - promised(self.ran[:-1]) - self.wrong
-        assert len(superfluous) <= 2, f"on {today} {sorted(superfluous)} should have gone"
+        assert len(superfluous) <= 2, f"on {today} {sorted(superfluous)} should have been deleted"

@@ -1,16 +1,16 @@
-"""The program is killed at random moments, a thousand times, and must lose nothing that its window had confirmed."""
+"""Kills the program at random moments, a thousand times. It must not lose anything that its window had confirmed."""
 
 from crashes.report import lines
 from crashes.trials import Trials
 from harness import tree
 from harness.desktop import Desktop
 
-DESCRIPTION = "kills the program at random moments: what its window had confirmed must be there at the next start"
+DESCRIPTION = "kills the program at random moments: everything its window had confirmed must be there at the next start"
 _PROGRESS = 50
 
 
 def add_arguments(parser):
-    parser.add_argument("--trials", type=int, default=1000, help="how often it is killed (1000)")
+    parser.add_argument("--trials", type=int, default=1000, help="number of kills (default 1000)")
 
 
 def run(options, report):

@@ -1,5 +1,5 @@
-"""Accidents of the version record and of the database's folder, at ten moments between the start of the program and the
-first answer that it stores."""
+"""Removes or empties the version record, or moves the database's folder away, at ten moments between the start of the
+program and its first stored answer."""
 
 import collections
 import copy
@@ -23,7 +23,7 @@ _MOMENTS = ("process started", "a third of the way to the database", "two thirds
 
 
 def add_arguments(parser):
-    parser.add_argument("--rounds", type=int, default=3, help="how often each accident happens at each moment (3)")
+    parser.add_argument("--rounds", type=int, default=3, help="number of times each accident happens at each moment (default 3)")
 
 
 def run(options, report):
@@ -77,17 +77,17 @@ class _Trial:
         return self._widget
 
     def log(self):
-        """What the program has written."""
+        """The program's log."""
         return self._widget.log if self._widget else ""
 
     def close(self):
-        """Ends the program and throws its home away."""
+        """Ends the program and deletes its home."""
         if self._widget:
             self._widget.stop()
         self._home.remove()
 
     def has_opened(self):
-        """Whether the program holds the database open for writing: by then it has read the version record."""
+        """Whether the program has opened the database for writing: by then it has read the version record."""
         folder = f"/proc/{self._widget.process.pid}/fd"
         try:
             for name in os.listdir(folder):
@@ -101,12 +101,12 @@ class _Trial:
         return False
 
     def run(self):
-        """What came of it, in words."""
+        """The outcome in words."""
         widget = self.begin()
         self._live_until_the_accident(widget)
         if not self._opened_before:
             return self._before_the_store_is_open()
-        # The rest of the way to the first answer, from wherever it has come to.
+        # The remaining steps to the first answer.
         if self._accident == "folder moved away":
             self._use_without_folder(widget)
         self._answer(widget)
@@ -143,8 +143,8 @@ class _Trial:
         wait_until(self.has_opened, "the database is open")
 
     def _is_past_the_opening(self):
-        """The record is read before the database is opened. The folder is looked for once more when the list's window
-        opens it for itself, a moment later and before a window is shown."""
+        """The record is read before the database is opened. The list's window opens the folder again shortly afterwards, before
+        a window is shown."""
         return self.has_opened() and (self._accident != "folder moved away" or bool(self._widget.window()))
 
     def _happen(self):
@@ -156,7 +156,7 @@ class _Trial:
             os.rename(self._store.folder, self._away)
 
     def _open(self):
-        """Opens the first patient from the results; what is typed already stays."""
+        """Opens the first patient from the results; does not retype a search text."""
         widget = self._widget
         widget.wait_until_ready()
         if widget.control(SEARCH_FIELD, "text").text == "":
@@ -174,7 +174,7 @@ class _Trial:
         wait_until(lambda: (self._store.patient(_NAMES[0]) or {}).get("test_date"), "the answer is stored")
         wait_equal(widget.shown, {"test": "Oui", "confirmation": ""}, "the answer is shown")
         widget.leave()
-        # Everyone is found as before.
+        # The search finds both patients as before.
         widget.type("D")
         wait_equal(lambda: sorted(widget.results()), _NAMES, "the search finds both")
 
@@ -182,17 +182,17 @@ class _Trial:
         """Searches and opens while the folder is away; then it is moved back."""
         if not widget.find(NAME_FIELD, "text"):
             self._open()
-        assert not os.path.exists(self._store.folder), "the folder has been made anew"
+        assert not os.path.exists(self._store.folder), "the folder has been created again"
         os.rename(self._away, self._store.folder)
 
     def _check_folders(self):
         assert not os.path.exists(self._away)
         nested = [name for name in os.listdir(self._store.folder)
                   if os.path.isdir(os.path.join(self._store.folder, name))]
-        assert not nested, f"folders in the database's: {nested}"
+        assert not nested, f"folders inside the database's folder: {nested}"
 
     def _before_the_store_is_open(self):
-        """The version rule may hold here: a database without record is emptied. Then a copy must have everyone."""
+        """The version rule may apply here: a database without a record is emptied. Then a copy must hold all patients."""
         widget = self._widget
         widget.wait_until_ready()
         if self._accident == "folder moved away":
@@ -200,13 +200,13 @@ class _Trial:
             away = copy.copy(self._store)
             away.file = os.path.join(self._away, os.path.basename(self._store.file))
             assert [row["name"] for row in away.patients()] == _NAMES, "a patient is lost"
-            outcome = "made anew, empty" if made_anew else "kept"
+            outcome = "created again, empty" if made_anew else "kept"
             return f"{self._accident}, before both windows had opened the store: {outcome}"
         names = [row["name"] for row in self._store.patients()]
         dropped = "are dropped" in widget.log
         assert names == ([] if dropped else _NAMES), f"{names}, dropped: {dropped}"
         if dropped:
             copied = [self._store.copied_names(name) for name in self._store.copies()]
-            assert _NAMES in copied, f"dropped, and in no copy: {self._store.copies()}"
-        outcome = "emptied by rule, a copy has all" if dropped else "kept"
+            assert _NAMES in copied, f"dropped, and not in any copy: {self._store.copies()}"
+        outcome = "emptied by the version rule, a copy holds all patients" if dropped else "kept"
         return f"{self._accident}, before the record was read: {outcome}"

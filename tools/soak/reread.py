@@ -1,16 +1,16 @@
-"""What was stored stays shown and stored when another process takes the file right after the commit."""
+"""A stored answer stays shown and stored when another process locks the file right after the commit."""
 
 from harness import tree
 from harness.desktop import Desktop
 from rereading.trial import Rereading
 
-DESCRIPTION = "takes the database right after a commit for 1.5 s: what was stored is shown, and kept by what follows"
+DESCRIPTION = "locks the database for 1.5 s right after a commit: the answer must stay shown, and survive the next saves"
 _PROGRESS = 10
 
 
 def add_arguments(parser):
-    parser.add_argument("--hits", type=int, default=100, help="how often it must come before the re-read (100)")
-    parser.add_argument("--attempts", type=int, default=1000, help="how many attempts it may take (1000)")
+    parser.add_argument("--hits", type=int, default=100, help="required number of locks before the re-read (default 100)")
+    parser.add_argument("--attempts", type=int, default=1000, help="maximum number of attempts (default 1000)")
 
 
 def run(options, report):

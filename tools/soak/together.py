@@ -1,4 +1,4 @@
-"""Copies of the program that are started at the same moment, for the first time, in one home."""
+"""Starts several copies of the program at the same moment, for the first time in a new home."""
 
 import os
 import random
@@ -20,31 +20,31 @@ _EXPECTED = ("its patients are dropped", "Another program uses the patients' fil
 
 
 def add_arguments(parser):
-    parser.add_argument("--times", type=int, default=20, help="how often (20)")
-    parser.add_argument("--copies", type=int, default=6, help="how many copies (6)")
+    parser.add_argument("--times", type=int, default=20, help="number of rounds (default 20)")
+    parser.add_argument("--copies", type=int, default=6, help="number of copies (default 6)")
 
 
 def run(options, report):
     desktop = Desktop.shared()
     tree.connect()
     draw = random.Random(options.seed)
-    # Several paths: the guard lets only one copy of a path run.
+    # Each at a path of its own: the guard allows one instance for each path.
     programs = [_copy(options, number) for number in range(options.copies)]
     patients = 0
     for time in range(options.times):
-        # Every second time over what an older version has left.
+        # Every second round over the database of an older version.
         version = draw.choice(("1.2", "")) if time % 2 else None
         patients += _once(desktop, programs, version)
         report.progress(f"{time + 1} times")
     report.figure("times", options.times)
     report.figure("starts", options.times * options.copies)
-    report.figure("patients created, one by each", patients)
+    report.figure("patients created, one by each copy", patients)
 
 
 def _copy(options, number):
     folder = options.folder / str(number)
     folder.mkdir(exist_ok=True)
-    # The same name: it is part of the database's path.
+    # The same file name for all: it is part of the database's path.
     return shutil.copy(options.program, folder)
 
 
@@ -65,8 +65,8 @@ def _once(desktop, programs, version):
         assert store.version() == "1.3", store.version()
         if version is not None:
             copied = [name for copy in store.copies() for name in store.copied_names(copy)]
-            assert "Ancien" in copied, f"the older patient is in no copy: {store.copies()}"
-        # They write into one log. One of them makes the copies; the others say that they do not.
+            assert "Ancien" in copied, f"no copy holds the older patient: {store.copies()}"
+        # All write to one log. One of them makes the copies; the others log that they do not.
         wrong = [line for line in complaints(widgets[0].log) if not any(text in line for text in _EXPECTED)]
         assert not wrong, wrong
         return len(widgets)
@@ -93,7 +93,7 @@ def _create(widget, name):
     widget.control("Nouvelle fiche patient", "push button").act()
     widget.control(NAME_FIELD, "text")
     wait_until(lambda: widget.screen.activate(window), "the window is active")
-    wait_until(lambda: widget.control(NAME_FIELD, "text").has("focused"), "the name has the keyboard")
+    wait_until(lambda: widget.control(NAME_FIELD, "text").has("focused"), "the name has the focus")
     widget.type(name)
     widget.control("Enregistrer", "push button").act()
     wait_until(lambda: "test" in widget.shown(), "the questions appear")

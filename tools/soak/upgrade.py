@@ -1,5 +1,5 @@
-"""The first start of this version over the database of an older one, killed at every event of its files and at random
-moments: the next start must work, and lose nothing of the current version."""
+"""Kills the first start of this version over the database of an older one, at every file event and at random moments. The
+next start must work, and must keep every row of the current version."""
 
 import collections
 import os
@@ -18,20 +18,20 @@ from harness.store import Store
 from harness.waiting import wait_equal, wait_until
 from harness.watch import Watch
 
-DESCRIPTION = "kills the first start over older databases: the next one must end with version 1.3 and a working table"
+DESCRIPTION = "kills the first start over older databases: the next start must reach version 1.3 and a working table"
 _VERSIONS = ("1.0", "1.1", "1.2", "", "none", "1.3")
 _PATIENTS = 40
 _PROGRESS = 20
-# Up to so long after an event: the program goes on that fast.
+# The longest delay after an event: the program is that fast.
 _LATEST_AFTER = 0.003
 _SLOWEST_START = 60
-# The current version's files are only read: as long as the others take on a busy machine.
+# The current version's files are only read: the span that the others take on a busy machine.
 _UNTOUCHED_SPAN = 0.6
 _DROPPED = "its patients are dropped"
 
 
 def add_arguments(parser):
-    parser.add_argument("--trials", type=int, default=240, help="how often it is killed (240)")
+    parser.add_argument("--trials", type=int, default=240, help="number of kills (default 240)")
 
 
 def run(options, report):
@@ -47,7 +47,7 @@ def run(options, report):
             version = _VERSIONS[number % len(_VERSIONS)]
             events, seconds = spans[version]
             turn = number // len(_VERSIONS)
-            # Two thirds at the events, one after another; the rest anywhere.
+            # Two thirds of the kills at the events in turn, the rest at random moments.
             if turn % 3 < 2 and events:
                 trials.kill_at_event(version, 1 + (turn * 2 // 3) % len(events), draw.choice((0, draw.random())))
             else:
@@ -61,7 +61,7 @@ def run(options, report):
 
 
 class Trials:
-    """`counts` says what the kills have hit."""
+    """`counts` holds what the kills have hit."""
 
     def __init__(self, desktop):
         self.counts = collections.Counter()
@@ -69,7 +69,7 @@ class Trials:
         self._desktop = desktop
 
     def measure(self, version):
-        """The files' events of a first start that nobody kills, and the seconds to the last of them."""
+        """The file events of a complete first start, and the seconds to the last of them."""
         with _FirstStart(self._desktop, version) as start:
             seen = []
             begin = time.monotonic()
@@ -77,14 +77,14 @@ class Trials:
             watcher.start()
             widget = start.begin().wait_until_ready()
             wait_until(lambda: start.store.version() == "1.3", "the version is recorded")
-            # A second after its first frame it has loaded everything.
+            # Everything is loaded by the first refresh.
             wait_until(lambda: "Refreshing icon." in widget.log, "the first refresh is done")
             start.over.set()
             watcher.join()
             return [event for event, _ in seen], (seen[-1][1] - begin if seen else _UNTOUCHED_SPAN)
 
     def kill_at_event(self, version, count, part):
-        """Kills at the event of that number, `part` of the latest moment later."""
+        """Kills at the event of that number, after `part` of the longest delay."""
         with _FirstStart(self._desktop, version) as start:
             seen = []
 
@@ -99,14 +99,14 @@ class Trials:
             watcher = threading.Thread(target=start.watch, args=(at,))
             watcher.start()
             start.begin()
-            # The events of one start are not quite those of another: the last may never come.
+            # The events differ slightly from start to start: the last ones may not come.
             start.wait_for_death(at_the_latest=5)
             watcher.join()
             self._examine(start, f"{_named(version)}, event {count} ({', '.join(event.name[-12:] for event in seen)})")
             self.counts["kills at an event of " + (_kind(seen[count - 1].name) if len(seen) >= count else "none")] += 1
 
     def kill_after(self, version, seconds):
-        """Kills so long after the start."""
+        """Kills that many seconds after the start."""
         with _FirstStart(self._desktop, version) as start:
             start.begin()
             start.over.wait(seconds)
@@ -116,13 +116,13 @@ class Trials:
             self.counts["kills at a random moment"] += 1
 
     def _examine(self, start, what):
-        """The next start ends with version 1.3, a table that works and, where it was the current one, every row."""
+        """The next start reaches version 1.3 and a working table, with every row if the database had the current version."""
         self.counts[f"kills over {_named(start.version)}"] += 1
         self.counts["left behind: " + start.state()] += 1
         begin = time.monotonic()
         widget = start.begin()
         try:
-            # A lock of the record that was cut before anything stood in it is waited for: it may still be another's.
+            # An empty lock file of the record may belong to another process: the program waits for it.
             wait_until(lambda: start.store.version() == "1.3" and widget.window(), "the window and the version",
                        limit=_SLOWEST_START)
             self.slowest = max(self.slowest, time.monotonic() - begin)
@@ -136,7 +136,7 @@ class Trials:
             if start.version == "1.3":
                 assert start.store.patients()[:-1] == start.before, "a row has changed"
             else:
-                assert start.is_copied(), f"no copy holds the patients that were dropped: {start.store.copies()}"
+                assert start.is_copied(), f"no copy holds the dropped patients: {start.store.copies()}"
             wrong = [line for line in complaints(widget.log) if _DROPPED not in line]
             assert not wrong, wrong
         except BaseException as problem:
@@ -174,7 +174,7 @@ class _FirstStart:
         return self._widget
 
     def watch(self, at):
-        """Calls at(event) for each event of the database's folder until it is over."""
+        """Calls at(event) for each event in the database's folder until `over` is set."""
         with Watch(self.store.folder) as watch:
             for event in watch.events(self.over.is_set):
                 at(event)
@@ -185,14 +185,14 @@ class _FirstStart:
         self.over.set()
 
     def wait_for_death(self, at_the_latest=_SLOWEST_START):
-        """Waits until the program has died; kills it at the latest then."""
+        """Waits until the program has ended; kills it if it has not."""
         if not self.over.wait(at_the_latest):
             self.kill()
         self._widget.process.wait(_SLOWEST_START)
         self._widget.stop()
 
     def state(self):
-        """What the kill has left, as far as it can be seen from outside."""
+        """The state of the files after the kill."""
         journal = "a journal, " if os.path.exists(self.store.file + "-journal") else ""
         return f"{journal}version {self.store.version()}, {'a' if self._has_table() else 'no'} table"
 
@@ -204,7 +204,7 @@ class _FirstStart:
             database.close()
 
     def is_copied(self):
-        """Whether a copy holds the patients; one made after the cut may have no table."""
+        """Whether a copy holds the patients; a copy made after the kill may have no table."""
         for copy in self.store.copies():
             try:
                 if self.store.copied_names(copy) == self.rows:
@@ -214,7 +214,7 @@ class _FirstStart:
         return False
 
     def integrity(self):
-        """What SQLite finds in the file."""
+        """The result of SQLite's integrity check."""
         database = sqlite3.connect(f"file:{self.store.file}?mode=ro", uri=True, timeout=5)
         try:
             return database.execute("PRAGMA integrity_check").fetchone()[0]
@@ -227,7 +227,7 @@ def _record(store):
 
 
 def _kind(name):
-    """Which file an event was of."""
+    """The kind of file that an event belongs to."""
     for kind in (".sqlite-journal", ".sqlite", ".ini.lock", ".ini"):
         if name.endswith(kind):
             return kind

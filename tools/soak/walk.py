@@ -1,4 +1,4 @@
-"""Random walks through the real window beside a model of what is stored and shown."""
+"""Walks through the real window at random and compares each step with a model of what is stored and shown."""
 
 import collections
 import os
@@ -13,8 +13,8 @@ DESCRIPTION = "uses the window at random, by mouse, keys and accessibility bus, 
 
 
 def add_arguments(parser):
-    parser.add_argument("--walks", type=int, default=10, help="how many walks, each with the next seed (10)")
-    parser.add_argument("--steps", type=int, default=200, help="how many steps each (200)")
+    parser.add_argument("--walks", type=int, default=10, help="number of walks, each with the next seed (default 10)")
+    parser.add_argument("--steps", type=int, default=200, help="number of steps of each walk (default 200)")
 
 
 def run(options, report):
@@ -37,4 +37,4 @@ def run(options, report):
     report.figure("walks", options.walks)
     for label, value in sorted(counts.items()):
         report.figure(label, value)
-    assert not strayed, f"seeds that strayed: {strayed}"
+    assert not strayed, f"failed seeds: {strayed}"

@@ -1,4 +1,4 @@
-"""A year in the tray: messages, new days and uploads come as often as the rules say, and the program does not grow."""
+"""A year in the tray: messages, refreshes and uploads come as often as the rules require, and the program does not grow."""
 
 import pathlib
 import statistics
@@ -7,17 +7,17 @@ from yearly import rules
 from yearly.trayyear import BEGIN, DAY_SECONDS, HOUR_SECONDS, TrayYear
 
 DESCRIPTION = "lets a year pass in the tray by a fast clock: messages, days, uploads, memory"
-# What is known to stay until the end, and what each may cost. A reply of the statistics service is neither read nor
-# deleted, on purpose (13.4 KiB were measured, for a certificate of 2048 bits and an answer of 15 bytes). Of a message the
-# toolkit keeps something, also in a program that does nothing but send messages (half a KiB was measured).
+# Known growth, and the limit for each. Replies of the statistics service are required to stay unread and undeleted (measured:
+# 13.4 KiB, for a certificate of 2048 bits and an answer of 15 bytes). Qt keeps some memory for each message, also in a program
+# that only sends messages (measured: half a KiB).
 REPLY_KIB, MESSAGE_KIB = 14, 0.6
 _GROWTH = 0.02
 _FIRST_MEMORY_DAY = 10
 
 
 def add_arguments(parser):
-    parser.add_argument("--days", type=int, default=365, help="how many days pass (365)")
-    parser.add_argument("--speed", type=int, default=36000, help="how many times as fast as ours its clock runs (36000)")
+    parser.add_argument("--days", type=int, default=365, help="number of days (default 365)")
+    parser.add_argument("--speed", type=int, default=36000, help="speed of the program's clock, as a multiple of real time (default 36000)")
 
 
 def run(options, report):
@@ -37,8 +37,8 @@ def run(options, report):
 
 
 def count(year, least):
-    """Compares everything that is counted with the rules, and gives the figures. Of the hourly ticks at least this part
-    must have come: where the machine is too slow for the clock, the toolkit leaves some out."""
+    """Compares all counts with the rules and returns them. At least this part of the hourly ticks must have come: when the
+    machine is too slow for the clock, Qt skips some."""
     events = year.events()
     start = int(BEGIN.timestamp())
     ticks = [event.second for event in events if event.what == "tick"]
@@ -47,7 +47,7 @@ def count(year, least):
 
     counted = year.counted()
     expected = rules.expect(year.practice, start, ticks, counted)
-    # The end may have come between a tick and what it does.
+    # The run may have ended between a tick and its refresh.
     same([number for _, number in counted][:len(expected.counts)], expected.counts, "the badge after each refresh")
     assert len(counted) - len(expected.counts) in (0, 1), f"{len(counted)} refreshes, {len(expected.counts)} expected"
     messages = [event.text for event in events if event.what == "message"]
@@ -61,8 +61,8 @@ def count(year, least):
 
 
 def check_uploads(year, days):
-    """One upload at the start and one after every 24 hours, each whole and accepted; how many there were. Of the two
-    daily timers the other asks for updates."""
+    """The number of uploads: one at the start and one after every 24 hours, each complete and accepted. The other daily
+    timer checks for updates."""
     for earlier, later in zip(days, days[2:]):
         assert abs(later - earlier - DAY_SECONDS) < DAY_SECONDS / 2, f"{later - earlier} s between two daily ticks"
     requests = year.server.requests
@@ -70,13 +70,13 @@ def check_uploads(year, days):
         f"{len(requests)} uploads, {len(days)} daily ticks; {year.server.failures[:3]}"
     assert {request.line for request in requests} == {"POST /api/vesktandry/tracking/ HTTP/1.1"}, "another request"
     totals = [field(request.body, "PatientsCounter") for request in requests]
-    # The first goes out before the patients are counted for the first time.
+    # The first upload is sent before the patients are counted for the first time.
     assert totals == [""] + [str(year.patients)] * (len(requests) - 1), f"patients in the uploads: {totals}"
     return len(requests)
 
 
 def measure(year, messages, problems):
-    """The figures of the memory, and what of them is out of bounds."""
+    """The memory results; adds those over their limit to `problems`."""
     def around(day):
         return [sample for sample in year.samples if day - 3 <= sample.day <= day + 3]
 
@@ -87,17 +87,17 @@ def measure(year, messages, problems):
     grown = own[1] - own[0]
     later_messages = messages * replies / len(year.server.requests)
     beside = grown - REPLY_KIB * replies - MESSAGE_KIB * later_messages
-    # Of its files' pages the program has a share that other processes change: what it has grown by is its own.
+    # Other processes change the program's share of mapped files: growth is measured on its own pages.
     if beside > _GROWTH * whole[0]:
         problems.append(f"{beside:.0f} KiB more, beside replies and messages, than on day {_FIRST_MEMORY_DAY}")
-    # A connection to the service may be open at the moment of a look.
+    # A connection to the service may be open at the moment of a sample.
     descriptors = [statistics.median(sample.descriptors for sample in group) for group in (early, late)]
     if descriptors[1] > descriptors[0]:
         problems.append(f"{descriptors[0]} open files have become {descriptors[1]}")
-    yield f"memory on day {_FIRST_MEMORY_DAY}, of it its own", f"{whole[0]:.0f} KiB, {own[0]:.0f} KiB"
-    yield f"memory on day {year.days}, of it its own", f"{whole[1]:.0f} KiB, {own[1]:.0f} KiB"
-    yield "grown by", f"{grown:.0f} KiB in {replies} replies and {later_messages:.0f} messages"
-    yield "of that neither replies nor messages", f"{max(0, beside):.0f} KiB"
+    yield f"memory on day {_FIRST_MEMORY_DAY}, own pages of it", f"{whole[0]:.0f} KiB, {own[0]:.0f} KiB"
+    yield f"memory on day {year.days}, own pages of it", f"{whole[1]:.0f} KiB, {own[1]:.0f} KiB"
+    yield "growth of its own pages", f"{grown:.0f} KiB in {replies} replies and {later_messages:.0f} messages"
+    yield "growth by neither replies nor messages", f"{max(0, beside):.0f} KiB"
     yield "open files on these days", f"{descriptors[0]:.0f}, {descriptors[1]:.0f}"
 
 

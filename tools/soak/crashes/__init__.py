@@ -1,1 +1,1 @@
-"""The program killed at random moments, again and again, in one home after another."""
+"""Kills the program at random moments, in a series of home folders."""

@@ -1,4 +1,4 @@
-"""What a killed program has left of its database."""
+"""The state of the database after a kill."""
 
 import collections
 import os
@@ -9,13 +9,13 @@ from .ledger import Lost
 
 _JOURNAL_MAGIC = bytes.fromhex("d9d505f920a163d7")
 
-# `journal`: a journal lies beside the database; `hot`: its head is whole, so that the next reader rolls it back; `torn`:
-# this roll-back changes the database, to which the program had begun to write; `mark` tells this journal from others.
+# `journal`: there is a journal beside the database; `hot`: its header is complete, and the next reader rolls it back; `torn`:
+# this roll-back changes the database, because the program had begun to write to it; `mark` identifies this journal.
 Autopsy = collections.namedtuple("Autopsy", "rows journal hot torn mark")
 
 
 def journal_mark(store):
-    """What tells the journal beside the database from an earlier one, None when there is none."""
+    """An identification of the journal beside the database; None when there is none."""
     try:
         found = os.stat(store.file + "-journal")
         return found.st_ino, found.st_mtime_ns
@@ -24,7 +24,7 @@ def journal_mark(store):
 
 
 def examine(store, folder):
-    """Checks a copy of the database in `folder`: the files themselves are the next start's to recover."""
+    """Checks a copy of the database in `folder`: the next start must recover the files themselves."""
     shutil.rmtree(folder, ignore_errors=True)
     os.makedirs(folder)
     mark = journal_mark(store)
@@ -38,7 +38,7 @@ def examine(store, folder):
     before = _read(copy)
     rows = _rows(copy)
     torn = _read(copy) != before
-    # A database that is just being made has no old pages for a journal to count.
+    # The journal of a database that is being created holds no old pages.
     hot = torn or head.startswith(_JOURNAL_MAGIC) and any(head[8:])
     return Autopsy(rows, mark is not None, hot, torn, mark)
 
@@ -50,7 +50,7 @@ def _rows(path):
         verdict = [row[0] for row in database.execute("PRAGMA integrity_check")]
         if verdict != ["ok"]:
             raise Lost(f"the database is damaged: {verdict}")
-        # A first start may have been cut before it made the table.
+        # A first start may have been killed before it created the table.
         if not database.execute("SELECT 1 FROM sqlite_master WHERE name = 'Patients'").fetchone():
             return []
         return [dict(row) for row in database.execute("SELECT * FROM `Patients` ORDER BY id")]

@@ -1,4 +1,4 @@
-"""The widget in the hands of someone whose program may die at any moment: quicker verbs, cut where a press begins."""
+"""Fast actions on a widget that may be killed at any moment, with a callback right before each press that stores something."""
 
 from harness.tandry import GATE_1, GATE_2, NAME_FIELD, QUESTIONS, SEARCH_FIELD, WAITING_LINK, Tandry
 from harness.tree import Vanished
@@ -7,13 +7,13 @@ from harness.widget import Gone
 
 
 class Hands(Tandry):
-    """`mouse` presses with the mouse, at the place where a control has come to rest; else a control is pressed as a
-    screen reader does it, which needs no rest and takes a fifth of the time. The functions that store something call
-    their `about_to` right before the press."""
+    """With `mouse`, presses controls with the mouse once they stop moving; otherwise presses them through the accessibility
+    bus, which need not wait and takes a fifth of the time. Functions that store something call `about_to` right before
+    the press."""
 
     mouse = False
-    # What is there as long as the program lives is looked up once: to search the whole tree at every glance takes most
-    # of a trial's time.
+    # Items that exist as long as the program runs are looked up once: searching the whole tree each time would take most of
+    # a trial.
     _root = _field = None
     _questions = {}
 
@@ -25,8 +25,8 @@ class Hands(Tandry):
         return self._root
 
     def wait_until_ready(self):
-        """Waits until the search field has the keyboard, which it has once everything is there."""
-        wait_until(self._search_field_has_the_keyboard, "the search field has the keyboard")
+        """Waits until the search field has the focus: then everything is loaded."""
+        wait_until(self._search_field_has_the_keyboard, "the search field has the focus")
         return self
 
     def expect_waiting(self, count):
@@ -51,7 +51,7 @@ class Hands(Tandry):
         wait_equal(self.shown, {}, "no question is left from the last patient")
 
     def create_patient(self, name, about_to):
-        """Creates a patient out of the search field; returns when his first question is shown."""
+        """Creates a patient from the search field; returns when the first question is shown."""
         self._search(name)
         self._press("Créer la fiche patient")
         wait_equal(lambda: self.control(NAME_FIELD, "text").text, name, "the editor has the typed name")
@@ -69,7 +69,7 @@ class Hands(Tandry):
         """The questions in the window, each with its answer or ""."""
         self._alive()
         if not self._questions:
-            # They come into being when the editor is first opened.
+            # They are created when the editor is first opened.
             found = self._named(QUESTIONS)
             self._questions = found if len(found) == len(QUESTIONS) else {}
         names = {key: control.name for key, control in self._questions.items() if control.has("showing")}
@@ -89,7 +89,7 @@ class Hands(Tandry):
         return {key: control for name, control in named for key, start in starts.items() if name.startswith(start)}
 
     def _search(self, text):
-        """Types over what stands in the search field, which has the keyboard."""
+        """Replaces the text of the search field, which has the focus."""
         if self.mouse:
             return self.search(text)
         self.wait_until_ready()
@@ -116,7 +116,7 @@ class Hands(Tandry):
             target.act()
 
     def _reach(self, key):
-        """Waits until a question is shown; opens the gate before it."""
+        """Opens the gate before a question if there is one; waits until the question is shown."""
         gate = GATE_1 if key == "confirmation" else GATE_2
         wait_until(lambda: key in self.shown() or self.find(gate, "push button"), f"the question {key!r} or its gate")
         if key not in self.shown():
@@ -124,15 +124,15 @@ class Hands(Tandry):
             wait_until(lambda: key in self.shown(), f"the question {key!r} behind its gate")
 
     def _answer_at_rest(self, key, answer):
-        """The place of an answer for the mouse, or its box for a screen reader; a folded question is unfolded."""
+        """The position of an answer for the mouse, or its box for the accessibility bus; expands a collapsed question."""
         what = f"{answer!r} below the question {key!r}"
         for _ in range(15):
             try:
-                # Below a question that is folding a box is still shown, and takes nothing any more.
+                # While a question collapses, its boxes are still shown but no longer react.
                 place = self.resting_place(lambda: self.answer_box(key, answer), what, lambda: self._below(key), may_go=True)
                 target = place if self.mouse else self.answer_box(key, answer)
                 if target:
                     return target
             except Gone:
                 self._questions[key].act()
-        raise NeverHappened(f"{what} is not to be reached")
+        raise NeverHappened(f"{what} cannot be pressed")

@@ -1,13 +1,13 @@
-"""What the window has confirmed, kept apart from the program: a crash must leave exactly that, and of what was under way
-either nothing or all."""
+"""What the window has confirmed, recorded outside the program. After a crash the database must hold exactly that, and either
+all or none of the save in progress."""
 
 TODAY = "2014-05-12"
 CLOCK = TODAY + " 10:00:00"
 DATES = {"test": "test_date", "rdv1": "date1", "confirmation": "confirmation_date", "rdv2": "date2", "rdv3": "date3"}
-# The question that follows an answer; after the others there is none.
+# The question that follows each answer; the other answers are the last ones.
 NEXT = {("test", "Oui"): "confirmation", ("test", "Non"): "rdv1", ("rdv1", "Oui"): "confirmation",
         ("confirmation", "Oui"): "rdv2", ("rdv2", "Oui"): "rdv3"}
-# The reminder that an answer sets for a patient who came for the first time on that day.
+# The reminder that an answer sets for a patient created on that day.
 REMINDERS = {("test", "Oui"): "2014-09-15", ("test", "Non"): "2014-09-15",
              ("rdv1", "Oui"): "2050-05-12", ("rdv1", "Non"): "2014-09-15",
              ("confirmation", "Oui"): "2014-12-16", ("confirmation", "Non"): "2050-05-12",
@@ -16,11 +16,11 @@ REMINDERS = {("test", "Oui"): "2014-09-15", ("test", "Non"): "2014-09-15",
 
 
 class Lost(Exception):
-    """The store does not hold what it must."""
+    """The database does not hold what it must."""
 
 
 class State:
-    """What is stored of a patient: the answers, in order, and the reminder."""
+    """A patient's stored state: the answers, in order, and the reminder."""
 
     def __init__(self, answers=None, reminder=TODAY):
         self.answers = answers or {}
@@ -33,7 +33,7 @@ class State:
         return f"{self.answers} reminder {self.reminder}"
 
     def answered(self, key, answer):
-        """The state after an answer, which throws the later ones away."""
+        """The state after an answer, which clears the later ones."""
         kept = {}
         for earlier, given in self.answers.items():
             if earlier == key:
@@ -51,17 +51,17 @@ class State:
 
     @staticmethod
     def of_row(row):
-        """The state that a row of the database holds; Lost when it is none that the trials can have brought about."""
+        """The state of a row of the database; raises Lost when the trials cannot have produced it."""
         fixed = [row[column] for column in ("genderMale", "phone", "created")]
         dates = [row[column] for column in DATES.values()]
         if fixed != [1, "", TODAY] or not set(dates) <= {"", TODAY}:
-            raise Lost(f"a row that nobody wrote: {row}")
+            raise Lost(f"a row that no trial wrote: {row}")
         answers = {key: "Oui" if row[key] else "Non" for key, date in DATES.items() if row[date]}
         return State(answers, row["notification_date"])
 
 
 class Ledger:
-    """The patients of one home by name. `pending` is the name of the one whose fate a crash would leave open."""
+    """The patients of one home by name. `pending` is the name of the patient whose save is in progress."""
 
     def __init__(self):
         self.patients = {}
@@ -70,21 +70,21 @@ class Ledger:
 
     @property
     def waiting(self):
-        """How many patients wait."""
+        """The number of waiting patients."""
         return sum(state.reminder <= TODAY for state in self.patients.values())
 
     def begin(self, name, outcome, between=None):
-        """Something is about to be pressed whose outcome is `outcome`; `between` is stored on the way there."""
+        """Announces a press that will store `outcome`; `between` is an intermediate state that is stored first."""
         self.pending = name
         self._outcomes = [outcome] + ([between] if between else [])
 
     def confirm(self):
-        """The window shows what was pressed."""
+        """Confirms the pending change: the window shows it."""
         self.patients[self.pending] = self._outcomes[0]
         self.pending = None
 
     def settle(self, rows):
-        """Compares with what a crash has left, takes it over and tells what became of what was pending: "none",
+        """Compares with the rows after a crash, takes them over and returns the result of the pending change: "none",
         "stored", "on the way" or "not stored"."""
         found = {}
         for row in rows:
@@ -97,7 +97,7 @@ class Ledger:
         return fate
 
     def _fate(self, found):
-        """What became of what was pending, which is then taken for confirmed as it is."""
+        """The result of the pending change; its stored state counts as confirmed from then on."""
         name, self.pending = self.pending, None
         if name is None:
             return "none"

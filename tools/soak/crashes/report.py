@@ -1,4 +1,4 @@
-"""The figures of a run of trials."""
+"""The counts of a run of trials."""
 
 _PHASES = ("start", "create", "answer", "between")
 
@@ -12,13 +12,13 @@ def lines(counts):
                         ("torn", "  after part of the database was written")):
         by_phase = ", ".join(f"{phase} {counts[f'{what} {phase}']}" for phase in _PHASES)
         yield label, f"{counts[what]} ({by_phase})"
-    yield "killed with an answer or patient pressed, not yet confirmed", \
+    yield "killed between the press of an answer or patient and its confirmation", \
         sum(counts[f"fate {fate}"] for fate in ("stored", "on the way", "not stored"))
-    yield "  found whole", counts["fate stored"]
-    yield "  found as the first of the two saves of a changed answer", counts["fate on the way"]
-    yield "  found as before", counts["fate not stored"]
+    yield "  stored completely", counts["fate stored"]
+    yield "  stored up to the first of the two saves of a changed answer", counts["fate on the way"]
+    yield "  not stored", counts["fate not stored"]
     yield "patients confirmed by the window", counts["confirmed create"]
     yield "answers confirmed by the window", counts["confirmed answer"]
     yield "homes", counts["homes"]
-    yield "starts whose window told how many wait", counts["windows"]
+    yield "starts whose window showed the number of waiting patients", counts["windows"]
     yield "patients shown with the answers stored before the kill", counts["shown"]

@@ -1,4 +1,4 @@
-"""One trial after another: start, use, kill, look at what is left, start again."""
+"""A series of trials: start the program, use it, kill it, check its files, start again."""
 
 import collections
 import os
@@ -15,23 +15,23 @@ from .hands import Hands
 from .ledger import CLOCK, Ledger, Lost, State
 
 _SURNAMES = ("ARNAUD", "DUPONT", "MARTIN", "MOREAU", "PETIT", "RENARD")
-# How long the span is from which a kill is drawn: about twice what the phase takes on a machine at rest.
+# The span from which the moment of a kill is drawn: about twice the duration of the phase on an idle machine.
 _START_SPAN, _PRESS_SPAN, _CLICK_SPAN, _USE_SPAN = 0.8, 0.05, 0.25, 1.5
-# By then a first start has made its database, or the machine is so slow that any moment will do.
+# By then a first start has created its database; on a slower machine any moment will do.
 _LATEST = 3
 _SLOWEST_DEATH = 60
 
-# `aim` is the phase to be hit: "start", "create", "answer" or "between". `event` is what happens to which file when the
-# program is killed, None for a moment by the clock; `part` of the phase's span goes by before.
+# `aim` is the phase to hit: "start", "create", "answer" or "between". `event` is the file event that triggers the kill, None
+# for a kill by the clock, after `part` of the phase's span.
 Plan = collections.namedtuple("Plan", "aim event part mouse warm_up new_home")
 Event = collections.namedtuple("Event", "journal kind count")
-# A commit from its begin to its end: the journal is made and filled, the database is written to, the journal goes.
+# The file events of a commit: the journal is created and written, the database is written, the journal is deleted.
 _EVENTS = (Event(True, CREATED, 1), Event(True, MODIFIED, 1), Event(True, MODIFIED, 3), Event(False, MODIFIED, 1),
            Event(False, MODIFIED, 1), Event(False, MODIFIED, 2), Event(True, DELETED, 1))
 
 
 class Trials:
-    """`seed` decides on everything but the machine's own pace: with it, each trial sets out to do the same again."""
+    """`seed` determines everything except the machine's speed: with the same seed, each trial has the same plan."""
 
     def __init__(self, desktop, seed, environment):
         self.counts = collections.Counter()
@@ -40,14 +40,14 @@ class Trials:
         self._random = None
         self._home = self._store = self._ledger = self._widget = self._killer = self._left_before = None
         self._phase = "start"
-        # Touched since a window has last shown them.
+        # Changed since a window last showed them.
         self._unseen = []
         self._names = 0
 
     def run(self, count, progress=lambda number: None):
-        """Makes so many trials; Lost names the one that failed."""
+        """Runs `count` trials; Lost names the one that failed."""
         for number in range(1, count + 1):
-            # A generator each: where a trial is cut must not change the next one.
+            # One generator for each trial: the moment of a kill must not change the next trial.
             self._random = random.Random(f"{self._seed}/{number}")
             plan = self._plan()
             try:
@@ -60,7 +60,7 @@ class Trials:
         self._finish_home()
 
     def close(self):
-        """Ends what still runs and throws the home away."""
+        """Ends the program and deletes the home."""
         if self._widget:
             self._widget.stop()
         if self._home:
@@ -72,7 +72,7 @@ class Trials:
     def _plan(self):
         draw = self._random
         new_home = draw.random() < 0.1
-        # The first start of all makes the database: that is to be hit, too.
+        # The first start creates the database; some kills must hit it.
         aim = draw.choices(("start", "create", "answer", "between"), (10, 1, 0, 1) if new_home else (2, 4, 5, 1))[0]
         commits = aim in ("create", "answer") or new_home and aim == "start"
         event = draw.choice(_EVENTS) if commits and draw.random() < 0.6 else None
@@ -81,11 +81,11 @@ class Trials:
     # Homes
 
     def _move(self):
-        """Leaves the home, once a last window has shown what is stored in it, for an empty one."""
+        """Shows the stored patients in a last window, then switches to an empty home."""
         self._finish_home()
         self._home = Home()
         self._store = Store(self._home.data, os.path.basename(Hands.program))
-        # There already, so that what happens in it can be watched from the beginning.
+        # Created here so that it can be watched from the beginning.
         self._store.make_folder()
         self._ledger = Ledger()
         self._unseen = []
@@ -114,7 +114,7 @@ class Trials:
         try:
             self._live(plan)
         except Exception:
-            # What is asked of a program that has just died fails in many ways.
+            # Requests to a program that was just killed fail in many ways.
             if self._killer.killed_at is None:
                 raise
         self._kill_and_settle(count=True)
@@ -127,9 +127,9 @@ class Trials:
         self._left_before = autopsy.journal_mark(self._store)
 
     def _live(self, plan):
-        """Uses the program until it is killed, at the latest when what the plan aims at is done."""
+        """Uses the program until it is killed, at the latest when the action that the plan aims at is done."""
         if plan.aim == "start":
-            # More of them early, when there is more to do.
+            # Most kills come early in the start, where the program does most of its work.
             if plan.event:
                 self._kill_at_event(plan)
             self._killer.after(plan.part ** 2 * _START_SPAN + (_LATEST if plan.event else 0))
@@ -158,12 +158,12 @@ class Trials:
 
     def _kill_at_event(self, plan):
         name = os.path.basename(self._store.file) + ("-journal" if plan.event.journal else "")
-        # Half of them at once, the others up to three milliseconds later: it goes on that fast.
+        # Half of the kills at once, the others up to 3 ms later: the program is that fast.
         delay = max(0, plan.part - 0.5) * 0.006
         self._killer.at_event(self._store.folder, name, plan.event.kind, plan.event.count, delay)
 
     def _kill_and_settle(self, count=False):
-        """Kills the program if it still lives, and compares what it leaves with the ledger."""
+        """Kills the program if it still runs and compares its database with the ledger."""
         phase = self._phase
         self._killer.now()
         self._widget.process.wait(_SLOWEST_DEATH)
@@ -182,11 +182,11 @@ class Trials:
                     self.counts[f"{what} {phase}"] += 1
             self.counts[f"fate {fate}"] += 1
 
-    # What is done with the program
+    # Actions in the program
 
     def _look(self):
-        """Expects the window to show what is stored: how many wait, and the patient last touched. The name in the
-        editor, or None."""
+        """Expects the window to show what is stored: the number of waiting patients and the patient last changed. Returns
+        the name in the editor, or None."""
         self._widget.expect_waiting(self._ledger.waiting)
         self.counts["windows"] += 1
         if not self._unseen:
@@ -201,7 +201,7 @@ class Trials:
         return name
 
     def _do_something(self, what, shown, aim):
-        """Creates a patient or gives an answer; `shown` is who is in the editor. Returns who is there then."""
+        """Creates a patient or gives an answer; `shown` is the name in the editor. Returns the name shown afterwards."""
         if what == "create" or not self._ledger.patients:
             if shown:
                 self._widget.leave()
@@ -221,8 +221,8 @@ class Trials:
         asked = state.asked()
         key = self._random.choice([list(asked)[-1], *asked])
         answer = {"Oui": "Non", "Non": "Oui"}.get(asked[key]) or self._random.choice(("Oui", "Oui", "Non"))
-        # A change of mind changes two boxes, which are saved one after the other: the first save may still hold the old
-        # answer, given again.
+        # Changing an answer changes two boxes, which are saved one after the other: the first save may store the
+        # old answer again.
         between = state.answered(key, asked[key]) if asked[key] else None
         self._press("answer", name, state.answered(key, answer), between,
                     lambda about_to: self._widget.give_answer(key, answer, about_to), aim)

@@ -1,9 +1,9 @@
-"""Makes the long trials: all of them, or the one that is named. Each is a module of the folder above that has
+"""Runs the long trials: all of them, or the one that is named. Each is a module in the folder above that has
 
-    DESCRIPTION                what it tries, in one line
+    DESCRIPTION                what it does, in one line
     add_arguments(parser)      its own options, each with a default
-    run(options, report)       does it; `options` has also build (folder of the build), program, folder (for what it
-                               leaves behind) and seed; raises when something did not hold"""
+    run(options, report)       runs it; `options` also has build (the build folder), program, folder (for the
+                               trial's files) and seed; raises when a check failed"""
 
 import argparse
 import importlib
@@ -20,12 +20,12 @@ HARNESS = TRIALS.parents[1] / "tests" / "desktop"
 
 
 def arguments(trials):
-    parser = argparse.ArgumentParser(prog="scripts/check soak", description="Makes the long trials, or one of them.")
+    parser = argparse.ArgumentParser(prog="scripts/check soak", description="Runs the long trials, or one of them.")
     parser.add_argument("--build", type=pathlib.Path, required=True, help=argparse.SUPPRESS)
     commands = parser.add_subparsers(dest="trial", metavar="TRIAL")
     for name, module in trials.items():
         command = commands.add_parser(name, help=module.DESCRIPTION, description=module.DESCRIPTION)
-        command.add_argument("--seed", type=int, help="of the random generator, to repeat a run; its own when not given")
+        command.add_argument("--seed", type=int, help="seed of the random generator, to repeat a run (default: a new one)")
         module.add_arguments(command)
     given = parser.parse_args()
     for name in [given.trial] if given.trial else trials:
@@ -37,7 +37,7 @@ def arguments(trials):
 def main():
     sys.path[:0] = [str(TRIALS), str(HARNESS)]
     build = pathlib.Path(sys.argv[sys.argv.index("--build") + 1]).resolve()
-    # Before the modules are loaded: the harness takes the program and the place for pictures from here.
+    # Set before the modules are loaded: the harness reads these variables.
     os.environ["TANDRY_PROGRAM"] = str(build / "src" / "tandry")
     os.environ["TANDRY_TRUST"] = str(build / "tests" / "desktop" / "trust" / "plugins")
     os.environ["TANDRY_ARTEFACTS"] = str(build / "desktop-artefacts")

@@ -1,4 +1,4 @@
-"""What the long trials found: on the screen at once, and in a file that holds the whole run."""
+"""The results of the long trials, printed at once and collected in a file for the whole run."""
 
 import os
 import platform
@@ -6,7 +6,7 @@ import time
 
 
 class Report:
-    """Lines of text, in sections, one for each trial."""
+    """Lines of text in sections, one section for each trial."""
 
     def __init__(self, path):
         self.path = path
@@ -16,37 +16,37 @@ class Report:
         self.line(f"{time.strftime('%Y-%m-%d %H:%M:%S')}, {os.cpu_count()} processors, {platform.platform()}")
 
     def begin(self, name, seed):
-        """Opens the section of a trial."""
+        """Begins the section of a trial."""
         self._started = time.monotonic()
         self.line()
         self.line(f"== {name}, seed {seed}")
 
     def line(self, text=""):
-        """One line of text."""
+        """Adds a line of text."""
         print(text, flush=True)
         print(text, file=self._file, flush=True)
 
     def figure(self, label, value):
-        """One figure with its name."""
+        """Adds a value with its label."""
         self.line(f"{label + ' ':.<60} {value}")
 
     def progress(self, text):
-        """Tells where a trial has come to, on the screen only."""
+        """Prints the progress of a trial; the file does not get it."""
         print(text, flush=True)
 
     def failed(self, text):
-        """Says what did not hold. The trial may go on; the run will end with a status of 1."""
+        """Adds a failure. The trial may continue; the run ends with status 1."""
         self._failures += 1
         self.line(f"FAILED: {text}")
 
     def end(self):
-        """Closes the section."""
+        """Ends the section."""
         self.figure("seconds", f"{time.monotonic() - self._started:.0f}")
 
     def close(self):
         """The exit status of the whole run."""
         self.line()
-        self.line(f"{self._failures} failures" if self._failures else "everything held")
+        self.line(f"{self._failures} failures" if self._failures else "no failures")
         self._file.close()
         print(f"This report: {self.path}")
         return 1 if self._failures else 0

@@ -7,8 +7,8 @@
 
 #include <ctime>
 
-/// Notes, from inside the unchanged program, every hourly tick, every daily one and every message at the tray: a line
-/// each with the second of the program's own clock, into the file that TANDRY_OBSERVED names.
+/// Records every hourly tick, every daily tick and every tray message from inside the unchanged program: one line each, with
+/// the second on the program's clock, in the file that TANDRY_OBSERVED names.
 class Observer : public QObject
 {
     Q_OBJECT
@@ -31,7 +31,7 @@ public:
             QByteArray text = "message";
             const auto labels = object->findChildren<QLabel *>();
             for (const QLabel *label : labels) {
-                if (!label->text().isEmpty()) // the picture's is
+                if (!label->text().isEmpty()) // the label of the picture has no text
                     text += "|" + label->text().toUtf8();
             }
             note(text);

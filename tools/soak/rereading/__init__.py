@@ -1,1 +1,1 @@
-"""Another process takes the file right after a commit of the program."""
+"""Another process locks the file right after a commit of the program."""

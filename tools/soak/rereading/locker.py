@@ -1,5 +1,5 @@
-"""The other process: at each line that it reads it waits for the next commit, takes the file and holds it. It says
-"armed", then "locked" and "released", or "missed" when the file could not be had."""
+"""The other process: for each line of input it waits for the next commit, locks the file and holds the lock. It prints
+"armed", then "locked" and "released", or "missed" when it could not lock the file."""
 
 import os
 import sqlite3
@@ -22,7 +22,7 @@ def main():
         with Watch(os.path.dirname(path), CREATED | DELETED) as watch:
             say("armed")
             next(event for event in watch.events() if event.name.endswith("-journal"))
-            # To be woken for the end of the commit would take too long.
+            # Polls, because waking up at the end of the commit would take too long.
             end = time.monotonic() + _COMMIT_SECONDS
             while time.monotonic() < end and not any(event.mask & DELETED for event in watch.pending()):
                 pass
@@ -36,7 +36,7 @@ def main():
 
 
 def hurry():
-    """Comes before everyone else who wants the processor, if the user may."""
+    """Raises the priority of this process above all others, if the user may."""
     try:
         os.sched_setscheduler(0, os.SCHED_FIFO, os.sched_param(1))
     except PermissionError:
@@ -44,7 +44,7 @@ def hurry():
 
 
 def take(database):
-    """Takes the file, as soon as the program leaves it alone; False when it does not."""
+    """Locks the file as soon as the program releases it; False when it does not."""
     end = time.monotonic() + _TRY_SECONDS
     while time.monotonic() < end:
         try:

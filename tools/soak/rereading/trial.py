@@ -1,4 +1,4 @@
-"""Answers and saves of the fields, each followed by another process that takes the file before they are read again."""
+"""Gives answers and saves fields; another process locks the file after each commit, before the program reads again."""
 
 import collections
 import copy
@@ -16,7 +16,7 @@ _HARNESS = os.path.dirname(os.path.dirname(os.path.abspath(sys.modules["harness.
 
 
 class Rereading(Walk):
-    """A patient whose questions are answered again and again, beside the model of the random walk."""
+    """Answers the questions of one patient repeatedly and compares with the model of the random walk."""
 
     ways = (0, 1, 9)
 
@@ -44,7 +44,7 @@ class Rereading(Walk):
         self._compare()
 
     def attempt(self):
-        """One answer or save with the lock behind it; after a hit one of each without. Whether it was a hit."""
+        """One answer or save, followed by the lock; after a hit, one of each without a lock. Returns whether it was a hit."""
         self._history = self._history[-25:] + [f"attempt {self.counts['attempts'] + 1}:"]
         self.counts["attempts"] += 1
         said = self._widget.log.count(NOT_READ)
@@ -60,7 +60,7 @@ class Rereading(Walk):
         self._settle(before if switched else None)
         hit = self._widget.log.count(NOT_READ) > said
         self.counts["lock " + ("between commit and re-read" if hit else word + " at another moment")] += 1
-        # What comes next keeps it all.
+        # The next saves must keep everything.
         for follow in (self._save_phone, self._answer_next)[::self._random.choice((1, -1))] if hit else ():
             self._prepare_gates()
             follow()()
@@ -68,8 +68,8 @@ class Rereading(Walk):
         return hit
 
     def _settle(self, before):
-        """Compares. Of a changed answer, which is saved twice, the second save may have found the file held: then the
-        first one is what is stored and shown."""
+        """Compares. A changed answer is saved twice; when the second save finds the file locked, the first one is stored and
+        shown."""
         try:
             self._compare()
         except Strayed:
@@ -82,9 +82,9 @@ class Rereading(Walk):
             gates = self._view.gates()
             before.gate_states = [(1 not in gates, 2 not in gates)]
             before.unfolded = None
-            self._say("the second save found the file held")
+            self._say("the second save found the file locked")
             self._compare()
-            self.counts["second saves that found the file held"] += 1
+            self.counts["second saves that found the file locked"] += 1
 
     def _prepare(self):
         self._prepare_gates()
@@ -105,7 +105,7 @@ class Rereading(Walk):
         return self._next_answer()[0]
 
     def _next_answer(self):
-        """What gives an answer that is not ticked yet, and whether it changes another one."""
+        """An action that ticks another answer, and whether it changes an earlier answer."""
         self.counts["answers"] += 1
         asked = self._model.asked()
         open_ones = [key for key in asked if not asked[key]]

@@ -1,1 +1,1 @@
-"""A year in the tray, and what to hold it against."""
+"""A year in the tray, and the rules to compare it with."""

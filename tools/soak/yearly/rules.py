@@ -1,4 +1,4 @@
-"""What the tray has to do, worked out anew from the hourly ticks that were observed."""
+"""The expected behaviour of the tray, computed independently from the observed hourly ticks."""
 
 import bisect
 import collections
@@ -10,7 +10,7 @@ Expected = collections.namedtuple("Expected", "messages counts")
 
 
 def read_events(path):
-    """The lines of the observer, in their order."""
+    """The observer's lines in order."""
     with open(path, encoding="utf-8") as file:
         pieces = [line.rstrip("\n").split(" ", 1) for line in file]
     parted = [(int(second), *what.partition("|")) for second, what in pieces]
@@ -18,25 +18,25 @@ def read_events(path):
 
 
 class Practice:
-    """Patients who wait from a day on (`reminders`, as YYYY-MM-DD), in a time zone."""
+    """Patients who start waiting on the days in `reminders` (YYYY-MM-DD), in a time zone."""
 
     def __init__(self, reminders, zone):
         self._reminders = sorted(reminders)
         self._zone = zoneinfo.ZoneInfo(zone)
 
     def waiting(self, second):
-        """How many wait then: the store reckons with the day in Greenwich."""
+        """The number of waiting patients at that second: the store compares with the date in UTC."""
         day = datetime.datetime.fromtimestamp(second, datetime.timezone.utc).date().isoformat()
         return bisect.bisect_right(self._reminders, day)
 
     def day(self, second):
-        """The day of the month then, where the practice is."""
+        """The local day of the month at that second."""
         return datetime.datetime.fromtimestamp(second, self._zone).day
 
 
 def expect(practice, start, ticks, told):
-    """What follows from a start and the ticks after it. `told` are the counts that the program told, each with its
-    second. On a clock that hurries, midnight may come between a tick and what it does: then either day is right."""
+    """The expected refreshes and messages after a start and its ticks. `told` are the counts that the program reported, each
+    with its second. On the fast clock, midnight may come between a tick and its refresh: then either day is right."""
     told = collections.deque(told)
     number, counts, messages = 0, [], []
     refreshed, announced = practice.day(start), 0

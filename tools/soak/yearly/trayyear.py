@@ -1,4 +1,4 @@
-"""The real program in a real tray, on a clock that hurries."""
+"""The real program in a real tray, on a fast clock."""
 
 import collections
 import datetime
@@ -27,8 +27,8 @@ Sample = collections.namedtuple("Sample", "day whole own descriptors")
 
 
 class TrayYear:
-    """One run of `program`, started as at login, for `days` of its own clock; `observer` is the folder of the plugin that
-    watches it. Close it at the end."""
+    """One run of `program`, started as at login, for `days` on its own clock; `observer` is the folder of the observer
+    plugin. Close it at the end."""
 
     def __init__(self, program, observer, days, speed):
         self.days, self.speed, self.samples = days, speed, []
@@ -42,32 +42,32 @@ class TrayYear:
         self._started = time.monotonic()
 
     def live(self, progress=lambda day: None):
-        """Waits until the days are over and the last upload has arrived, and ends the program; notes its memory once a
+        """Waits until the days are over and the last upload has arrived, then ends the program. Records its memory once a
         day."""
         limit = 4 * self.days * DAY_SECONDS / self.speed + 120
         wait_until(lambda: self._look(progress), f"{self.days} days have passed, with an upload for each", limit)
         processes.stop(self._process, gently=False)
 
     def close(self):
-        """Ends the program, if it still runs, and throws its home away."""
+        """Ends the program if it still runs, and deletes its home."""
         processes.stop(self._process, gently=False)
         self.server.stop()
         self._home.remove()
 
     @property
     def log(self):
-        """What the program has written."""
+        """The program's log."""
         with open(self._log, encoding="utf-8", errors="replace") as file:
             return file.read()
 
     def events(self):
-        """What the observer has noted of whole ticks: the last may have been cut short by the end."""
+        """The observer's records of complete ticks: the end may have interrupted the last one."""
         noted = rules.read_events(self._observed)
         last = max(index for index, event in enumerate(noted) if event.what == "tick")
         return noted[:last]
 
     def counted(self):
-        """The counts that the program has told, each with its second."""
+        """The counts that the program has reported, each with its second."""
         told = []
         for line in self.log.splitlines():
             found = _LINE.match(line)
@@ -78,8 +78,8 @@ class TrayYear:
         return told
 
     def _seed(self, program):
-        """Patients whose days come over the year: so many in its first week that the list is longer than its window from
-        then on, since each row that is shown takes memory; then one a week."""
+        """Patients whose reminders come over the year. Enough of them come in the first week to fill the list's window, since
+        each visible row takes memory; then one a week."""
         first = BEGIN.date() + datetime.timedelta(days=2)
         days = [first + datetime.timedelta(days=patient // 8) for patient in range(40)]
         days += [first + datetime.timedelta(days=10 + 7 * week) for week in range(52)]
@@ -90,7 +90,7 @@ class TrayYear:
         return reminders
 
     def _serve(self):
-        """A service whose certificate is valid for all these days."""
+        """A statistics service whose certificate is valid on all these days."""
         before = BEGIN - datetime.timedelta(days=1)
         return StatisticsService(self.days + 30, clock.moved(f"{before:%Y-%m-%d %H:%M:%S}"))
 
@@ -101,7 +101,7 @@ class TrayYear:
                "QT_QPA_GENERIC_PLUGINS": "tandryobserver," + network["QT_QPA_GENERIC_PLUGINS"],
                "TANDRY_OBSERVED": self._observed, "QT_ASSUME_STDERR_HAS_CONSOLE": "1",
                "QT_MESSAGE_PATTERN": "%{time yyyy-MM-ddTHH:mm:ss} %{type}: %{message}",
-               # On a bus the clock would run out between a question and its answer, and the bus's library gives up then.
+               # No D-Bus: on the fast clock a call would time out before its reply.
                "DBUS_SESSION_BUS_ADDRESS": _NO_BUS, "DBUS_SYSTEM_BUS_ADDRESS": _NO_BUS,
                "ASAN_OPTIONS": sanitizer.OPTIONS}
         with open(self._log, "wb") as log:
@@ -116,7 +116,7 @@ class TrayYear:
         if not self.samples or day >= self.samples[-1].day + 1:
             self.samples.append(self._sample(day))
             progress(self.samples[-1])
-        # Half a day after the last upload.
+        # The run ends half a day after the last upload.
         return day >= self.days + 0.5 and self._uploads_have_arrived()
 
     def _uploads_have_arrived(self):
