@@ -1,4 +1,4 @@
-// One answer through the store until it is committed, against the UPDATE alone.
+// Saves one answer through the store and commits it; compared with the UPDATE statement alone.
 #include "figure.h"
 #include "rawstore.h"
 #include "testhome.h"
@@ -28,7 +28,7 @@ QVariantMap answerData(int id, int variation)
     };
 }
 
-/// Both sides must ask the same of the disk.
+/// Both sides must use the same journal and sync modes.
 void compareSafety(RawStore &raw)
 {
     QSqlQuery query(QSqlDatabase::database(QSqlDatabase::connectionNames().value(0)));

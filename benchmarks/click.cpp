@@ -1,4 +1,4 @@
-// A click on an answer until every window shows the new state, the program as a whole in this process.
+// Time from a click on an answer until every window shows the new state; the whole program runs in this process.
 #include "figure.h"
 #include "rawstore.h"
 #include "testhome.h"

@@ -1,4 +1,4 @@
-// The copy of the patients at a start, before the windows are made, against a bare copy of the same two files.
+// Copies the patients at a start, before the windows are created; compared with a bare copy of the same two files.
 #include "figure.h"
 #include "patientcopies.h"
 #include "rawstore.h"

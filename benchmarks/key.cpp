@@ -1,4 +1,5 @@
-// A key press in the search field until the window has painted the result, the program as a whole in this process.
+// Time from a key press in the search field until the window has painted the result; the whole program runs in this
+// process.
 #include "figure.h"
 #include "rawstore.h"
 #include "samplepatients.h"

@@ -1,4 +1,4 @@
-// The patient list switched to all patients until its first frame is painted, against the statement alone.
+// Switches the patient list to all patients and waits for the first frame; compared with the statement alone.
 #include "figure.h"
 #include "rawstore.h"
 #include "testhome.h"

@@ -1,4 +1,5 @@
-// What the program loads after its first frame, and what a first use costs beside the second: one start, one pair.
+// Time to load everything after the first frame, and the first use of a window compared with the second; one pair for
+// each start.
 #include "figure.h"
 #include "rawstore.h"
 #include "testhome.h"

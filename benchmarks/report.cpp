@@ -1,4 +1,4 @@
-// The report of all patients: its text against appending the same number of bytes, and its layout.
+// Builds the text of the report of all patients, compared with appending the same number of bytes; and lays it out.
 #include "figure.h"
 #include "rawstore.h"
 #include "testhome.h"
@@ -20,7 +20,7 @@ using Report = QString (WidgetService::*)(const QString &, const QVariantList &)
 
 Report reportOf();
 
-/// The one way to a private member that the language allows: naming it in an explicit instantiation.
+/// Gives access to a private member: an explicit instantiation may name it.
 template<Report member>
 struct Opened
 {
@@ -28,14 +28,14 @@ struct Opened
 };
 template struct Opened<&WidgetService::report>;
 
-/// The rows as the list hands them to the printing slot.
+/// The rows as the list passes them to the printing slot.
 QVariantList loadedRows(const QQuickView &list)
 {
     const QVariant rows = list.rootObject()->property("printModel");
     return (rows.userType() == qMetaTypeId<QJSValue>() ? rows.value<QJSValue>().toVariant() : rows).toList();
 }
 
-/// The report cut where the report's own code puts it together: literal by literal and value by value.
+/// The report in the pieces that its code appends: every literal and every value.
 QStringList pieces(const QString &html)
 {
     QStringList found;
@@ -74,7 +74,7 @@ int main(int argc, char *argv[])
     build(0);
     const QStringList parts = pieces(html);
     if (parts.join(QString()) != html) {
-        qFatal("The pieces are not the report");
+        qFatal("The pieces differ from the report");
     }
     figure.compare("report, text", build, [&](int) {
         return elapsedMs([&] {

@@ -1,5 +1,5 @@
-// The program as main() builds it, without the guard, that does what it is told line by line on its standard input and
-// answers "done": what a user or an hour would make it do.
+// The program as main() builds it, without the guard. It reads orders line by line from standard input, simulates the
+// user or the passing of time, and answers "done".
 #include "draggablequickview.h"
 #include "prepareprocess.h"
 #include "widgetservice.h"
@@ -31,14 +31,14 @@ void obey(WidgetService &service, const std::string &order)
         service.closeList();
         service.closeContact();
     } else if (order == "day") {
-        // A day: a tick an hour, the refresh on the new day, the statistics.
+        // A day: hourly ticks, the refresh on the new day, the statistics.
         for (int hour = 0; hour < hoursADay; ++hour) {
             service.autoRefresh();
         }
         service.refreshViews();
         service.sendDataToServer();
     } else if (order == "collect") {
-        // What the scripts have dropped is given back when their engines see fit; growth is what remains without it.
+        // The engines collect garbage when they see fit; growth is measured after a collection.
         const QWindowList windows = QGuiApplication::allWindows();
         for (QWindow *window : windows) {
             if (auto *view = qobject_cast<QQuickView *>(window)) {
@@ -46,7 +46,7 @@ void obey(WidgetService &service, const std::string &order)
             }
         }
     } else {
-        qFatal("What is %s?", order.c_str());
+        qFatal("Unknown order: %s", order.c_str());
     }
 }
 

@@ -1,4 +1,4 @@
-// The patient list scrolled by one row a frame: how many frames of 60 a second are dropped.
+// Scrolls the patient list by one row each frame and counts the dropped frames, at 60 frames a second.
 #include "figure.h"
 #include "rawstore.h"
 #include "testhome.h"
@@ -71,8 +71,8 @@ int main(int argc, char *argv[])
         scrolling.start();
         waitUntil([&] { return scrolling.state() == QAbstractAnimation::Stopped; });
 
-        // A frame that comes a whole frame late or later: each full frame of the gap beyond the first is one that is
-        // missing. Half a frame is allowed, since nothing here holds the painting to the screen's beat.
+        // Each full frame of a gap beyond the first counts as dropped. Half a frame of delay is allowed, because
+        // painting is not synchronised with the screen here.
         double dropped = 0;
         for (std::size_t i = 1; i < times.size(); ++i) {
             dropped += std::max(0.0, std::floor((times[i] - times[i - 1]) / frameMs + 0.5) - 1);

@@ -1,4 +1,4 @@
-// A search through the search bar's logic with the result list attached, against the two statements alone.
+// Searches through the search bar's logic with the result list attached; compared with the two statements alone.
 #include "figure.h"
 #include "rawstore.h"
 #include "samplepatients.h"

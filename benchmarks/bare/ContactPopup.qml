@@ -1,7 +1,7 @@
 import QtQuick 2.2
 import QtQuick.Window 2.2
 
-// The contact popup imports no controls.
+// The program's contact popup imports no controls either.
 Rectangle {
     color: "transparent"
     height: 450

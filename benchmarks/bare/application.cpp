@@ -1,4 +1,4 @@
-// The least that a second start can do: an application object, built and left.
+// The bare minimum of a second start: constructs an application object and exits.
 #include <QApplication>
 
 int main(int argc, char *argv[])

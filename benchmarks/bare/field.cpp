@@ -1,4 +1,4 @@
-// The least that shows a blinking cursor: a window as large as the widget with one focused field.
+// The bare minimum that shows a blinking cursor: a window of the widget's size with one focused field.
 #include "prepareprocess.h"
 
 #include <QApplication>

@@ -1,5 +1,5 @@
-// The least that opens what the program opens: three views with an engine each, the imports of the program's three
-// documents and one field each, the first one shown. "open all" on the standard input shows the others.
+// The bare minimum that opens the program's windows: three views, each with its own engine, the imports of the
+// program's document and one field. Shows the first one; "open all" on standard input shows the others.
 #include "prepareprocess.h"
 
 #include <QApplication>
@@ -44,7 +44,7 @@ int main(int argc, char *argv[])
             views[1].hide();
             views[2].hide();
         } else {
-            qFatal("What is %s?", order.c_str());
+            qFatal("Unknown order: %s", order.c_str());
         }
         std::puts("done");
         std::fflush(stdout);

@@ -1,7 +1,7 @@
 import QtQuick 2.2
 import "qrc:/qml"
 
-// The search bar with its results attached, put together as the main widget does it.
+// The search bar with its results, connected as in the main document.
 Item {
     property alias text: autocomplete.text
     readonly property int found: autocomplete.model.count

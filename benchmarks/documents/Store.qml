@@ -1,7 +1,7 @@
 import QtQuick 2.2
 import "qrc:/js/Bdd.js" as Bdd
 
-// The store alone: one answer as the editor hands it over.
+// The store alone: saves one answer as the editor passes it.
 Item {
     property bool done: false
 

@@ -1,4 +1,4 @@
-"""Measures the program beside the least that could do the same: all figures, or those whose numbers are given."""
+"""Compares the program with the bare minimum: runs all benchmarks, or those whose numbers are given."""
 import argparse
 import os
 import pathlib
@@ -52,9 +52,9 @@ FIGURES = {
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__)
-    parser.add_argument("--build", type=pathlib.Path, required=True, help="folder of a build")
+    parser.add_argument("--build", type=pathlib.Path, required=True, help="build folder")
     parser.add_argument("--pairs", type=int, default=11)
-    parser.add_argument("--small", action="store_true", help="once and small: shows that everything runs")
+    parser.add_argument("--small", action="store_true", help="run each benchmark once at a small size, to see that it works")
     parser.add_argument("figures", nargs="*", type=int, choices=[[], *FIGURES], metavar="figure")
     options = parser.parse_args()
     options.patients, options.sizes, options.click_sizes = 10000, [1000, 10000, 100000], [100, 1000, 10000]

@@ -1,4 +1,4 @@
-"""The figures that are measured from outside: start, memory, rest, second start."""
+"""Benchmarks that are measured from outside the program: start, memory, idle, second start."""
 import argparse
 import pathlib
 import subprocess
@@ -7,11 +7,11 @@ import time
 from processes import Home, Program, evict
 from summary import Result
 
-SETTLE_S = 5  # after a start: the first refresh comes after 2 s, the statistics give up soon after
+SETTLE_S = 5  # after a start: the first refresh comes after 2 s, the statistics request fails soon after
 
 
 def in_turn(pairs, program, bare):
-    """Runs both in turn, the other first every second time; the values of both."""
+    """Runs both in turn, in alternating order; returns the values of both."""
     values, bare_values = [], []
     for number in range(pairs):
         for measured, kept in ((program, values), (bare, bare_values))[::1 if number % 2 == 0 else -1]:
@@ -20,7 +20,7 @@ def in_turn(pairs, program, bare):
 
 
 def start(build, options):
-    """1: process start to the first painted frame."""
+    """1: from process start to the first painted frame."""
     program = [build / "src/tandry"]
     bare = [build / "benchmarks/bench_bare_windows"]
     with Home() as home:
@@ -47,14 +47,14 @@ def start(build, options):
 
 
 def qt_folders(files):
-    """Where documents, plugins and fonts lie, which are read without being mapped."""
+    """The folders of documents, plugins and fonts, which are read without being mapped."""
     qt = {pathlib.Path(name).parents[1] for name in files if "/plugins/" in name or "/qml/" in name}
     return [folder for folder in qt | {pathlib.Path("/usr/share/fonts"), pathlib.Path("/etc/fonts")}
             if folder.is_dir()]
 
 
 def memory(build, options):
-    """2: the share of memory after start, after opening every window, after days of ticks."""
+    """2: memory (proportional set size) after the start, after opening every window, after days of ticks."""
     program = [build / "benchmarks/bench_resident"]
     bare = [build / "benchmarks/bench_bare_windows"]
     after_start, after_opening, growth = ([], []), ([], []), ([], [])
@@ -78,8 +78,7 @@ def memory(build, options):
 
 
 def growth_over_days(running, options):
-    """What a day adds, and what sixty days add once memory has reached the level at which the scripts' engines give
-    back what they have dropped."""
+    """The growth over one day, and over sixty days once the scripts' engines collect garbage regularly."""
     def after(days):
         for _ in range(days):
             running.order("day")
@@ -94,14 +93,14 @@ def growth_over_days(running, options):
 
 
 def rest(build, options):
-    """3: hidden, the program sleeps; shown, it costs its blinking cursor."""
+    """3: a hidden program sleeps; a shown one only blinks its cursor."""
     program = [build / "benchmarks/bench_resident"]
     bare = [build / "benchmarks/bench_bare_field"]
     return hidden(program, options) + shown(program, bare, options)
 
 
 def hidden(command, options):
-    # All at once: each sleeps, and so none takes anything from another.
+    # All at once: sleeping programs do not disturb each other.
     homes = [Home() for _ in range(options.pairs)]
     programs = [Program(command, home) for home in homes]
     try:
@@ -141,7 +140,7 @@ def shown(program, bare, options):
 
 
 def second_start(build, options):
-    """10: a start that hands over, from process start to exit, while the first instance is idle."""
+    """10: a second start, from process start to exit, while the first instance is idle."""
     program = [build / "src/tandry"]
     bare = [build / "benchmarks/bench_bare_application"]
     with Home() as home, Program(program, home) as first:
@@ -152,7 +151,7 @@ def second_start(build, options):
             started = time.monotonic()
             subprocess.run(command, env=home.environment(), check=True, timeout=60, stderr=subprocess.DEVNULL)
             taken = (time.monotonic() - started) * 1000
-            # The first instance comes to rest before the next one.
+            # The first instance becomes idle before the next start.
             first.live(0.3)
             return taken
 
@@ -161,7 +160,8 @@ def second_start(build, options):
 
 
 def opening(build, options):
-    """12: what is loaded after the first frame, and the first use of it beside the second; a process for each pair."""
+    """12: loading after the first frame, and the first use of each window compared with the second; one process for each
+    pair."""
     results = {}
     single = argparse.Namespace(**{**vars(options), "pairs": 1})
     for _ in range(options.pairs):
@@ -180,7 +180,7 @@ OPENING_REACHES = {"everything loaded after the first frame": "≤ 300 ms", **{
 
 
 def inside(name, build, options, *, patients, figure, reaches=None):
-    """A benchmark that measures within one process; its lines become results."""
+    """Runs a benchmark that measures within one process and parses its output."""
     with Home() as home:
         answer = subprocess.run(
             [build / "benchmarks" / f"bench_{name}", "--pairs", str(options.pairs), "--patients", str(patients)],

@@ -1,4 +1,4 @@
-"""Programs under measurement: a home of their own, what they paint, what they take."""
+"""Programs under measurement: their home folder, painted frames, CPU time and memory."""
 import os
 import pathlib
 import selectors
@@ -12,7 +12,7 @@ FRAME = b"Frame rendered with"
 
 
 class Home:
-    """A user's folders, used by one program after another, so that each start but the first is a usual one."""
+    """A home folder, used by one program after another: only its first start is a first start."""
 
     def __init__(self):
         self.path = pathlib.Path(tempfile.mkdtemp(prefix="tandry-bench-"))
@@ -35,7 +35,7 @@ class Home:
 
 
 class Program:
-    """A running program whose frames are told by its log and that obeys orders on its standard input."""
+    """A running program: counts its frames in its log and sends it orders on standard input."""
 
     def __init__(self, command, home):
         self.started = time.monotonic()
@@ -59,7 +59,7 @@ class Program:
             stream.close()
 
     def read(self, seconds):
-        """Takes in what the program writes for that long at most; True when it wrote something."""
+        """Reads the program's output for at most that long; True when there was some."""
         ready = self.selector.select(seconds)
         for key, _ in ready:
             text = key.fileobj.read() or b""
@@ -76,7 +76,7 @@ class Program:
         deadline = time.monotonic() + LIMIT_S
         while not condition():
             if time.monotonic() > deadline:
-                raise SystemExit("A program under measurement does not do what was waited for")
+                raise SystemExit("A program under measurement did not respond in time")
             self.read(0.5)
 
     def first_frame_ms(self):
@@ -84,7 +84,7 @@ class Program:
         return (self.frame_times[0] - self.started) * 1000
 
     def order(self, text):
-        """Has the program do something and waits until it is done."""
+        """Sends an order and waits until the program has carried it out."""
         wanted = self.answers + 1
         self.process.stdin.write(text.encode() + b"\n")
         self.process.stdin.flush()
@@ -101,16 +101,16 @@ class Program:
         return next(int(line.split()[1]) for line in text.splitlines() if line.startswith("Pss:")) / 1024
 
     def cpu_ticks(self):
-        """Processor time in the kernel's ticks of 10 ms, as the system's monitors show it."""
+        """CPU time in the kernel's ticks of 10 ms, as system monitors show it."""
         fields = pathlib.Path(f"/proc/{self.pid}/stat").read_text().rpartition(")")[2].split()
         return int(fields[11]) + int(fields[12])
 
     def cpu_ms(self):
-        """Processor time to the nanosecond, which a tick is too coarse for."""
+        """CPU time at nanosecond resolution; a tick would be too coarse."""
         return sum(int((task / "schedstat").read_text().split()[0]) for task in self.tasks()) / 1e6
 
     def wake_ups(self):
-        """How often a thread of the program was woken from waiting."""
+        """The number of times that a thread of the program woke up."""
         return sum(int(line.split()[1]) for task in self.tasks()
                    for line in (task / "status").read_text().splitlines()
                    if line.startswith("voluntary_ctxt_switches"))
@@ -124,7 +124,7 @@ class Program:
 
 
 def evict(files):
-    """Takes files out of the system's memory, as far as nobody else has them in use."""
+    """Drops files from the page cache, unless another process uses them."""
     for name in files:
         try:
             handle = os.open(name, os.O_RDONLY)

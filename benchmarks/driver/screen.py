@@ -1,4 +1,4 @@
-"""A virtual screen with a window manager, and a tray where there is one to be had; gone with the context."""
+"""A virtual screen with a window manager, and with a tray if trayer is installed. Ends with the context."""
 import contextlib
 import os
 import shutil

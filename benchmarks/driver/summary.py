@@ -1,11 +1,11 @@
-"""Medians and spreads of what was measured, one line a result."""
+"""Medians and ranges of the measured values, one line for each result."""
 import statistics
 from dataclasses import dataclass
 
 
 @dataclass
 class Result:
-    """One figure: its values, each with the bare program's beside it where there is one."""
+    """The values of one benchmark, and those of the bare program if there is one."""
     figure: str
     label: str
     unit: str

@@ -15,7 +15,7 @@ Figure::Figure(int argc, char *argv[])
         } else if (!std::strcmp(argv[i], "--patients") && value > 0) {
             patients = value;
         } else {
-            qFatal("What is %s %s?", argv[i], argv[i + 1]);
+            qFatal("Unknown option: %s %s", argv[i], argv[i + 1]);
         }
     }
 }

@@ -4,7 +4,7 @@
 
 #include <functional>
 
-/// What a benchmark was asked for on its command line: `--pairs N --patients N`.
+/// Options from a benchmark's command line: `--pairs N --patients N`.
 struct Figure
 {
     int pairs = 11;
@@ -12,19 +12,19 @@ struct Figure
 
     Figure(int argc, char *argv[]);
 
-    /// Measures program and bare program in turn, the other one first every second time, after one unmeasured pair.
-    /// Each takes the number of the pair and returns its milliseconds.
+    /// Measures the program and the bare program in turn, in alternating order, after one unmeasured pair. Each
+    /// function takes the number of the pair and returns milliseconds.
     void compare(const char *label, const std::function<double(int)> &program,
                  const std::function<double(int)> &bare) const;
-    /// Measures what has nothing to be compared with.
+    /// Measures without a comparison.
     void measure(const char *label, const std::function<double(int)> &program) const;
 };
 
-/// Prints one measured value (with a bare one beside it) the way the driver reads it.
+/// Prints a measured value, or a value and the bare one, in the format that the driver reads.
 void printValue(const char *label, double program);
 void printPair(const char *label, double program, double bare);
 
-/// Milliseconds that the work takes.
+/// Runs the work and returns its duration in milliseconds.
 template<typename Work>
 double elapsedMs(const Work &work)
 {

@@ -13,7 +13,7 @@ const QByteArray recordHead = R"(SELECT *, strftime("%d/%m/%Y", created) AS crea
                               R"((notification_date <= date("now") AND notification_date != "") AS waiting )"
                               "FROM `Patients`";
 
-// What is read is summed up here, so that the compiler cannot leave the reading out.
+// Sum of everything read: keeps the compiler from removing the reads.
 volatile long long consumed = 0;
 
 } // namespace

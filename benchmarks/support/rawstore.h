@@ -6,8 +6,8 @@
 struct sqlite3;
 struct sqlite3_stmt;
 
-/// The patient database through SQLite's own C interface: what the store's statements cost at least. The same library,
-/// file, journal mode and sync as the program; transactions where the program has them. Any failure ends the process.
+/// The patient database through SQLite's C API: the minimum cost of the store's statements. Uses the same library,
+/// file, journal mode, sync mode and transactions as the program. Any failure ends the process.
 class RawStore
 {
     Q_DISABLE_COPY(RawStore)
@@ -18,13 +18,13 @@ public:
 
     /// Empties the table and fills it with that many sample patients.
     void fill(int patients);
-    /// Runs the two statements of a search and reads every column of every row. The number of rows.
+    /// Runs the two statements of a search and reads every column of every row. Returns the number of rows.
     int search(const QByteArray &text);
-    /// Runs the statement that reads all patients and reads every column of every row. The number of rows.
+    /// Runs the statement for all patients and reads every column of every row. Returns the number of rows.
     int selectAll();
-    /// Writes all columns of a patient, in a transaction of its own; the values differ from one number to the next.
+    /// Writes all columns of a patient in a transaction; the values depend on the number.
     void update(int id, int variation);
-    /// The answer to "PRAGMA <name>".
+    /// The result of "PRAGMA <name>".
     QByteArray pragma(const char *name);
 
 private:

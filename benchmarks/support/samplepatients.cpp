@@ -12,7 +12,7 @@ constexpr std::uint32_t syllableCount = sizeof syllables / sizeof *syllables;
 constexpr std::uint32_t firstNameCount = sizeof firstNames / sizeof *firstNames;
 constexpr int stepCount = 5;
 
-/// Spreads neighbouring numbers, so that names do not come in their own order.
+/// Scatters neighbouring numbers: names are not created in alphabetical order.
 std::uint32_t scatter(std::uint32_t number)
 {
     number = (number ^ (number >> 16)) * 0x45d9f3bU;

@@ -4,10 +4,10 @@
 
 struct sqlite3_stmt;
 
-/// Patients that are the same at every run: names, numbers, dates and answers of every kind.
+/// Sample patients, the same in every run, with all kinds of names, numbers, dates and answers.
 namespace SamplePatients {
 
-/// About 8 of 100 names hold each of these: 5 at the start, 3 further in.
+/// Each of these occurs in about 8 of 100 names: in 5 at the start, in 3 further on.
 extern const char *const searchTerms[2];
 
 /// Binds the fifteen values of the patient of that number (from 0) to an INSERT statement. One in ten is waiting.

@@ -16,7 +16,7 @@ namespace {
 
 constexpr double pointFactor = 1.3;
 constexpr int limitMs = 60000;
-// Longer than a frame and shorter than a blink of the cursor, which paints for ever.
+// Longer than a frame and shorter than a blink of the cursor, which never stops painting.
 constexpr int restMs = 250;
 
 QQuickItem *search(QQuickItem *item, const QByteArray &type, const char *property, const QString &value)
@@ -81,7 +81,7 @@ bool hasItem(QQuickItem *root, const char *type)
 void paintedAfter(const std::vector<QQuickWindow *> &windows, const std::function<void()> &work)
 {
     work();
-    // Connected only now: a frame counts when it is painted after the work.
+    // Connected only now: frames count from the end of the work.
     std::vector<bool> painted(windows.size(), false);
     QObject receiver;
     for (std::size_t i = 0; i < windows.size(); ++i) {
@@ -93,11 +93,11 @@ void paintedAfter(const std::vector<QQuickWindow *> &windows, const std::functio
 void waitUntil(const std::function<bool()> &condition)
 {
     const QDeadlineTimer deadline(limitMs);
-    QTimer ticks; // wakes the loop, so that the limit is seen
+    QTimer ticks; // wakes the event loop to check the limit
     ticks.start(1000);
     while (!condition()) {
         if (deadline.hasExpired()) {
-            qFatal("What was waited for has not come within %d s", limitMs / 1000);
+            qFatal("The condition was not met within %d s", limitMs / 1000);
         }
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }
