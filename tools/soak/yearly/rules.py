@@ -34,20 +34,20 @@ class Practice:
         return datetime.datetime.fromtimestamp(second, self._zone).day
 
 
-def expect(practice, start, ticks, told):
-    """The expected refreshes and messages after a start and its ticks. `told` are the counts that the program reported, each
-    with its second. On the fast clock, midnight may come between a tick and its refresh: then either day is right."""
-    told = collections.deque(told)
+def expect(practice, start, ticks, counted):
+    """The expected refreshes and messages after a start and its ticks. `counted` are the counts that the program logged, each
+    with its second. On the fast clock, midnight may come between a tick, or the start, and its refresh: then either day is
+    right."""
+    logged = collections.deque(counted)
     number, counts, messages = 0, [], []
-    refreshed, announced = practice.day(start), 0
+    announced = 0
 
-    def told_since(tick, following):
-        return told[0] if told and tick <= told[0][0] < following else None
+    def logged_since(tick, following):
+        return logged.popleft() if logged and tick <= logged[0][0] < following else None
 
-    def count(second):
-        moment, seen = told.popleft() if told else (second, None)
-        right = practice.waiting(second), practice.waiting(moment)
-        counts.append(seen if seen in right else right[0])
+    def count(second, seen):
+        right = practice.waiting(second), practice.waiting(seen[0] if seen else second)
+        counts.append(seen[1] if seen and seen[1] in right else right[0])
         return counts[-1]
 
     def compile_message(second):
@@ -58,15 +58,21 @@ def expect(practice, start, ticks, told):
         else:
             announced = 0
 
-    number = count(start)
+    first = logged_since(start, float("inf"))
+    refreshed = {practice.day(start), practice.day(first[0] if first else start)}
+    number = count(start, first)
     compile_message(start)
     for tick, following in zip(ticks, ticks[1:] + [float("inf")]):
         compile_message(tick)
-        seen = told_since(tick, following)
-        day = practice.day(seen[0] if seen else tick)
-        if refreshed != practice.day(tick) or refreshed != day:
-            refreshed = day
-            number = count(tick)
+        seen = logged_since(tick, following)
+        days = {practice.day(tick), practice.day(seen[0] if seen else tick)}
+        if refreshed.isdisjoint(days) or seen and len(refreshed | days) > 1:
+            refreshed = days
+            number = count(tick, seen)
+        elif seen:
+            counts.append(f"none: on day {days} it had refreshed")
+        else:
+            refreshed = days
     return Expected(messages, counts)
 
 
