@@ -4,7 +4,7 @@ import pathlib
 import subprocess
 import time
 
-from processes import Home, Program, evict
+from processes import Home, Program, evict, run_ms
 from summary import Result
 
 SETTLE_S = 5  # after a start: the first refresh comes after 2 s, the statistics request fails soon after
@@ -148,9 +148,7 @@ def second_start(build, options):
         first.live(options.settle)
 
         def until_exit(command):
-            started = time.monotonic()
-            subprocess.run(command, env=home.environment(), check=True, timeout=60, stderr=subprocess.DEVNULL)
-            taken = (time.monotonic() - started) * 1000
+            taken = run_ms(command, home)
             # The first instance becomes idle before the next start.
             first.live(0.3)
             return taken
