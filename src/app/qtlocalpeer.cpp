@@ -1,6 +1,7 @@
 #include "qtlocalpeer.h"
 
 #include "messagereader.h"
+#include "socketwaits.h"
 
 #include <QCoreApplication>
 #include <QDataStream>
@@ -145,7 +146,7 @@ void QtLocalPeer::acknowledge(QLocalSocket &socket)
     }
     // The sender leaves once it has read the acknowledgement.
     if (isConnected()) {
-        socket.waitForDisconnected(disconnectWaitMs);
+        SocketWaits::waitForDisconnected(socket, disconnectWaitMs);
     }
 }
 
@@ -153,7 +154,7 @@ bool QtLocalPeer::connectToFirst(QLocalSocket &socket, int timeoutMs) const
 {
     for (int attempt = 1; attempt <= connectAttempts; ++attempt) {
         socket.connectToServer(serverName);
-        if (socket.waitForConnected(timeoutMs / connectAttempts)) {
+        if (SocketWaits::waitForConnected(socket, timeoutMs / connectAttempts)) {
             return true;
         }
         socket.abort();

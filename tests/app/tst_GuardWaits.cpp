@@ -4,6 +4,7 @@
 #include "qtlocalpeer.h"
 #include "qtsingleapplication.h"
 #include "qtsinglecoreapplication.h"
+#include "socketwaits.h"
 
 #include "guard/guardnames.h"
 #include "guard/probe.h"
@@ -41,21 +42,17 @@ QStringList waitsOfSending(Application &application)
 
 } // namespace
 
-extern "C" {
-bool __real__ZN12QLocalSocket16waitForConnectedEi(QLocalSocket *socket, int limitMs);
-bool __real__ZN12QLocalSocket19waitForDisconnectedEi(QLocalSocket *socket, int limitMs);
-
-bool __wrap__ZN12QLocalSocket16waitForConnectedEi(QLocalSocket *socket, int limitMs)
+// In place of the guard's own.
+bool SocketWaits::waitForConnected(QLocalSocket &socket, int timeoutMs)
 {
-    waits << QString("connected %1").arg(limitMs);
-    return __real__ZN12QLocalSocket16waitForConnectedEi(socket, limitMs);
+    waits << QString("connected %1").arg(timeoutMs);
+    return socket.waitForConnected(timeoutMs);
 }
 
-bool __wrap__ZN12QLocalSocket19waitForDisconnectedEi(QLocalSocket *socket, int limitMs)
+bool SocketWaits::waitForDisconnected(QLocalSocket &socket, int timeoutMs)
 {
-    waits << QString("disconnected %1").arg(limitMs);
-    return __real__ZN12QLocalSocket19waitForDisconnectedEi(socket, limitMs);
-}
+    waits << QString("disconnected %1").arg(timeoutMs);
+    return socket.waitForDisconnected(timeoutMs);
 }
 
 class tst_GuardWaits : public QObject
