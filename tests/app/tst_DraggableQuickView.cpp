@@ -15,7 +15,7 @@ namespace {
 QtMessageHandler previousHandler = nullptr;
 QStringList windowCalls;
 
-/// Qt says in the log that a window which takes no focus is to be activated, and that this platform raises no window.
+/// Filters two messages: Qt logs that a window without focus is activated, and that this platform cannot raise windows.
 void keepWindowCalls(QtMsgType type, const QMessageLogContext &context, const QString &text)
 {
     if (text.startsWith("requestActivate() called"))
@@ -26,7 +26,7 @@ void keepWindowCalls(QtMsgType type, const QMessageLogContext &context, const QS
         previousHandler(type, context, text);
 }
 
-/// The document: keeps what reaches it, and arms its window during a press when told so.
+/// The document: records its mouse events, and arms its window during a press when `arms` is set.
 class Document : public QQuickItem
 {
     Q_OBJECT
@@ -61,7 +61,7 @@ protected:
     }
 };
 
-/// A window at a known place, with a document connected as the program connects its own.
+/// A window at a known position, with a document connected as in the program.
 class Window : public DraggableQuickView
 {
 public:
@@ -87,7 +87,7 @@ public:
         send(QEvent::MouseButtonRelease, place, button, Qt::NoButton);
     }
 
-    /// Moves the pointer to a place of the screen; the event says where that is in the window as it now stands.
+    /// Moves the pointer to a screen position; the event carries the position in the window.
     void pointTo(QPoint onScreen) { move(onScreen - position()); }
 
     Document document;
@@ -114,30 +114,30 @@ private slots:
     }
     void cleanup() { qInstallMessageHandler(previousHandler); }
 
-    void the_flags_are_exactly_these();
-    void it_has_no_parent_window();
-    void it_shows_two_slots_in_this_order();
-    void the_document_gets_the_press();
-    void unarmed_the_window_stays_and_the_document_gets_the_move();
-    void armed_by_its_press_the_window_follows_and_the_document_gets_no_move();
-    void armed_before_the_press_the_window_follows();
-    void the_window_does_not_drift();
-    void the_place_of_the_press_is_kept_during_a_drag();
-    void held_buttons_other_than_the_left_one_do_not_drag_data();
-    void held_buttons_other_than_the_left_one_do_not_drag();
+    void window_flags_are_exactly_these();
+    void window_has_no_parent();
+    void meta_object_has_two_slots_in_this_order();
+    void document_receives_the_press();
+    void unarmed_window_stays_and_its_document_receives_the_move();
+    void window_armed_by_its_press_follows_and_its_document_receives_no_move();
+    void window_armed_before_the_press_follows();
+    void window_does_not_drift();
+    void press_position_does_not_change_during_a_drag();
+    void only_a_held_left_button_drags_data();
+    void only_a_held_left_button_drags();
     void any_release_disarms_data();
     void any_release_disarms();
-    void disarmed_by_the_slot_the_window_stays();
+    void window_disarmed_by_the_slot_stays();
     void a_press_alone_does_not_arm();
-    void before_any_press_the_place_is_the_corner();
-    void it_can_leave_the_screen_to_the_left();
-    void show_brings_it_to_the_front();
-    void shown_again_it_is_raised_again();
+    void press_position_is_the_corner_before_any_press();
+    void window_can_leave_the_screen_on_the_left();
+    void show_brings_the_window_to_the_front();
+    void showing_the_window_again_raises_it_again();
     void the_focuser_shows_and_raises_twice();
-    void it_becomes_the_active_window();
+    void shown_window_becomes_the_active_one();
 };
 
-void tst_DraggableQuickView::the_flags_are_exactly_these()
+void tst_DraggableQuickView::window_flags_are_exactly_these()
 {
     const DraggableQuickView widget(true);
     QCOMPARE(widget.flags(), Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
@@ -145,7 +145,7 @@ void tst_DraggableQuickView::the_flags_are_exactly_these()
     QCOMPARE(popup.flags(), Qt::WindowFlags(Qt::FramelessWindowHint));
 }
 
-void tst_DraggableQuickView::it_has_no_parent_window()
+void tst_DraggableQuickView::window_has_no_parent()
 {
     const DraggableQuickView view(false);
     QVERIFY(!static_cast<const QWindow &>(view).parent());
@@ -153,7 +153,7 @@ void tst_DraggableQuickView::it_has_no_parent_window()
     QVERIFY(!view.transientParent());
 }
 
-void tst_DraggableQuickView::it_shows_two_slots_in_this_order()
+void tst_DraggableQuickView::meta_object_has_two_slots_in_this_order()
 {
     const QMetaObject &meta = DraggableQuickView::staticMetaObject;
     QCOMPARE(meta.methodCount() - meta.methodOffset(), 2);
@@ -168,14 +168,14 @@ void tst_DraggableQuickView::it_shows_two_slots_in_this_order()
     QCOMPARE(meta.propertyCount(), meta.propertyOffset());
 }
 
-void tst_DraggableQuickView::the_document_gets_the_press()
+void tst_DraggableQuickView::document_receives_the_press()
 {
     Window window;
     window.press({40, 30});
     QCOMPARE(window.document.events, QStringList{"press 40,30"});
 }
 
-void tst_DraggableQuickView::unarmed_the_window_stays_and_the_document_gets_the_move()
+void tst_DraggableQuickView::unarmed_window_stays_and_its_document_receives_the_move()
 {
     Window window;
     window.press({40, 30});
@@ -185,7 +185,7 @@ void tst_DraggableQuickView::unarmed_the_window_stays_and_the_document_gets_the_
     QCOMPARE(window.document.events, (QStringList{"press 40,30", "move 60,50", "release 60,50"}));
 }
 
-void tst_DraggableQuickView::armed_by_its_press_the_window_follows_and_the_document_gets_no_move()
+void tst_DraggableQuickView::window_armed_by_its_press_follows_and_its_document_receives_no_move()
 {
     Window window;
     window.document.arms = true;
@@ -197,7 +197,7 @@ void tst_DraggableQuickView::armed_by_its_press_the_window_follows_and_the_docum
     QCOMPARE(window.document.events, (QStringList{"press 40,30", "release 40,30"}));
 }
 
-void tst_DraggableQuickView::armed_before_the_press_the_window_follows()
+void tst_DraggableQuickView::window_armed_before_the_press_follows()
 {
     Window window;
     QVERIFY(QMetaObject::invokeMethod(&window, "enableDragging", Qt::DirectConnection));
@@ -206,11 +206,11 @@ void tst_DraggableQuickView::armed_before_the_press_the_window_follows()
     QCOMPARE(window.position(), QPoint(103, 84));
 }
 
-void tst_DraggableQuickView::the_window_does_not_drift()
+void tst_DraggableQuickView::window_does_not_drift()
 {
     Window window;
     window.document.arms = true;
-    window.press({40, 30}); // on the screen 140,110
+    window.press({40, 30}); // 140,110 on the screen
     for (int step = 1; step <= 50; ++step)
         window.pointTo({140 + 7 * step, 110 - 3 * step});
     QCOMPARE(window.position(), QPoint(100 + 350, 80 - 150));
@@ -219,20 +219,20 @@ void tst_DraggableQuickView::the_window_does_not_drift()
     QCOMPARE(window.position(), QPoint(100, 80));
 }
 
-void tst_DraggableQuickView::the_place_of_the_press_is_kept_during_a_drag()
+void tst_DraggableQuickView::press_position_does_not_change_during_a_drag()
 {
     Window window;
     window.document.arms = true;
     window.press({40, 30});
     window.move({45, 30});
-    // The window has followed, so the pointer is back at the place of the press and asks for no move.
+    // The window has followed: the pointer is back at the press position and moves nothing.
     window.move({40, 30});
     QCOMPARE(window.position(), QPoint(105, 80));
     window.move({45, 30});
     QCOMPARE(window.position(), QPoint(110, 80));
 }
 
-void tst_DraggableQuickView::held_buttons_other_than_the_left_one_do_not_drag_data()
+void tst_DraggableQuickView::only_a_held_left_button_drags_data()
 {
     QTest::addColumn<Qt::MouseButtons>("held");
     QTest::addColumn<QPoint>("position");
@@ -242,7 +242,7 @@ void tst_DraggableQuickView::held_buttons_other_than_the_left_one_do_not_drag_da
     QTest::newRow("left and right") << (Qt::LeftButton | Qt::RightButton) << QPoint(110, 90);
 }
 
-void tst_DraggableQuickView::held_buttons_other_than_the_left_one_do_not_drag()
+void tst_DraggableQuickView::only_a_held_left_button_drags()
 {
     QFETCH(Qt::MouseButtons, held);
     Window window;
@@ -280,7 +280,7 @@ void tst_DraggableQuickView::any_release_disarms()
     QCOMPARE(window.position(), QPoint(120, 100));
 }
 
-void tst_DraggableQuickView::disarmed_by_the_slot_the_window_stays()
+void tst_DraggableQuickView::window_disarmed_by_the_slot_stays()
 {
     Window window;
     window.document.arms = true;
@@ -302,7 +302,7 @@ void tst_DraggableQuickView::a_press_alone_does_not_arm()
     QCOMPARE(window.position(), QPoint(100, 80));
 }
 
-void tst_DraggableQuickView::before_any_press_the_place_is_the_corner()
+void tst_DraggableQuickView::press_position_is_the_corner_before_any_press()
 {
     Window window;
     window.enableDragging();
@@ -310,7 +310,7 @@ void tst_DraggableQuickView::before_any_press_the_place_is_the_corner()
     QCOMPARE(window.position(), QPoint(103, 84));
 }
 
-void tst_DraggableQuickView::it_can_leave_the_screen_to_the_left()
+void tst_DraggableQuickView::window_can_leave_the_screen_on_the_left()
 {
     Window window;
     window.document.arms = true;
@@ -319,7 +319,7 @@ void tst_DraggableQuickView::it_can_leave_the_screen_to_the_left()
     QCOMPARE(window.position(), QPoint(-100, -100));
 }
 
-void tst_DraggableQuickView::show_brings_it_to_the_front()
+void tst_DraggableQuickView::show_brings_the_window_to_the_front()
 {
     Window window;
     window.setFlag(Qt::WindowDoesNotAcceptFocus);
@@ -329,7 +329,7 @@ void tst_DraggableQuickView::show_brings_it_to_the_front()
     QCOMPARE(windowCalls, (QStringList{"requestActivate", "raise"}));
 }
 
-void tst_DraggableQuickView::shown_again_it_is_raised_again()
+void tst_DraggableQuickView::showing_the_window_again_raises_it_again()
 {
     Window window;
     window.setFlag(Qt::WindowDoesNotAcceptFocus);
@@ -347,7 +347,7 @@ void tst_DraggableQuickView::the_focuser_shows_and_raises_twice()
     QCOMPARE(windowCalls, (QStringList{"requestActivate", "raise", "requestActivate", "raise"}));
 }
 
-void tst_DraggableQuickView::it_becomes_the_active_window()
+void tst_DraggableQuickView::shown_window_becomes_the_active_one()
 {
     Window first;
     Window second;

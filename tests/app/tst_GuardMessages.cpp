@@ -1,4 +1,4 @@
-// What goes over the guard's socket, byte by byte, seen from both of its ends.
+// The bytes on the guard's socket, from both ends.
 
 #include "qtlocalpeer.h"
 
@@ -18,21 +18,21 @@ private slots:
     void first_acknowledges_data();
     void first_acknowledges();
     void signal_comes_after_the_connection_is_closed();
-    void early_end_is_taken_at_what_came();
+    void early_disconnect_delivers_what_has_arrived();
     void silence_inside_a_message_ends_it_after_two_seconds();
-    void sender_that_stays_is_left_after_a_second();
-    void what_follows_a_message_is_not_read();
-    void length_that_cannot_be_honoured_is_a_failed_reception_data();
-    void length_that_cannot_be_honoured_is_a_failed_reception();
-    void hang_up_before_the_acknowledgement_still_counts();
-    void senders_in_line_are_served_in_order();
+    void sender_that_stays_connected_is_dropped_after_a_second();
+    void bytes_after_a_message_are_not_read();
+    void excessive_length_is_a_failed_reception_data();
+    void excessive_length_is_a_failed_reception();
+    void message_counts_when_its_sender_hangs_up_before_the_acknowledgement();
+    void queued_senders_are_served_in_order();
 
     void second_sends_exactly_data();
     void second_sends_exactly();
-    void other_answer_is_no_acknowledgement_data();
-    void other_answer_is_no_acknowledgement();
-    void no_answer_is_given_up();
-    void nobody_listening_is_given_up_after_a_pause();
+    void any_other_answer_is_no_acknowledgement_data();
+    void any_other_answer_is_no_acknowledgement();
+    void sender_gives_up_without_an_answer();
+    void sender_gives_up_after_a_pause_when_no_instance_listens();
 
 private:
     static QString id() { return QString("com.olmeric.vesktandry"); }
@@ -45,7 +45,7 @@ void tst_GuardMessages::first_acknowledges_data()
     QTest::addColumn<QString>("text");
     QTest::newRow("activate") << QByteArray::fromHex("000000086163746976617465") << "activate";
     QTest::newRow("empty") << QByteArray::fromHex("00000000") << "";
-    QTest::newRow("unlisted text") << QByteArray::fromHex("0000000968656c6c6f20796f75") << "hello you";
+    QTest::newRow("any other text") << QByteArray::fromHex("0000000968656c6c6f20796f75") << "hello you";
     QTest::newRow("accents") << QByteArray::fromHex("0000000ac3a9c3a820c3a7c3bc21") << QString::fromUtf8("éè çü!");
     QTest::newRow("not Latin") << QByteArray::fromHex("00000006e697a5e69cac") << QString::fromUtf8("日本");
     QTest::newRow("beyond 16 bits") << QByteArray::fromHex("00000004f09f9880") << QString::fromUtf8("😀");
@@ -86,13 +86,13 @@ void tst_GuardMessages::signal_comes_after_the_connection_is_closed()
     QSignalSpy spy(&first, SIGNAL(messageReceived(QString)));
 
     QVERIFY(sender.connectTo(socket()));
-    // It stays, so that only this side can be the one that closes.
+    // The peer stays connected: only the guard can close the connection.
     QVERIFY(sender.send(lengthBytes(1) + 'a'));
     QVERIFY(spy.wait());
     QVERIFY(closedBefore);
 }
 
-void tst_GuardMessages::early_end_is_taken_at_what_came()
+void tst_GuardMessages::early_disconnect_delivers_what_has_arrived()
 {
     QtLocalPeer first(nullptr, id());
     QVERIFY(!first.isClient());
@@ -118,12 +118,12 @@ void tst_GuardMessages::silence_inside_a_message_ends_it_after_two_seconds()
     QElapsedTimer clock;
     clock.start();
     QVERIFY(spy.wait(20000));
-    QVERIFY2(clock.elapsed() >= 2900, "2000 ms for the next piece, then 1000 ms for the sender to leave");
+    QVERIFY2(clock.elapsed() >= 2900, "2000 ms for the next piece, then 1000 ms for the sender to disconnect");
     QCOMPARE(spy.at(0).at(0).toString(), QString("abc"));
     QCOMPARE(sender.receive(3), QByteArray("ack"));
 }
 
-void tst_GuardMessages::sender_that_stays_is_left_after_a_second()
+void tst_GuardMessages::sender_that_stays_connected_is_dropped_after_a_second()
 {
     QtLocalPeer first(nullptr, id());
     QVERIFY(!first.isClient());
@@ -139,7 +139,7 @@ void tst_GuardMessages::sender_that_stays_is_left_after_a_second()
     QVERIFY(sender.isHungUp());
 }
 
-void tst_GuardMessages::what_follows_a_message_is_not_read()
+void tst_GuardMessages::bytes_after_a_message_are_not_read()
 {
     QtLocalPeer first(nullptr, id());
     QVERIFY(!first.isClient());
@@ -155,7 +155,7 @@ void tst_GuardMessages::what_follows_a_message_is_not_read()
     QCOMPARE(sender.receive(100), QByteArray("ack"));
 }
 
-void tst_GuardMessages::length_that_cannot_be_honoured_is_a_failed_reception_data()
+void tst_GuardMessages::excessive_length_is_a_failed_reception_data()
 {
     QTest::addColumn<quint32>("length");
     QTest::newRow("2^30") << 0x40000000u;
@@ -166,7 +166,7 @@ void tst_GuardMessages::length_that_cannot_be_honoured_is_a_failed_reception_dat
     QTest::newRow("2^32 - 1") << 0xffffffffu;
 }
 
-void tst_GuardMessages::length_that_cannot_be_honoured_is_a_failed_reception()
+void tst_GuardMessages::excessive_length_is_a_failed_reception()
 {
     QFETCH(quint32, length);
     const LogCapture log;
@@ -181,7 +181,7 @@ void tst_GuardMessages::length_that_cannot_be_honoured_is_a_failed_reception()
     QCOMPARE(spy.count(), 0);
 }
 
-void tst_GuardMessages::hang_up_before_the_acknowledgement_still_counts()
+void tst_GuardMessages::message_counts_when_its_sender_hangs_up_before_the_acknowledgement()
 {
     QtLocalPeer first(nullptr, id());
     QVERIFY(!first.isClient());
@@ -196,7 +196,7 @@ void tst_GuardMessages::hang_up_before_the_acknowledgement_still_counts()
     QCOMPARE(spy.at(0).at(0).toString(), QString("activate"));
 }
 
-void tst_GuardMessages::senders_in_line_are_served_in_order()
+void tst_GuardMessages::queued_senders_are_served_in_order()
 {
     QtLocalPeer first(nullptr, id());
     QVERIFY(!first.isClient());
@@ -221,7 +221,7 @@ void tst_GuardMessages::second_sends_exactly_data()
     QTest::newRow("256 long") << QString(256, 'x') << QByteArray::fromHex("00000100") + QByteArray(256, 'x');
 }
 
-/// Stands in for a first instance: its lock is held and its socket listens, with nothing of ours behind them.
+/// A fake first instance: a held lock and a listening socket.
 #define STAND_IN_FOR_THE_FIRST(listener)                                                                               \
     RawListener listener;                                                                                              \
     QFile::remove(socket());                                                                                           \
@@ -238,14 +238,14 @@ void tst_GuardMessages::second_sends_exactly()
     Probe second({"--core", "--id", id(), "--send=" + text});
     RawPeer connection = listener.accept();
     QCOMPARE(connection.receive(sent.size()), sent);
-    QVERIFY2(!connection.hasSomethingToRead(0), "more was sent than the message");
+    QVERIFY2(!connection.hasSomethingToRead(0), "the sender sent more than the message");
     QVERIFY(connection.send("ack"));
     QVERIFY(second.says("second acknowledged"));
     QVERIFY(second.leaves());
     QVERIFY(connection.isHungUp());
 }
 
-void tst_GuardMessages::other_answer_is_no_acknowledgement_data()
+void tst_GuardMessages::any_other_answer_is_no_acknowledgement_data()
 {
     QTest::addColumn<QByteArray>("answer");
     QTest::newRow("other letters") << QByteArray("nak");
@@ -255,7 +255,7 @@ void tst_GuardMessages::other_answer_is_no_acknowledgement_data()
     QTest::newRow("none at all") << QByteArray();
 }
 
-void tst_GuardMessages::other_answer_is_no_acknowledgement()
+void tst_GuardMessages::any_other_answer_is_no_acknowledgement()
 {
     QFETCH(QByteArray, answer);
     STAND_IN_FOR_THE_FIRST(listener);
@@ -268,7 +268,7 @@ void tst_GuardMessages::other_answer_is_no_acknowledgement()
     QVERIFY(second.leaves());
 }
 
-void tst_GuardMessages::no_answer_is_given_up()
+void tst_GuardMessages::sender_gives_up_without_an_answer()
 {
     STAND_IN_FOR_THE_FIRST(listener);
     QElapsedTimer clock;
@@ -280,7 +280,7 @@ void tst_GuardMessages::no_answer_is_given_up()
     QVERIFY(second.leaves());
 }
 
-void tst_GuardMessages::nobody_listening_is_given_up_after_a_pause()
+void tst_GuardMessages::sender_gives_up_after_a_pause_when_no_instance_listens()
 {
     QtLP_Private::QtLockedFile lock(socket() + "-lockfile");
     QVERIFY(lock.open(QIODevice::ReadWrite));

@@ -1,5 +1,5 @@
-// Moments that no test could hit by waiting. Two calls of the system are replaced here, so that things happen exactly
-// within them: the pause between two attempts to connect, and the removal of a file.
+// Moments that no test can hit by waiting. Two system calls are replaced to run code exactly within them: the pause
+// between two attempts to connect, and the removal of a file.
 
 #include "qtlocalpeer.h"
 
@@ -58,8 +58,8 @@ private slots:
         QFile::remove(socket());
     }
 
-    void second_attempt_finds_who_began_to_listen_meanwhile();
-    void pause_goes_on_after_a_signal();
+    void second_attempt_finds_an_instance_that_began_to_listen_during_the_pause();
+    void pause_continues_after_a_signal();
     void there_is_no_third_attempt();
     void there_is_no_pause_when_the_first_attempt_connects();
     void ending_instance_removes_its_socket_while_it_holds_the_lock();
@@ -70,7 +70,7 @@ private:
     static QStringList holdingTheLock() { return {"--lock", socket() + "-lockfile", "write", "try"}; }
 };
 
-void tst_GuardMoments::second_attempt_finds_who_began_to_listen_meanwhile()
+void tst_GuardMoments::second_attempt_finds_an_instance_that_began_to_listen_during_the_pause()
 {
     Probe holder(holdingTheLock());
     QVERIFY(holder.says("locked"));
@@ -83,7 +83,7 @@ void tst_GuardMoments::second_attempt_finds_who_began_to_listen_meanwhile()
     QCOMPARE(connection.receive(100), QByteArray::fromHex("000000086163746976617465"));
 }
 
-void tst_GuardMoments::pause_goes_on_after_a_signal()
+void tst_GuardMoments::pause_continues_after_a_signal()
 {
     Probe holder(holdingTheLock());
     QVERIFY(holder.says("locked"));
@@ -113,7 +113,7 @@ void tst_GuardMoments::there_is_no_pause_when_the_first_attempt_connects()
     QCOMPARE(pausesNs, QList<qint64>());
 }
 
-// Or it would remove the socket of the next instance, which may have come between.
+// After releasing the lock it could remove the socket of the next instance.
 void tst_GuardMoments::ending_instance_removes_its_socket_while_it_holds_the_lock()
 {
     bool removed = false;

@@ -1,5 +1,5 @@
-// How long the guard waits for the other side at the most: what it asks Qt for, since a test that measures time only
-// tells a lower bound.
+// The longest waits of the guard. The tests check the arguments of Qt's waiting functions, because measured times only
+// give lower bounds.
 
 #include "qtlocalpeer.h"
 #include "qtsingleapplication.h"
@@ -28,7 +28,7 @@ QString socket()
     return socketPath("comolm-ba14");
 }
 
-/// The waits of a message that nobody takes, sent with no word of how long it may last.
+/// The waits while sending a message, with the default time-out, that no instance receives.
 template<typename Application>
 QStringList waitsOfSending(Application &application)
 {
@@ -71,8 +71,8 @@ private slots:
     }
 
     void each_attempt_to_connect_has_half_the_time();
-    void message_has_five_seconds_unless_told_otherwise();
-    void sender_has_a_second_to_leave();
+    void message_has_five_seconds_by_default();
+    void sender_has_a_second_to_disconnect();
 };
 
 void tst_GuardWaits::each_attempt_to_connect_has_half_the_time()
@@ -84,13 +84,13 @@ void tst_GuardWaits::each_attempt_to_connect_has_half_the_time()
     QCOMPARE(waits, (QStringList{"connected 300", "connected 300"}));
 }
 
-void tst_GuardWaits::message_has_five_seconds_unless_told_otherwise()
+void tst_GuardWaits::message_has_five_seconds_by_default()
 {
     QCOMPARE(waitsOfCoreApplication, (QStringList{"connected 2500", "connected 2500"}));
     QCOMPARE(waitsOfApplication, (QStringList{"connected 2500", "connected 2500"}));
 }
 
-void tst_GuardWaits::sender_has_a_second_to_leave()
+void tst_GuardWaits::sender_has_a_second_to_disconnect()
 {
     QtLocalPeer first(nullptr, id());
     QVERIFY(!first.isClient());

@@ -1,4 +1,4 @@
-// Strangers on the socket of a real first instance. TANDRY_HOSTILE_CONNECTIONS asks for more of them by hand.
+// Hostile peers on the socket of a real first instance. TANDRY_HOSTILE_CONNECTIONS sets a higher number of connections.
 
 #include "guard/guardnames.h"
 #include "guard/probe.h"
@@ -24,20 +24,20 @@ private slots:
     void init();
     void cleanup() { first.reset(); }
 
-    void announced_lengths_take_no_memory_data();
-    void announced_lengths_take_no_memory();
-    void message_may_come_byte_by_byte();
-    void thousand_connections_at_once_are_all_served();
-    void hang_ups_after_the_length_leave_the_first_well_data();
-    void hang_ups_after_the_length_leave_the_first_well();
-    void hang_up_before_the_length_holds_the_first_data();
-    void hang_up_before_the_length_holds_the_first();
-    void memory_stays_flat();
+    void announced_lengths_allocate_no_memory_data();
+    void announced_lengths_allocate_no_memory();
+    void message_can_arrive_byte_by_byte();
+    void a_thousand_simultaneous_connections_are_all_served();
+    void hang_ups_after_the_length_do_not_harm_the_first_instance_data();
+    void hang_ups_after_the_length_do_not_harm_the_first_instance();
+    void hang_up_before_the_length_blocks_the_first_instance_data();
+    void hang_up_before_the_length_blocks_the_first_instance();
+    void memory_does_not_grow();
 
 private:
     static QString socket() { return socketPath("comolm-ba14"); }
 
-    /// True when an ordinary later start is still acknowledged and activates.
+    /// True when a normal second start is still acknowledged and activates the first.
     bool firstIsWell()
     {
         Probe second({"--core", "--id", "com.olmeric.vesktandry", "--send", "well?"});
@@ -53,11 +53,11 @@ void tst_HostilePeers::init()
     QVERIFY(first->says("first"));
 }
 
-void tst_HostilePeers::announced_lengths_take_no_memory_data()
+void tst_HostilePeers::announced_lengths_allocate_no_memory_data()
 {
     QTest::addColumn<quint32>("length");
     QTest::addColumn<bool>("honoured");
-    QTest::newRow("a gigabyte nearly") << 0x3fffffc0u << true;
+    QTest::newRow("nearly a gigabyte") << 0x3fffffc0u << true;
     QTest::newRow("half a gigabyte") << 0x20000000u << true;
     QTest::newRow("2^30") << 0x40000000u << false;
     QTest::newRow("2^31 - 1") << 0x7fffffffu << false;
@@ -65,7 +65,7 @@ void tst_HostilePeers::announced_lengths_take_no_memory_data()
     QTest::newRow("2^32 - 1") << 0xffffffffu << false;
 }
 
-void tst_HostilePeers::announced_lengths_take_no_memory()
+void tst_HostilePeers::announced_lengths_allocate_no_memory()
 {
     QFETCH(quint32, length);
     QFETCH(bool, honoured);
@@ -88,14 +88,14 @@ void tst_HostilePeers::announced_lengths_take_no_memory()
     QCOMPARE(first->nextLine(), QByteArray("message 77656c6c3f"));
 }
 
-void tst_HostilePeers::message_may_come_byte_by_byte()
+void tst_HostilePeers::message_can_arrive_byte_by_byte()
 {
     RawPeer sender;
     QVERIFY(sender.connectTo(socket()));
     const QByteArray message = lengthBytes(8) + "activate";
     for (const char byte : message) {
         QVERIFY(sender.send(QByteArray(1, byte)));
-        // The next one goes when this one has been taken, so that each is a wait of its own.
+        // Sends the next byte once this one has been read: each byte is a separate wait.
         while (!sender.isTaken())
             std::this_thread::yield();
     }
@@ -104,7 +104,7 @@ void tst_HostilePeers::message_may_come_byte_by_byte()
     QVERIFY(first->says("message 6163746976617465"));
 }
 
-void tst_HostilePeers::thousand_connections_at_once_are_all_served()
+void tst_HostilePeers::a_thousand_simultaneous_connections_are_all_served()
 {
     constexpr int count = 1000;
     rlimit files;
@@ -112,7 +112,7 @@ void tst_HostilePeers::thousand_connections_at_once_are_all_served()
     files.rlim_cur = files.rlim_max;
     QCOMPARE(::setrlimit(RLIMIT_NOFILE, &files), 0);
 
-    // All are connecting before one of them is served.
+    // All connect before the first of them is served.
     QCOMPARE(::kill(pid_t(first->processId()), SIGSTOP), 0);
     std::atomic<int> begun = 0;
     std::atomic<int> acknowledged = 0;
@@ -134,19 +134,19 @@ void tst_HostilePeers::thousand_connections_at_once_are_all_served()
     QVERIFY(firstIsWell());
 }
 
-void tst_HostilePeers::hang_ups_after_the_length_leave_the_first_well_data()
+void tst_HostilePeers::hang_ups_after_the_length_do_not_harm_the_first_instance_data()
 {
     QTest::addColumn<QByteArray>("sent");
     QTest::newRow("right after the length") << lengthBytes(8);
     QTest::newRow("inside the message") << lengthBytes(8) + "acti";
     QTest::newRow("before the acknowledgement") << lengthBytes(8) + "activate";
     QTest::newRow("after an empty message") << lengthBytes(0);
-    QTest::newRow("after too great a length") << lengthBytes(0xffffffff);
-    QTest::newRow("after too much") << lengthBytes(1) + QByteArray(50000, 'x');
-    QTest::newRow("after bytes that are no UTF-8") << lengthBytes(4) + QByteArray::fromHex("fffec080");
+    QTest::newRow("after an excessive length") << lengthBytes(0xffffffff);
+    QTest::newRow("after too many bytes") << lengthBytes(1) + QByteArray(50000, 'x');
+    QTest::newRow("after bytes that are not UTF-8") << lengthBytes(4) + QByteArray::fromHex("fffec080");
 }
 
-void tst_HostilePeers::hang_ups_after_the_length_leave_the_first_well()
+void tst_HostilePeers::hang_ups_after_the_length_do_not_harm_the_first_instance()
 {
     QFETCH(QByteArray, sent);
     for (int i = 0; i < 20; ++i) {
@@ -158,7 +158,7 @@ void tst_HostilePeers::hang_ups_after_the_length_leave_the_first_well()
     QVERIFY(firstIsWell());
 }
 
-void tst_HostilePeers::hang_up_before_the_length_holds_the_first_data()
+void tst_HostilePeers::hang_up_before_the_length_blocks_the_first_instance_data()
 {
     QTest::addColumn<QByteArray>("sent");
     QTest::newRow("nothing sent") << QByteArray();
@@ -166,8 +166,8 @@ void tst_HostilePeers::hang_up_before_the_length_holds_the_first_data()
     QTest::newRow("three bytes") << QByteArray(3, '\0');
 }
 
-// Kept on purpose, see docs/decisions/guard-waits.md.
-void tst_HostilePeers::hang_up_before_the_length_holds_the_first()
+// The reasons are in docs/decisions/guard-waits.md.
+void tst_HostilePeers::hang_up_before_the_length_blocks_the_first_instance()
 {
     QFETCH(QByteArray, sent);
     QVERIFY(firstIsWell());
@@ -176,7 +176,7 @@ void tst_HostilePeers::hang_up_before_the_length_holds_the_first()
     QVERIFY(sender.send(sent));
     sender.hangUp();
 
-    // It goes on asking a connection that says no at once: it works without rest and serves nobody.
+    // The wait on a closed connection returns at once: the loop uses all CPU time and serves no other peer.
     const qint64 before = ProcessFacts::processorMs(first->processId());
     QTRY_VERIFY_WITH_TIMEOUT(ProcessFacts::processorMs(first->processId()) >= before + 300, 20000);
     Probe second({"--core", "--id", "com.olmeric.vesktandry", "--timeout", "300"});
@@ -200,12 +200,12 @@ static QByteArray hostileBytes(int kind)
     }
 }
 
-void tst_HostilePeers::memory_stays_flat()
+void tst_HostilePeers::memory_does_not_grow()
 {
     constexpr int kinds = 8;
     const int asked = qEnvironmentVariableIntValue("TANDRY_HOSTILE_CONNECTIONS");
     const int count = asked > 0 ? asked : 500;
-    // Nobody reads what a hundred thousand strangers bring about.
+    // --quiet: the test does not read the output for a hundred thousand peers.
     first = std::make_unique<Probe>(QStringList{"--core", "--id", "com.olmeric.vesktandry", "--quiet"});
     QVERIFY(first->says("first"));
 
@@ -229,7 +229,7 @@ void tst_HostilePeers::memory_stays_flat()
 int main(int argc, char **argv)
 {
     const TestHome home;
-    // Under AddressSanitizer freed memory is held back, which would look like growth.
+    // AddressSanitizer delays the release of memory, which would look like growth.
     qputenv("ASAN_OPTIONS", qgetenv("ASAN_OPTIONS") + ":quarantine_size_mb=0:thread_local_quarantine_size_kb=0");
     QCoreApplication application(argc, argv);
     tst_HostilePeers test;

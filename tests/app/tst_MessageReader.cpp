@@ -5,7 +5,7 @@
 
 namespace {
 
-/// A connection on which the test decides what arrives with each wait; an empty piece is a wait in vain.
+/// A connection on which the test decides what arrives during each wait; an empty piece is a wait that times out.
 class ScriptedDevice : public QIODevice
 {
 public:
@@ -63,23 +63,23 @@ class tst_MessageReader : public QObject
     Q_OBJECT
 
 private slots:
-    void message_is_taken_data();
-    void message_is_taken();
-    void length_is_waited_for_half_a_minute_at_a_time();
-    void length_is_waited_for_however_often_in_vain();
-    void piece_is_waited_for_two_seconds();
-    void silent_sender_is_taken_at_what_it_sent();
-    void nothing_is_waited_for_once_all_is_there();
-    void what_follows_the_message_stays();
+    void message_is_received_data();
+    void message_is_received();
+    void waits_half_a_minute_at_a_time_for_the_length();
+    void waits_for_the_length_without_limit();
+    void waits_two_seconds_for_each_piece();
+    void message_of_a_silent_sender_is_what_it_sent();
+    void does_not_wait_once_everything_has_arrived();
+    void bytes_after_the_message_stay_unread();
     void failed_read_fails();
     void failed_read_after_a_piece_fails();
-    void length_beyond_a_text_fails_data();
-    void length_beyond_a_text_fails();
-    void longest_length_is_honoured();
-    void never_asks_for_much_more_than_has_arrived();
+    void length_beyond_a_string_fails_data();
+    void length_beyond_a_string_fails();
+    void longest_length_is_accepted();
+    void reads_at_most_one_byte_more_than_has_arrived();
 };
 
-void tst_MessageReader::message_is_taken_data()
+void tst_MessageReader::message_is_received_data()
 {
     QTest::addColumn<QByteArrayList>("pieces");
     QTest::addColumn<QString>("text");
@@ -97,7 +97,7 @@ void tst_MessageReader::message_is_taken_data()
     QTest::newRow("256 long") << QByteArrayList{bytes("00000100") + QByteArray(256, 'x')} << QString(256, 'x');
 }
 
-void tst_MessageReader::message_is_taken()
+void tst_MessageReader::message_is_received()
 {
     QFETCH(QByteArrayList, pieces);
     QFETCH(QString, text);
@@ -107,14 +107,14 @@ void tst_MessageReader::message_is_taken()
     QCOMPARE(reader.message(), text);
 }
 
-void tst_MessageReader::length_is_waited_for_half_a_minute_at_a_time()
+void tst_MessageReader::waits_half_a_minute_at_a_time_for_the_length()
 {
     ScriptedDevice device({bytes("00"), bytes("0000"), bytes("00")});
     QVERIFY(MessageReader(device).receive());
     QCOMPARE(device.waits, (QList<int>{30000, 30000, 30000}));
 }
 
-void tst_MessageReader::length_is_waited_for_however_often_in_vain()
+void tst_MessageReader::waits_for_the_length_without_limit()
 {
     QByteArrayList script{bytes("00")};
     for (int i = 0; i < 1000; ++i)
@@ -127,14 +127,14 @@ void tst_MessageReader::length_is_waited_for_however_often_in_vain()
     QCOMPARE(device.waits.size(), 1002);
 }
 
-void tst_MessageReader::piece_is_waited_for_two_seconds()
+void tst_MessageReader::waits_two_seconds_for_each_piece()
 {
     ScriptedDevice device({bytes("00000003"), "a", "b", "c"});
     QVERIFY(MessageReader(device).receive());
     QCOMPARE(device.waits, (QList<int>{30000, 2000, 2000, 2000}));
 }
 
-void tst_MessageReader::silent_sender_is_taken_at_what_it_sent()
+void tst_MessageReader::message_of_a_silent_sender_is_what_it_sent()
 {
     ScriptedDevice device({bytes("0000000a"), "abc", QByteArray(), "too late"});
     MessageReader reader(device);
@@ -143,14 +143,14 @@ void tst_MessageReader::silent_sender_is_taken_at_what_it_sent()
     QCOMPARE(device.waits, (QList<int>{30000, 2000, 2000}));
 }
 
-void tst_MessageReader::nothing_is_waited_for_once_all_is_there()
+void tst_MessageReader::does_not_wait_once_everything_has_arrived()
 {
     ScriptedDevice device({bytes("0000000161")});
     QVERIFY(MessageReader(device).receive());
     QCOMPARE(device.waits, (QList<int>{30000}));
 }
 
-void tst_MessageReader::what_follows_the_message_stays()
+void tst_MessageReader::bytes_after_the_message_stay_unread()
 {
     ScriptedDevice device({bytes("00000002") + "abcd"});
     MessageReader reader(device);
@@ -168,7 +168,7 @@ void tst_MessageReader::failed_read_fails()
 
 void tst_MessageReader::failed_read_after_a_piece_fails()
 {
-    // A wait that says yes with nothing to read is how a broken connection can look.
+    // On a broken connection, a wait can succeed with nothing to read.
     class BrokenDevice : public ScriptedDevice
     {
     public:
@@ -184,10 +184,10 @@ void tst_MessageReader::failed_read_after_a_piece_fails()
     QVERIFY(!MessageReader(device).receive());
 }
 
-void tst_MessageReader::length_beyond_a_text_fails_data()
+void tst_MessageReader::length_beyond_a_string_fails_data()
 {
     QTest::addColumn<QByteArray>("length");
-    QTest::newRow("one more than can be held") << bytes("3fffffc1");
+    QTest::newRow("one byte too many") << bytes("3fffffc1");
     QTest::newRow("2^30") << bytes("40000000");
     QTest::newRow("2^31 - 1") << bytes("7fffffff");
     QTest::newRow("2^31") << bytes("80000000");
@@ -196,7 +196,7 @@ void tst_MessageReader::length_beyond_a_text_fails_data()
     QTest::newRow("2^32 - 1") << bytes("ffffffff");
 }
 
-void tst_MessageReader::length_beyond_a_text_fails()
+void tst_MessageReader::length_beyond_a_string_fails()
 {
     QFETCH(QByteArray, length);
     ScriptedDevice device({length + "activate"});
@@ -207,7 +207,7 @@ void tst_MessageReader::length_beyond_a_text_fails()
     QVERIFY(reader.message().isEmpty());
 }
 
-void tst_MessageReader::longest_length_is_honoured()
+void tst_MessageReader::longest_length_is_accepted()
 {
     ScriptedDevice device({bytes("3fffffc0") + "abc"});
     MessageReader reader(device);
@@ -215,7 +215,7 @@ void tst_MessageReader::longest_length_is_honoured()
     QCOMPARE(reader.message(), QString("abc"));
 }
 
-void tst_MessageReader::never_asks_for_much_more_than_has_arrived()
+void tst_MessageReader::reads_at_most_one_byte_more_than_has_arrived()
 {
     ScriptedDevice device({bytes("3fffffc0"), "a", QByteArray(100000, 'b'), "c"});
     MessageReader reader(device);

@@ -23,21 +23,21 @@ private slots:
 
     void names_come_from_the_id_data();
     void names_come_from_the_id();
-    void checksum_of_the_tests_themselves_is_right();
+    void checksum_in_the_tests_is_right();
     void empty_id_stands_for_the_executable();
     void meta_methods_are_in_order();
-    void making_a_peer_opens_the_lock_file_and_takes_nothing();
-    void files_are_the_owners_alone();
-    void first_stays_first_however_often_it_asks();
+    void constructing_a_peer_opens_the_lock_file_without_locking_it();
+    void files_are_accessible_to_their_owner_only();
+    void first_instance_stays_the_first_at_every_call();
     void second_process_is_a_client();
-    void client_takes_nothing();
+    void client_creates_no_socket();
     void first_sends_nothing();
-    void nothing_is_received_when_nobody_has_connected();
+    void nothing_is_received_without_a_connection();
     void stale_socket_is_replaced();
     void socket_that_cannot_be_replaced_is_only_logged();
     void name_too_long_for_a_socket_is_only_logged();
     void unusable_lock_file_makes_a_client();
-    void end_removes_the_socket_and_keeps_the_lock_file();
+    void destructor_removes_the_socket_and_leaves_the_lock_file();
 
 private:
     static QString id() { return QString("com.olmeric.vesktandry"); }
@@ -63,8 +63,8 @@ void tst_QtLocalPeer::names_come_from_the_id_data()
     QTest::newRow("first letter not a to z") << QString::fromUtf8("Zoé Ünlü") << "Zonl-f869";
     QTest::newRow("one letter") << "a"
                                 << "a-82f7";
-    QTest::newRow("blanks and signs before the cut") << "Tan-dry 2 go"
-                                                     << "Tandry-7d08";
+    QTest::newRow("spaces and punctuation before the cut") << "Tan-dry 2 go"
+                                                           << "Tandry-7d08";
     QTest::newRow("checksum without leading zeros") << "tandry116"
                                                     << "tandry-2b";
 }
@@ -83,7 +83,7 @@ void tst_QtLocalPeer::names_come_from_the_id()
     QVERIFY(other.connectTo(name));
 }
 
-void tst_QtLocalPeer::checksum_of_the_tests_themselves_is_right()
+void tst_QtLocalPeer::checksum_in_the_tests_is_right()
 {
     QCOMPARE(checksumBitByBit("123456789"), quint16(0x906e));
     QCOMPARE(checksumBitByBit("/usr/bin/tandry"), quint16(0x6662));
@@ -112,7 +112,7 @@ void tst_QtLocalPeer::meta_methods_are_in_order()
     QCOMPARE(slot.access(), QMetaMethod::Private);
 }
 
-void tst_QtLocalPeer::making_a_peer_opens_the_lock_file_and_takes_nothing()
+void tst_QtLocalPeer::constructing_a_peer_opens_the_lock_file_without_locking_it()
 {
     const QtLocalPeer peer(nullptr, id());
     QVERIFY(QFileInfo::exists(lockFile()));
@@ -121,7 +121,7 @@ void tst_QtLocalPeer::making_a_peer_opens_the_lock_file_and_takes_nothing()
     QVERIFY(other.says("locked"));
 }
 
-void tst_QtLocalPeer::files_are_the_owners_alone()
+void tst_QtLocalPeer::files_are_accessible_to_their_owner_only()
 {
     const mode_t before = ::umask(077);
     QtLocalPeer peer(nullptr, id());
@@ -135,7 +135,7 @@ void tst_QtLocalPeer::files_are_the_owners_alone()
     QCOMPARE(uint(facts.st_mode & 07777), 0600u);
 }
 
-void tst_QtLocalPeer::first_stays_first_however_often_it_asks()
+void tst_QtLocalPeer::first_instance_stays_the_first_at_every_call()
 {
     const LogCapture log;
     QtLocalPeer peer(nullptr, id());
@@ -144,7 +144,7 @@ void tst_QtLocalPeer::first_stays_first_however_often_it_asks()
     QVERIFY(!peer.isClient());
     QCOMPARE(LogCapture::lines(), QStringList());
 
-    // Asked thrice, it still hears each message once.
+    // After three calls it still receives each message once.
     QSignalSpy spy(&peer, SIGNAL(messageReceived(QString)));
     RawPeer sender;
     QVERIFY(sender.connectTo(socket()));
@@ -165,7 +165,7 @@ void tst_QtLocalPeer::second_process_is_a_client()
     QVERIFY(first.says("message 6163746976617465"));
 }
 
-void tst_QtLocalPeer::client_takes_nothing()
+void tst_QtLocalPeer::client_creates_no_socket()
 {
     Probe holder({"--lock", lockFile(), "write", "try"});
     QVERIFY(holder.says("locked"));
@@ -180,7 +180,7 @@ void tst_QtLocalPeer::first_sends_nothing()
 {
     QtLocalPeer peer(nullptr, id());
     QSignalSpy spy(&peer, SIGNAL(messageReceived(QString)));
-    // Sending asks who is first, and so makes this one the first.
+    // sendMessage() calls isClient(), which makes this instance the first.
     QVERIFY(!peer.sendMessage("activate", 5000));
     QVERIFY(QFileInfo::exists(socket()));
     QVERIFY(!peer.sendMessage("activate", 5000));
@@ -188,7 +188,7 @@ void tst_QtLocalPeer::first_sends_nothing()
     QCOMPARE(spy.count(), 0);
 }
 
-void tst_QtLocalPeer::nothing_is_received_when_nobody_has_connected()
+void tst_QtLocalPeer::nothing_is_received_without_a_connection()
 {
     const LogCapture log;
     QtLocalPeer peer(nullptr, id());
@@ -259,7 +259,7 @@ void tst_QtLocalPeer::unusable_lock_file_makes_a_client()
     QVERIFY(QDir().rmdir(lockFile()));
 }
 
-void tst_QtLocalPeer::end_removes_the_socket_and_keeps_the_lock_file()
+void tst_QtLocalPeer::destructor_removes_the_socket_and_leaves_the_lock_file()
 {
     {
         QtLocalPeer peer(nullptr, id());

@@ -30,28 +30,28 @@ private slots:
     void starts_closed_and_without_a_lock();
     void truncate_is_refused_data();
     void truncate_is_refused();
-    void opens_in_other_modes();
+    void opens_in_modes_without_truncate();
     void closed_file_cannot_be_locked_data();
     void closed_file_cannot_be_locked();
     void closed_file_cannot_be_unlocked();
     void unlocking_without_a_lock_succeeds();
     void locking_with_none_unlocks();
     void same_mode_is_granted_again();
-    void processes_share_and_exclude_data();
-    void processes_share_and_exclude();
+    void readers_share_the_lock_and_a_writer_excludes_all_others_data();
+    void readers_share_the_lock_and_a_writer_excludes_all_others();
     void refused_lock_is_not_held();
-    void write_gives_way_to_read();
-    void changing_mode_gives_up_the_first_even_when_the_second_is_refused();
-    void waiting_lock_comes_when_the_holder_leaves();
-    void waiting_lock_is_waited_for();
+    void write_lock_can_change_to_a_read_lock();
+    void changing_the_mode_releases_the_old_lock_even_when_the_new_one_is_refused();
+    void waiting_lock_is_granted_once_the_holder_ends();
+    void waiting_lock_is_not_granted_before_the_holder_unlocks();
     void killed_holder_leaves_no_lock();
     void lock_ends_with_the_object();
-    void lock_ends_with_the_object_though_the_file_stays_open();
-    void lock_covers_the_whole_file_and_what_is_beyond();
-    void failing_lock_says_why_data();
-    void failing_lock_says_why();
-    void failing_unlock_says_why_with_the_text_of_locking();
-    void interrupted_wait_is_silent();
+    void lock_ends_with_the_object_even_if_the_file_stays_open();
+    void lock_covers_the_whole_file_and_beyond();
+    void failing_lock_logs_its_reason_data();
+    void failing_lock_logs_its_reason();
+    void failing_unlock_logs_its_reason_with_the_text_of_locking();
+    void interrupted_wait_logs_nothing();
 
 private:
     static QString path() { return QDir::tempPath() + "/locked"; }
@@ -101,7 +101,7 @@ void tst_QtLockedFile::truncate_is_refused()
     QCOMPARE(LogCapture::lines(), QStringList("warning: QtLockedFile::open(): Truncate mode not allowed."));
 }
 
-void tst_QtLockedFile::opens_in_other_modes()
+void tst_QtLockedFile::opens_in_modes_without_truncate()
 {
     const LogCapture log;
     QtLockedFile file(path());
@@ -144,7 +144,7 @@ void tst_QtLockedFile::unlocking_without_a_lock_succeeds()
     QVERIFY(file.open(QIODevice::ReadWrite));
     QVERIFY(file.unlock());
     QVERIFY(file.lock(QtLockedFile::LockNone));
-    QCOMPARE(::close(file.handle()), 0); // the system is not asked
+    QCOMPARE(::close(file.handle()), 0); // unlock() must make no system call
     QVERIFY(file.unlock());
     QCOMPARE(LogCapture::lines(), QStringList());
 }
@@ -171,13 +171,13 @@ void tst_QtLockedFile::same_mode_is_granted_again()
         QVERIFY(file.isLocked());
         QCOMPARE(file.lockMode(), mode);
     }
-    // The system is not asked, for which the file is gone by now.
+    // lock() must make no system call: for the system, the file is closed by now.
     QCOMPARE(::close(file.handle()), 0);
     QVERIFY(file.lock(QtLockedFile::LockWrite, false));
     QCOMPARE(LogCapture::lines(), QStringList());
 }
 
-void tst_QtLockedFile::processes_share_and_exclude_data()
+void tst_QtLockedFile::readers_share_the_lock_and_a_writer_excludes_all_others_data()
 {
     QTest::addColumn<int>("ours");
     QTest::addColumn<QByteArray>("theirs");
@@ -188,7 +188,7 @@ void tst_QtLockedFile::processes_share_and_exclude_data()
     QTest::newRow("two writers") << int(QtLockedFile::LockWrite) << QByteArray("write") << QByteArray("refused");
 }
 
-void tst_QtLockedFile::processes_share_and_exclude()
+void tst_QtLockedFile::readers_share_the_lock_and_a_writer_excludes_all_others()
 {
     QFETCH(int, ours);
     QFETCH(QByteArray, theirs);
@@ -214,7 +214,7 @@ void tst_QtLockedFile::refused_lock_is_not_held()
     QCOMPARE(LogCapture::lines(), QStringList());
 }
 
-void tst_QtLockedFile::write_gives_way_to_read()
+void tst_QtLockedFile::write_lock_can_change_to_a_read_lock()
 {
     QtLockedFile file(path());
     QVERIFY(file.open(QIODevice::ReadWrite));
@@ -225,7 +225,7 @@ void tst_QtLockedFile::write_gives_way_to_read()
     QVERIFY(other.says("locked"));
 }
 
-void tst_QtLockedFile::changing_mode_gives_up_the_first_even_when_the_second_is_refused()
+void tst_QtLockedFile::changing_the_mode_releases_the_old_lock_even_when_the_new_one_is_refused()
 {
     QtLockedFile file(path());
     QVERIFY(file.open(QIODevice::ReadWrite));
@@ -244,7 +244,7 @@ void tst_QtLockedFile::changing_mode_gives_up_the_first_even_when_the_second_is_
     QVERIFY(writer.says("locked"));
 }
 
-void tst_QtLockedFile::waiting_lock_comes_when_the_holder_leaves()
+void tst_QtLockedFile::waiting_lock_is_granted_once_the_holder_ends()
 {
     Probe holder(locking("write", "try"));
     QVERIFY(holder.says("locked"));
@@ -256,14 +256,14 @@ void tst_QtLockedFile::waiting_lock_comes_when_the_holder_leaves()
     QVERIFY(file.isLocked());
 }
 
-void tst_QtLockedFile::waiting_lock_is_waited_for()
+void tst_QtLockedFile::waiting_lock_is_not_granted_before_the_holder_unlocks()
 {
     QtLockedFile file(path());
     QVERIFY(file.open(QIODevice::ReadWrite));
     QVERIFY(file.lock(QtLockedFile::LockRead));
     Probe waiting(locking("write", "wait"));
     QVERIFY(waiting.says("asking"));
-    QVERIFY2(!waiting.waitForReadyRead(200), "answered while the lock was held here");
+    QVERIFY2(!waiting.waitForReadyRead(200), "granted while this process held the lock");
     QVERIFY(file.unlock());
     QVERIFY(waiting.says("locked"));
 }
@@ -292,7 +292,7 @@ void tst_QtLockedFile::lock_ends_with_the_object()
     QCOMPARE(LogCapture::lines(), QStringList());
 }
 
-void tst_QtLockedFile::lock_ends_with_the_object_though_the_file_stays_open()
+void tst_QtLockedFile::lock_ends_with_the_object_even_if_the_file_stays_open()
 {
     QFile owner(path());
     QVERIFY(owner.open(QIODevice::ReadWrite));
@@ -305,7 +305,7 @@ void tst_QtLockedFile::lock_ends_with_the_object_though_the_file_stays_open()
     QVERIFY(other.says("locked"));
 }
 
-void tst_QtLockedFile::lock_covers_the_whole_file_and_what_is_beyond()
+void tst_QtLockedFile::lock_covers_the_whole_file_and_beyond()
 {
     Probe holder(locking("write", "try"));
     QVERIFY(holder.says("locked"));
@@ -323,14 +323,14 @@ void tst_QtLockedFile::lock_covers_the_whole_file_and_what_is_beyond()
     QCOMPARE(qint64(asked.l_pid), holder.processId());
 }
 
-void tst_QtLockedFile::failing_lock_says_why_data()
+void tst_QtLockedFile::failing_lock_logs_its_reason_data()
 {
     QTest::addColumn<bool>("wait");
     QTest::newRow("waiting") << true;
     QTest::newRow("not waiting") << false;
 }
 
-void tst_QtLockedFile::failing_lock_says_why()
+void tst_QtLockedFile::failing_lock_logs_its_reason()
 {
     QFETCH(bool, wait);
     const LogCapture log;
@@ -341,7 +341,7 @@ void tst_QtLockedFile::failing_lock_says_why()
     QCOMPARE(LogCapture::lines(), QStringList("warning: QtLockedFile::lock(): fcntl: Bad file descriptor"));
 }
 
-void tst_QtLockedFile::failing_unlock_says_why_with_the_text_of_locking()
+void tst_QtLockedFile::failing_unlock_logs_its_reason_with_the_text_of_locking()
 {
     const LogCapture log;
     QtLockedFile file(path());
@@ -359,7 +359,7 @@ void tst_QtLockedFile::failing_unlock_says_why_with_the_text_of_locking()
     ::close(aside);
 }
 
-void tst_QtLockedFile::interrupted_wait_is_silent()
+void tst_QtLockedFile::interrupted_wait_logs_nothing()
 {
     Probe holder(locking("write", "try"));
     QVERIFY(holder.says("locked"));
@@ -369,7 +369,7 @@ void tst_QtLockedFile::interrupted_wait_is_silent()
     interrupting.sa_handler = [](int) { interruptions = 1; };
     struct sigaction before;
     QCOMPARE(::sigaction(SIGALRM, &interrupting, &before), 0);
-    // Comes again, should the first one come before the wait.
+    // Repeats, in case the first one comes before the wait.
     const itimerval often = {{0, 50000}, {0, 50000}};
     const itimerval never = {};
 

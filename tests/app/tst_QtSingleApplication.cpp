@@ -12,7 +12,7 @@
 
 #include <dlfcn.h>
 
-/// The flags that the living application object was built with, which Qt shows nowhere: its own variable is asked.
+/// The flags that the application object was constructed with. Qt has no public getter: reads its internal variable.
 static int applicationFlags()
 {
     const auto *flags = static_cast<int *>(::dlsym(RTLD_DEFAULT, "_ZN23QCoreApplicationPrivate19app_compile_versionE"));
@@ -34,15 +34,15 @@ private slots:
     void cleanup() { app()->setActivationWindow(nullptr, false); }
 
     void meta_methods_are_in_order();
-    void gui_flag_stands_in_the_place_of_the_flags();
+    void gui_flag_replaces_the_application_flags();
     void given_id_is_used();
-    void empty_id_is_the_executable();
-    void it_listens_under_its_own_name();
+    void empty_id_means_the_executable();
+    void application_listens_under_its_own_name();
     void first_sends_nothing();
     void message_is_forwarded_without_an_activation_window();
     void message_activates_with_an_activation_window();
     void empty_message_activates();
-    void window_may_be_set_without_activation();
+    void window_can_be_set_without_activation();
     void activation_can_be_switched_off();
     void window_itself_is_not_touched();
 
@@ -75,7 +75,7 @@ void tst_QtSingleApplication::meta_methods_are_in_order()
     QCOMPARE(meta.superClass()->className(), "QApplication");
 }
 
-void tst_QtSingleApplication::gui_flag_stands_in_the_place_of_the_flags()
+void tst_QtSingleApplication::gui_flag_replaces_the_application_flags()
 {
     QCOMPARE(flagsWithoutId, 1);
     QCOMPARE(flagsByDefault, 1);
@@ -87,12 +87,12 @@ void tst_QtSingleApplication::given_id_is_used()
     QCOMPARE(idGiven, QString("com.olmeric.vesktandry"));
 }
 
-void tst_QtSingleApplication::empty_id_is_the_executable()
+void tst_QtSingleApplication::empty_id_means_the_executable()
 {
     QCOMPARE(app()->id(), QCoreApplication::applicationFilePath());
 }
 
-void tst_QtSingleApplication::it_listens_under_its_own_name()
+void tst_QtSingleApplication::application_listens_under_its_own_name()
 {
     QVERIFY(QFileInfo::exists(socketPathFor(QCoreApplication::applicationFilePath(), "tstQtS")));
 }
@@ -134,7 +134,7 @@ void tst_QtSingleApplication::empty_message_activates()
     QCOMPARE(activations.count(), 1);
 }
 
-void tst_QtSingleApplication::window_may_be_set_without_activation()
+void tst_QtSingleApplication::window_can_be_set_without_activation()
 {
     QWindow window;
     app()->setActivationWindow(&window, false);

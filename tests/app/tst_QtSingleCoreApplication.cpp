@@ -14,7 +14,7 @@ class tst_QtSingleCoreApplication : public QObject
 private slots:
     void meta_methods_are_in_order();
     void id_is_the_given_one_or_the_executable();
-    // In this order: once it is the first, this application stays it.
+    // In this order: once this application is the first instance, it stays the first.
     void second_sends_with_and_without_a_limit();
     void first_receives_and_second_is_acknowledged();
 

@@ -1,5 +1,5 @@
-// The guard with real processes: races, crashes, copies and users. The numbers of rounds are for every run;
-// TANDRY_RACES and TANDRY_CRASHES ask for more by hand.
+// The guard with real processes: races, crashes, copies and users. TANDRY_RACES and TANDRY_CRASHES set higher numbers
+// of rounds.
 
 #include "guard/guardnames.h"
 #include "guard/probe.h"
@@ -22,7 +22,7 @@ static int rounds(const char *variable, int usual)
     return asked > 0 ? asked : usual;
 }
 
-/// Where programs wait until it opens, which is at once for all of them.
+/// A gate at which programs wait; it opens for all of them at the same moment.
 class Gate
 {
     Q_DISABLE_COPY(Gate)
@@ -49,13 +49,13 @@ class tst_SingleInstance : public QObject
 
 private slots:
     void second_start_activates_the_first();
-    void second_start_ends_with_0_when_nobody_answers();
+    void second_start_exits_with_0_without_an_answer();
     void one_of_twenty_simultaneous_starts_survives();
     void start_after_a_crash_takes_over_within_a_second();
     void start_after_an_ordinary_end_is_the_first();
-    void copies_at_two_paths_run_side_by_side();
-    void users_run_side_by_side();
-    void socket_is_its_users_alone();
+    void programs_at_two_paths_run_side_by_side();
+    void programs_of_two_users_run_side_by_side();
+    void socket_is_accessible_to_its_user_only();
 
 private:
     static QString probeSocket(const QString &program = Probe::defaultProgram())
@@ -78,7 +78,7 @@ void tst_SingleInstance::second_start_activates_the_first()
     QCOMPARE(first.state(), QProcess::Running);
 }
 
-void tst_SingleInstance::second_start_ends_with_0_when_nobody_answers()
+void tst_SingleInstance::second_start_exits_with_0_without_an_answer()
 {
     Probe first;
     QVERIFY(first.says("first"));
@@ -87,7 +87,7 @@ void tst_SingleInstance::second_start_ends_with_0_when_nobody_answers()
     QVERIFY(second.says("second unacknowledged"));
     QVERIFY(second.leaves());
     QCOMPARE(::kill(pid_t(first.processId()), SIGCONT), 0);
-    // The message was on its way and still counts.
+    // The message had been sent and still counts.
     QVERIFY(first.says("activated"));
 }
 
@@ -98,7 +98,7 @@ void tst_SingleInstance::one_of_twenty_simultaneous_starts_survives()
     int acknowledgedInAll = 0;
     for (int race = 0; race < races; ++race) {
         Gate gate;
-        // By turns the whole start is raced, and only the question who is first.
+        // In turn: races of the whole start, and races of isRunning() only.
         const QStringList arguments{race % 2 ? "--gate-ask" : "--gate", gate.path};
         std::vector<std::unique_ptr<Probe>> probes;
         for (int i = 0; i < starts; ++i)
@@ -125,10 +125,10 @@ void tst_SingleInstance::one_of_twenty_simultaneous_starts_survives()
         QCOMPARE(survivor->state(), QProcess::Running);
         QVERIFY(survivor->saysTimes("message 6163746976617465", acknowledged));
         acknowledgedInAll += acknowledged;
-        // Its socket stays behind, so that every race but the first also meets a stale one.
+        // Its socket file remains: every race but the first also finds a stale socket.
         survivor->killAtOnce();
     }
-    qInfo("%d races of %d starts, %d hand-overs acknowledged", races, starts, acknowledgedInAll);
+    qInfo("%d races of %d starts, %d messages acknowledged", races, starts, acknowledgedInAll);
 }
 
 void tst_SingleInstance::start_after_a_crash_takes_over_within_a_second()
@@ -152,7 +152,7 @@ void tst_SingleInstance::start_after_a_crash_takes_over_within_a_second()
         longest = qMax(longest, clock.elapsed());
         QVERIFY2(clock.elapsed() < 1000, qPrintable(QString("round %1 took %2 ms").arg(i).arg(clock.elapsed())));
     }
-    qInfo("%d crashes, back after %lld ms at the longest", crashes, longest);
+    qInfo("%d crashes, the longest restart took %lld ms", crashes, longest);
 }
 
 void tst_SingleInstance::start_after_an_ordinary_end_is_the_first()
@@ -168,7 +168,7 @@ void tst_SingleInstance::start_after_an_ordinary_end_is_the_first()
     QVERIFY(next.says("first"));
 }
 
-void tst_SingleInstance::copies_at_two_paths_run_side_by_side()
+void tst_SingleInstance::programs_at_two_paths_run_side_by_side()
 {
     const QDir temporary(QFileInfo(QDir::tempPath()).canonicalFilePath());
     QStringList copies;
@@ -188,28 +188,28 @@ void tst_SingleInstance::copies_at_two_paths_run_side_by_side()
     Probe second({}, copies.at(1));
     QVERIFY(second.says("second acknowledged"));
     QVERIFY(two.says("activated"));
-    QVERIFY2(!one.canReadLine() && !one.waitForReadyRead(0), "the other copy heard it too");
+    QVERIFY2(!one.canReadLine() && !one.waitForReadyRead(0), "the other copy received it, too");
 }
 
-/// The only user that can run programs as somebody else.
+/// Only root can run programs as another user.
 static bool isSuperUser()
 {
     return ::geteuid() == 0;
 }
 
-void tst_SingleInstance::users_run_side_by_side()
+void tst_SingleInstance::programs_of_two_users_run_side_by_side()
 {
     Probe ours({"--core"});
     QVERIFY(ours.says("first"));
     const QString common = QDir::tempPath();
     QVERIFY(QFileInfo::exists(probeSocket()));
-    // The name alone keeps users apart, which is all that can be seen without a second user.
+    // Without a second user, the test can only check that the socket's name contains the user's id.
     QVERIFY(probeSocket() != socketPathFor(Probe::defaultProgram(), "guardp", 4242));
     QVERIFY(socketPathFor("/usr/bin/tandry", "tandry", 4242).endsWith("/qtsingleapp-tandry-6662-1092"));
     if (!isSuperUser())
         return;
 
-    // What the temporary folder of a whole machine is: open to all, and on the way to it as well.
+    // As accessible as a system's temporary folder: open to all, with open parent folders.
     QCOMPARE(::chmod(QFile::encodeName(common).constData(), 01777), 0);
     QCOMPARE(::chmod(QFile::encodeName(QFileInfo(common).path()).constData(), 0755), 0);
     const QString program = common + "/guard_probe";
@@ -228,11 +228,11 @@ void tst_SingleInstance::users_run_side_by_side()
     Probe second({"--core", "--user", "4242"}, program);
     QVERIFY(second.says("second acknowledged"));
     QVERIFY(other.says("message 6163746976617465"));
-    QVERIFY2(!root.canReadLine() && !root.waitForReadyRead(0), "the other user's instance heard it too");
+    QVERIFY2(!root.canReadLine() && !root.waitForReadyRead(0), "the other user's instance received it, too");
     ::chmod(QFile::encodeName(common).constData(), 0700);
 }
 
-/// What connecting comes to for somebody else: 0, or the system's error.
+/// The result of connecting as another user: 0, or errno.
 static int connectAs(uid_t user, const QString &path)
 {
     const pid_t child = ::fork();
@@ -246,7 +246,7 @@ static int connectAs(uid_t user, const QString &path)
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
-void tst_SingleInstance::socket_is_its_users_alone()
+void tst_SingleInstance::socket_is_accessible_to_its_user_only()
 {
     Probe ours({"--core"});
     QVERIFY(ours.says("first"));
@@ -261,7 +261,7 @@ void tst_SingleInstance::socket_is_its_users_alone()
     QCOMPARE(::chmod(QFile::encodeName(common).constData(), 01777), 0);
     QCOMPARE(::chmod(QFile::encodeName(QFileInfo(common).path()).constData(), 0755), 0);
     QCOMPARE(connectAs(4242, probeSocket()), EACCES);
-    // The same stranger on the same way gets through once the socket is open to all: the mode is what stopped it.
+    // With an open mode the same user can connect: the mode was the only obstacle.
     QCOMPARE(::chmod(QFile::encodeName(probeSocket()).constData(), 0777), 0);
     QCOMPARE(connectAs(4242, probeSocket()), 0);
     ::chmod(QFile::encodeName(common).constData(), 0700);

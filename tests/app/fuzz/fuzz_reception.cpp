@@ -1,5 +1,6 @@
-// Feeds raw bytes, cut into pieces, to what takes messages off the guard's socket. The first byte says how the rest
-// is cut. The longest piece is far below the memory limit of the run, so any trust in the announced length shows.
+// Feeds raw bytes in pieces to MessageReader, which reads messages from the guard's socket. The first byte determines
+// how the rest is split. The longest input is far below the memory limit of the run: a buffer sized by the announced
+// length exceeds the limit.
 
 #include "messagereader.h"
 
@@ -57,7 +58,7 @@ private:
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, size_t size)
 {
-    // Without four bytes of length the reader waits for ever, by decision.
+    // Without four bytes of length the reader waits for ever: see docs/decisions/guard-waits.md.
     if (size < 5)
         return 0;
 

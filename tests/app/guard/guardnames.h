@@ -5,7 +5,7 @@
 
 #include <unistd.h>
 
-/// The 16-bit checksum of ISO 3309 bit by bit, as its text describes it, for paths that are only known at run time.
+/// The 16-bit checksum of ISO 3309, computed bit by bit as the standard describes it, for paths known only at run time.
 inline quint16 checksumBitByBit(const QByteArray &bytes)
 {
     unsigned crc = 0xffff;
@@ -17,13 +17,13 @@ inline quint16 checksumBitByBit(const QByteArray &bytes)
     return quint16(~crc);
 }
 
-/// Where an instance listens, from the two middle pieces of the name.
+/// The path of an instance's socket, given the two middle parts of its name.
 inline QString socketPath(const QString &prefixAndChecksum, uint user = ::getuid())
 {
     return QDir::tempPath() + "/qtsingleapp-" + prefixAndChecksum + '-' + QString::number(user, 16);
 }
 
-/// Where a program at `path` listens, given the letters that its file name begins with.
+/// The path of the socket of a program at `path`, given the letters at the start of its file name.
 inline QString socketPathFor(const QString &path, const QString &prefix, uint user = ::getuid())
 {
     return socketPath(prefix + '-' + QString::number(checksumBitByBit(path.toUtf8()), 16), user);

@@ -1,11 +1,11 @@
-// A program as small as the guard allows: what the tests start to have real instances and real lock holders.
+// A minimal program with the guard: the tests start it as a real instance or a real lock holder.
 //
 //   guard_probe [--core] [--id ID] [--send TEXT] [--timeout MS] [--user UID] [--quiet] [--gate FIFO] [--gate-ask FIFO]
 //   guard_probe --lock FILE read|write wait|try
 //
-// It says on its output, a line each: "ready" (before a gate, which opens when its last writer leaves), "first",
-// "message <UTF-8 in hexadecimal>", "activated", "second acknowledged", "second unacknowledged"; and for a lock
-// "asking", then "locked" (held until its input ends) or "refused". The message "quit" ends it the ordinary way.
+// It prints one line for each event: "ready" (before a gate, which opens when its last writer closes it), "first",
+// "message <UTF-8 in hexadecimal>", "activated", "second acknowledged", "second unacknowledged"; with --lock it prints
+// "asking", then "locked" (until its standard input closes) or "refused". The message "quit" ends it normally.
 
 #include "qtlockedfile.h"
 #include "qtsingleapplication.h"
@@ -27,7 +27,7 @@ void say(const QByteArray &line)
     std::fflush(stdout);
 }
 
-/// Blocks until nothing more can come from `descriptor`.
+/// Blocks until `descriptor` reaches its end.
 void waitForEnd(int descriptor)
 {
     char byte;
@@ -105,20 +105,20 @@ int holdLock(const QString &file, const QStringList &request)
 
 int main(int argc, char **argv)
 {
-    // As the program itself does at its start.
+    // As the program does at its start.
     ::umask(077);
 
     QCommandLineParser options;
     options.addOptions({{"core", "no window system"},
                         {"id", "application id", "id"},
-                        {"send", "what a later instance sends", "text", "activate"},
+                        {"send", "the message of a later instance", "text", "activate"},
                         {"timeout", "how long a later instance waits", "ms", "5000"},
                         {"user", "become this user first", "uid"},
-                        {"quiet", "neither say nor log what messages bring about"},
-                        {"gate", "wait here before the application is made", "fifo"},
-                        {"gate-ask", "wait here before asking who is first", "fifo"},
+                        {"quiet", "do not print or log messages"},
+                        {"gate", "wait on this FIFO before constructing the application", "fifo"},
+                        {"gate-ask", "wait on this FIFO before calling isRunning()", "fifo"},
                         {"lock", "only lock this file", "file"}});
-    options.addPositionalArgument("request", "how to lock");
+    options.addPositionalArgument("request", "lock mode and wait or try");
     QStringList arguments;
     for (int i = 0; i < argc; ++i)
         arguments << QString::fromLocal8Bit(argv[i]);

@@ -2,7 +2,7 @@
 
 #include <QStringList>
 
-/// Collects what goes to the Qt message log while it lives.
+/// Collects the messages of the Qt log during its lifetime.
 class LogCapture
 {
     Q_DISABLE_COPY(LogCapture)

@@ -3,7 +3,7 @@
 #include <QElapsedTimer>
 #include <QProcess>
 
-/// One run of the guard's test program; killed, at the latest, with this object.
+/// One run of guard_probe, killed by the destructor if it still runs.
 class Probe : public QProcess
 {
 public:
@@ -23,7 +23,7 @@ public:
 
     static QString defaultProgram() { return QStringLiteral(GUARD_PROBE); }
 
-    /// Waits until the program has said the whole line; what it said up to there is taken.
+    /// Waits until the program has printed this line; discards the lines before it.
     bool says(const QByteArray &line, int limitMs = 20000)
     {
         QElapsedTimer clock;
@@ -39,14 +39,14 @@ public:
         }
     }
 
-    /// The next line that the program says, without its end; empty when none comes.
+    /// The next line that the program prints, without its line break; empty when none comes.
     QByteArray nextLine(int limitMs = 20000)
     {
         while (!canReadLine() && waitForReadyRead(limitMs)) { }
         return readLine().trimmed();
     }
 
-    /// Waits until the program has said the line that many times more.
+    /// Waits until the program has printed the line that many more times.
     bool saysTimes(const QByteArray &line, int times, int limitMs = 60000)
     {
         QElapsedTimer clock;
@@ -58,7 +58,7 @@ public:
         return true;
     }
 
-    /// Waits for the end of the program; true when it left by itself with status 0.
+    /// Waits for the end of the program; true when it exited with status 0.
     bool leaves(int limitMs = 30000)
     {
         if (state() != QProcess::NotRunning)

@@ -5,7 +5,7 @@
 
 #include <unistd.h>
 
-/// What the kernel knows of a running process (Linux only, as is the machine on which the tests run).
+/// Facts about a running process from /proc (Linux only).
 namespace ProcessFacts {
 
 inline QByteArray contents(qint64 process, const char *file)
@@ -14,7 +14,7 @@ inline QByteArray contents(qint64 process, const char *file)
     return facts.open(QIODevice::ReadOnly) ? facts.readAll() : QByteArray();
 }
 
-/// A line such as "VmRSS" or "VmPeak" of the process's status, in KB; -1 when there is none.
+/// A value such as "VmRSS" or "VmPeak" of the process's status, in KB; -1 when there is none.
 inline qint64 statusKb(qint64 process, const QByteArray &name)
 {
     for (const QByteArray &line : contents(process, "status").split('\n')) {
@@ -24,10 +24,10 @@ inline qint64 statusKb(qint64 process, const QByteArray &name)
     return -1;
 }
 
-/// Processor time that the process has used so far, in ms.
+/// CPU time that the process has used so far, in ms.
 inline qint64 processorMs(qint64 process)
 {
-    // The name in parentheses may hold blanks; user and system time are the 12th and 13th field behind it.
+    // The name in parentheses may contain spaces; user and system time are the 12th and 13th fields after it.
     const QByteArray stat = contents(process, "stat");
     const QByteArrayList fields = stat.mid(stat.lastIndexOf(')') + 2).split(' ');
     return (fields.value(11).toLongLong() + fields.value(12).toLongLong()) * 1000 / ::sysconf(_SC_CLK_TCK);

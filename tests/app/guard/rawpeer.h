@@ -13,7 +13,7 @@
 #include <sys/un.h>
 #include <unistd.h>
 
-/// The length in front of a message, as it goes over the socket.
+/// The length that precedes a message on the socket.
 inline QByteArray lengthBytes(quint32 length)
 {
     const char bytes[] = {char(length >> 24), char(length >> 16), char(length >> 8), char(length)};
@@ -31,7 +31,7 @@ inline bool addressFor(const QString &path, sockaddr_un &address)
     return true;
 }
 
-/// One end of a local socket with nothing of Qt in it: it says exactly the bytes it is told to.
+/// One end of a local socket, without Qt: sends exactly the given bytes.
 class RawPeer
 {
     Q_DISABLE_COPY(RawPeer)
@@ -70,7 +70,7 @@ public:
         descriptor = -1;
     }
 
-    /// True once the other side has taken everything that was sent.
+    /// True once the other side has read everything that was sent.
     bool isTaken() const
     {
         int waiting = -1;
@@ -83,7 +83,7 @@ public:
         return ::poll(&readable, 1, limitMs) == 1;
     }
 
-    /// Reads exactly `count` bytes, or fewer when the other side hangs up or the limit passes.
+    /// Reads exactly `count` bytes, or fewer when the other side hangs up or the limit expires.
     QByteArray receive(int count, int limitMs = 20000)
     {
         QByteArray bytes;
@@ -97,7 +97,7 @@ public:
         return bytes;
     }
 
-    /// True when the other side has hung up (within the limit) with nothing left to read.
+    /// True when the other side has hung up within the limit and nothing is left to read.
     bool isHungUp(int limitMs = 20000) const
     {
         char byte;
@@ -108,7 +108,7 @@ private:
     int descriptor = -1;
 };
 
-/// A listening local socket with nothing of Qt in it. The file stays when it goes, as after a crash.
+/// A listening local socket, without Qt. Its file remains after the destructor, as after a crash.
 class RawListener
 {
     Q_DISABLE_COPY(RawListener)
