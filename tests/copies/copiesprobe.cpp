@@ -1,5 +1,5 @@
-// What the tests kill: does one thing again and again in the data folder that is its second argument, and writes the
-// number of each generation on standard output before it begins with it.
+// The program that the tests kill. It repeats one kind of work in the data folder that is its second argument, and
+// prints the number of each generation before it begins with it.
 
 #include "copyshelf.h"
 #include "exchange.h"
@@ -11,13 +11,13 @@
 
 namespace {
 
-/// The store becomes the next generation at once, as a commit makes it.
+/// Replaces the store with the next generation at once, like a commit.
 void writeStore(const StoreFiles &store, int number)
 {
     Exchange exchange(store);
     const QString folder = exchange.begin();
     if (folder.isEmpty())
-        qFatal("The exchange does not begin");
+        qFatal("The exchange cannot begin");
     generation::write(folder, number);
     const QString reason = exchange.commit();
     if (!reason.isEmpty())

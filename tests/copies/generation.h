@@ -6,8 +6,8 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-/// The store's files as one generation of them: each says its number from its first block to its last, so that a mix or
-/// a half file shows. They are no real databases: what copies them reads no more than the header.
+/// One generation of the store's files. Each file repeats its number from the first block to the last, to reveal mixed
+/// or incomplete files. They are not real databases: the copying code reads only the header.
 namespace generation {
 
 inline QByteArray bytesOf(int number)
@@ -28,7 +28,7 @@ inline QByteArray readFile(const QString &path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-/// Odd generations have a journal, too.
+/// Odd generations also have a journal.
 inline void write(const QString &folder, int number)
 {
     QDir().mkpath(folder);
@@ -42,7 +42,7 @@ inline void write(const QString &folder, int number)
         QFile::remove(journal);
 }
 
-/// The number of the generation in the folder; 0 when the files do not belong together or one is not whole.
+/// The number of the generation in the folder; 0 when the files do not belong together or one is incomplete.
 inline int in(const QString &folder)
 {
     const QByteArray database = readFile(folder + '/' + StoreFiles::databaseName());
@@ -56,7 +56,7 @@ inline int in(const QString &folder)
 
 } // namespace generation
 
-/// A data folder of the test's own.
+/// A temporary data folder.
 struct DataFolder
 {
     QTemporaryDir folder;

@@ -1,5 +1,5 @@
-// Kills a process in the middle of its work, at a moment drawn by lot. TANDRY_KILLS asks for more rounds by hand, and
-// TANDRY_KILL_SEED repeats a run.
+// Kills a process at random moments during its work. TANDRY_KILLS sets the number of rounds, TANDRY_KILL_SEED repeats a
+// run.
 
 #include "copyshelf.h"
 #include "exchange.h"
@@ -17,7 +17,7 @@ private slots:
     void initTestCase();
     void an_exchange_leaves_all_old_or_all_new_files();
     void replacing_the_copy_of_a_day_leaves_the_old_or_the_new_one();
-    void rotation_leaves_only_whole_copies_and_enough_of_them();
+    void rotation_leaves_only_complete_copies_and_enough_of_them();
 
 private:
     void runAndKill(const QString &what);
@@ -27,8 +27,8 @@ private:
     QRandomGenerator m_lot;
     int m_rounds = 15;
     int m_first = 0; ///< the generation at which the process began
-    int m_last = 0; ///< the one at which it was killed
-    int m_found = 0; ///< the one that was there after the last kill
+    int m_last = 0; ///< the generation at which it was killed
+    int m_found = 0; ///< the generation found after the last kill
     DataFolder m_data;
 };
 
@@ -49,14 +49,14 @@ void tst_CopyKills::runAndKill(const QString &what)
     QProcess process;
     process.start(COPIES_PROBE, {what, m_data.store.dataFolder(), QString::number(m_first)});
     QVERIFY(process.waitForReadyRead());
-    QTest::qWait(m_lot.bounded(60)); // where it is by then is the lot
+    QTest::qWait(m_lot.bounded(60)); // a random moment of its work
     process.kill();
     process.waitForFinished();
     m_last = process.readAllStandardOutput().trimmed().split('\n').last().toInt();
     QVERIFY2(m_last >= m_first, process.readAllStandardError().constData());
 }
 
-/// What a kill leaves is the generation that was at work or the one before it.
+/// After a kill, the files are either the generation in progress or the one before it.
 void tst_CopyKills::compareFound(int found)
 {
     const int before = m_last == m_first ? m_found : m_last - 1;
@@ -65,7 +65,7 @@ void tst_CopyKills::compareFound(int found)
     m_found = found;
 }
 
-/// Pieces of work that the killed process left unfinished among the copies.
+/// Unfinished work that the killed process left among the copies.
 int tst_CopyKills::cutWork() const
 {
     return QDir(m_data.store.copiesFolder(), ".*", QDir::NoSort, QDir::Hidden | QDir::Dirs | QDir::NoDotAndDotDot)
@@ -93,7 +93,7 @@ void tst_CopyKills::replacing_the_copy_of_a_day_leaves_the_old_or_the_new_one()
         CopyShelf shelf(m_data.store);
         const QVector<Copy> copies = shelf.copies();
         for (const Copy &copy : copies)
-            QVERIFY2(generation::in(copy.folder) > 0, "a half copy is listed");
+            QVERIFY2(generation::in(copy.folder) > 0, "an incomplete copy is listed");
         cut += cutWork() > 0;
         shelf.tidy();
         compareFound(m_data.copied("2026-01-01"));
@@ -102,7 +102,7 @@ void tst_CopyKills::replacing_the_copy_of_a_day_leaves_the_old_or_the_new_one()
     qInfo("%d of them in the middle of a copy", cut);
 }
 
-void tst_CopyKills::rotation_leaves_only_whole_copies_and_enough_of_them()
+void tst_CopyKills::rotation_leaves_only_complete_copies_and_enough_of_them()
 {
     QDir(m_data.store.copiesFolder()).removeRecursively();
     m_found = 0;
@@ -116,7 +116,7 @@ void tst_CopyKills::rotation_leaves_only_whole_copies_and_enough_of_them()
         QCOMPARE(cutWork(), 0);
         const QVector<Copy> copies = shelf.copies();
         for (const Copy &copy : copies)
-            QVERIFY2(generation::in(copy.folder) > 0, "a half copy is listed");
+            QVERIFY2(generation::in(copy.folder) > 0, "an incomplete copy is listed");
         most = qMax(most, copies.size());
         QVERIFY(copies.size() >= qMin(8, most));
         compareFound(copies.isEmpty() ? 0 : generation::in(copies.first().folder));

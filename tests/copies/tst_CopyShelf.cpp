@@ -44,7 +44,7 @@ mode_t modeOf(const QString &path)
     return ::stat(QFile::encodeName(path).constData(), &found) == 0 ? found.st_mode & 07777 : 0;
 }
 
-/// Whether another process finds SQLite's lock for writing on the file.
+/// Whether another process sees SQLite's write lock on the file.
 bool isLockedForOthers(const QString &path)
 {
     const pid_t child = ::fork();
@@ -69,23 +69,23 @@ class tst_CopyShelf : public QObject
     Q_OBJECT
 
 private slots:
-    void a_copy_holds_every_file_and_is_its_owners_alone();
+    void a_copy_holds_every_file_and_is_accessible_to_its_owner_only();
     void an_unchanged_store_is_not_copied_again();
     void a_later_start_replaces_the_copy_of_the_day_and_a_new_day_does_not();
-    void a_copy_is_not_replaced_once_patients_were_thrown_away();
-    void a_copy_is_not_replaced_by_a_clock_that_went_back();
-    void what_is_about_to_go_is_kept_once_for_each_content();
+    void a_copy_is_not_replaced_after_an_upgrade_dropped_patients();
+    void a_copy_is_not_replaced_when_the_clock_was_set_back();
+    void files_about_to_be_emptied_are_copied_once_for_each_content();
     void a_store_that_cannot_be_copied_leaves_no_trace_data();
     void a_store_that_cannot_be_copied_leaves_no_trace();
-    void work_that_was_cut_short_is_finished_or_taken_back();
-    void copying_keeps_the_locks_of_sqlite();
+    void interrupted_work_is_completed_or_undone();
+    void copying_does_not_release_the_locks_of_sqlite();
     void seven_days_five_weeks_and_twelve_months_are_kept();
-    void a_wrong_clock_costs_no_copy_data();
-    void a_wrong_clock_costs_no_copy();
-    void what_was_kept_for_a_reason_stays_twelve_months();
+    void a_wrong_clock_deletes_no_required_copy_data();
+    void a_wrong_clock_deletes_no_required_copy();
+    void copies_before_an_upgrade_or_return_stay_for_twelve_months();
 };
 
-void tst_CopyShelf::a_copy_holds_every_file_and_is_its_owners_alone()
+void tst_CopyShelf::a_copy_holds_every_file_and_is_accessible_to_its_owner_only()
 {
     const DataFolder data;
     data.write(7);
@@ -107,7 +107,7 @@ void tst_CopyShelf::an_unchanged_store_is_not_copied_again()
     QCOMPARE(shelf.copyDay(today, true), QString());
     QCOMPARE(shelf.copyDay(today.addDays(1), true), QString());
     QCOMPARE(namesOf(shelf.copies()), QStringList{"2026-11-21"});
-    // A change that leaves size and name as they are.
+    // A change that keeps size and name.
     data.write(4);
     QCOMPARE(shelf.copyDay(today.addDays(1), true), QString());
     QCOMPARE(namesOf(shelf.copies()), QStringList({"2026-11-22", "2026-11-21"}));
@@ -128,7 +128,7 @@ void tst_CopyShelf::a_later_start_replaces_the_copy_of_the_day_and_a_new_day_doe
              QStringList{"2026-11-21"});
 }
 
-void tst_CopyShelf::a_copy_is_not_replaced_once_patients_were_thrown_away()
+void tst_CopyShelf::a_copy_is_not_replaced_after_an_upgrade_dropped_patients()
 {
     const DataFolder data;
     CopyShelf shelf(data.store);
@@ -142,7 +142,7 @@ void tst_CopyShelf::a_copy_is_not_replaced_once_patients_were_thrown_away()
     QCOMPARE(data.copied("2026-11-21-before-upgrade"), 2);
 }
 
-void tst_CopyShelf::a_copy_is_not_replaced_by_a_clock_that_went_back()
+void tst_CopyShelf::a_copy_is_not_replaced_when_the_clock_was_set_back()
 {
     const DataFolder data;
     CopyShelf shelf(data.store);
@@ -156,7 +156,7 @@ void tst_CopyShelf::a_copy_is_not_replaced_by_a_clock_that_went_back()
     QCOMPARE(shelf.copies().size(), 3);
 }
 
-void tst_CopyShelf::what_is_about_to_go_is_kept_once_for_each_content()
+void tst_CopyShelf::files_about_to_be_emptied_are_copied_once_for_each_content()
 {
     const DataFolder data;
     CopyShelf shelf(data.store);
@@ -188,12 +188,12 @@ void tst_CopyShelf::a_store_that_cannot_be_copied_leaves_no_trace()
     QFile file(data.store.database());
     QVERIFY(file.open(QIODevice::ReadWrite));
     if (database.isEmpty())
-        QVERIFY(file.resize(300LL * 1024 * 1024)); // a hole, which takes no room
+        QVERIFY(file.resize(300LL * 1024 * 1024)); // a sparse file, which takes no disk space
     else
         QVERIFY(file.write(database) == database.size() && file.resize(database.size()));
     file.close();
 
-    // The limit stands for a full disk, for root too.
+    // The limit simulates a full disk, also for root.
     ::signal(SIGXFSZ, SIG_IGN);
     rlimit before = {};
     QCOMPARE(::getrlimit(RLIMIT_FSIZE, &before), 0);
@@ -208,13 +208,13 @@ void tst_CopyShelf::a_store_that_cannot_be_copied_leaves_no_trace()
     QCOMPARE(data.copied("2026-11-21"), 2);
 }
 
-void tst_CopyShelf::work_that_was_cut_short_is_finished_or_taken_back()
+void tst_CopyShelf::interrupted_work_is_completed_or_undone()
 {
     const DataFolder data;
     const QString folder = data.store.copiesFolder() + '/';
     generation::write(folder + ".new-17", 1);
     generation::write(folder + ".gone", 2);
-    generation::write(folder + ".old-2026-11-20", 3); // nothing has taken its place
+    generation::write(folder + ".old-2026-11-20", 3); // not replaced by a new copy
     generation::write(folder + ".old-2026-11-21", 4);
     generation::write(folder + "2026-11-21", 5);
     CopyShelf shelf(data.store);
@@ -226,7 +226,7 @@ void tst_CopyShelf::work_that_was_cut_short_is_finished_or_taken_back()
     QCOMPARE(data.copied("2026-11-21"), 5);
 }
 
-void tst_CopyShelf::copying_keeps_the_locks_of_sqlite()
+void tst_CopyShelf::copying_does_not_release_the_locks_of_sqlite()
 {
     const DataFolder data;
     QDir().mkpath(data.store.folder());
@@ -249,7 +249,7 @@ void tst_CopyShelf::copying_keeps_the_locks_of_sqlite()
 
 void tst_CopyShelf::seven_days_five_weeks_and_twelve_months_are_kept()
 {
-    // Every day of two years, each with a copy, as the program would have left them.
+    // A copy on every day of two years, with rotation after each.
     QVector<Copy> left;
     for (QDate day(2024, 11, 22); day <= today; day = day.addDays(1)) {
         left = daily({day}) + left;
@@ -266,20 +266,20 @@ void tst_CopyShelf::seven_days_five_weeks_and_twelve_months_are_kept()
                           "2026-03-31", "2026-02-28", "2026-01-31", "2025-12-31"}));
 }
 
-void tst_CopyShelf::a_wrong_clock_costs_no_copy_data()
+void tst_CopyShelf::a_wrong_clock_deletes_no_required_copy_data()
 {
     QTest::addColumn<QDate>("wrong");
     QTest::newRow("years ahead") << QDate(2035, 1, 1);
-    QTest::newRow("on a later day of a week gone by") << QDate(2026, 10, 25);
+    QTest::newRow("on a later day of a past week") << QDate(2026, 10, 25);
     QTest::newRow("a week ahead") << today.addDays(7);
     QTest::newRow("a week back") << today.addDays(-7);
     QTest::newRow("years back") << QDate(2011, 1, 1);
 }
 
-void tst_CopyShelf::a_wrong_clock_costs_no_copy()
+void tst_CopyShelf::a_wrong_clock_deletes_no_required_copy()
 {
     QFETCH(QDate, wrong);
-    // All that has to be there on `today`.
+    // All copies that must exist on `today`.
     QVector<Copy> copies;
     for (int day = 0; day < 7; ++day)
         copies += daily({today.addDays(-day)});
@@ -299,19 +299,19 @@ void tst_CopyShelf::a_wrong_clock_costs_no_copy()
                      {2025, 12, 31}});
     QCOMPARE(namesOf(CopyShelf::superfluous(copies, today)), QStringList());
 
-    // Twice: the first one is followed by the copies of today and of the day before.
+    // Two starts with the wrong clock: the first one is followed by the copies of today and of the day before.
     for (const int changes : {int(today.toJulianDay()) - 2, int(today.toJulianDay()) + 1}) {
         copies += daily({changes > today.toJulianDay() ? wrong : wrong.addDays(-1)});
         copies.last().changes = quint32(changes);
     }
     std::sort(copies.begin(), copies.end(), [](const Copy &one, const Copy &other) { return one.day > other.day; });
     QCOMPARE(namesOf(CopyShelf::superfluous(copies, wrong)), QStringList());
-    // And once it is right again: only what it made may go.
+    // Once the clock is right again, only the copies made with the wrong clock may be deleted.
     for (const Copy &copy : CopyShelf::superfluous(copies, today))
         QVERIFY2(copy.day == wrong || copy.day == wrong.addDays(-1), qPrintable(copy.name()));
 }
 
-void tst_CopyShelf::what_was_kept_for_a_reason_stays_twelve_months()
+void tst_CopyShelf::copies_before_an_upgrade_or_return_stay_for_twelve_months()
 {
     Copy kept;
     kept.day = QDate(2025, 11, 15);

@@ -10,19 +10,19 @@ class tst_PatientCopies : public QObject
     Q_OBJECT
 
 private slots:
-    void a_first_start_has_nothing_to_copy_and_nothing_to_say();
+    void a_first_start_copies_and_logs_nothing();
     void a_start_and_each_new_day_make_a_copy();
-    void patients_of_an_old_version_are_kept_at_the_start();
-    void a_missing_database_is_said_once_there_are_copies();
-    void a_failure_is_said_and_the_program_runs_on();
-    void a_half_exchange_is_finished_before_the_copy();
-    void an_exchange_decided_for_replaces_all_files();
-    void an_exchange_not_decided_for_changes_nothing();
-    void the_store_is_in_use_as_long_as_the_program_runs();
-    void an_empty_lock_of_the_record_does_not_hold_the_start_up();
+    void patients_of_an_old_version_are_copied_at_the_start();
+    void a_missing_database_is_logged_if_copies_exist();
+    void a_failure_is_logged_and_the_program_keeps_running();
+    void an_unfinished_exchange_is_completed_before_the_copy();
+    void a_committed_exchange_replaces_all_files();
+    void an_uncommitted_exchange_changes_nothing();
+    void the_store_is_locked_as_long_as_the_program_runs();
+    void an_empty_lock_of_the_record_does_not_delay_the_start();
 };
 
-void tst_PatientCopies::a_first_start_has_nothing_to_copy_and_nothing_to_say()
+void tst_PatientCopies::a_first_start_copies_and_logs_nothing()
 {
     const DataFolder data;
     QTest::ignoreMessage(QtDebugMsg, "started");
@@ -51,7 +51,7 @@ void tst_PatientCopies::a_start_and_each_new_day_make_a_copy()
     QCOMPARE(data.copied("2026-11-22"), 2);
 }
 
-void tst_PatientCopies::patients_of_an_old_version_are_kept_at_the_start()
+void tst_PatientCopies::patients_of_an_old_version_are_copied_at_the_start()
 {
     TestClock clock("2026-11-21 10:00:00");
     const DataFolder data;
@@ -63,7 +63,7 @@ void tst_PatientCopies::patients_of_an_old_version_are_kept_at_the_start()
     QCOMPARE(QDir(data.store.copiesFolder()).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size(), 1);
 }
 
-void tst_PatientCopies::a_missing_database_is_said_once_there_are_copies()
+void tst_PatientCopies::a_missing_database_is_logged_if_copies_exist()
 {
     const DataFolder data;
     generation::write(data.store.copiesFolder() + "/2026-11-01", 2);
@@ -72,7 +72,7 @@ void tst_PatientCopies::a_missing_database_is_said_once_there_are_copies()
     copies.begin();
 }
 
-void tst_PatientCopies::an_empty_lock_of_the_record_does_not_hold_the_start_up()
+void tst_PatientCopies::an_empty_lock_of_the_record_does_not_delay_the_start()
 {
     const DataFolder data;
     data.write(1);
@@ -84,7 +84,7 @@ void tst_PatientCopies::an_empty_lock_of_the_record_does_not_hold_the_start_up()
     }
 }
 
-void tst_PatientCopies::a_failure_is_said_and_the_program_runs_on()
+void tst_PatientCopies::a_failure_is_logged_and_the_program_keeps_running()
 {
     const DataFolder data;
     data.write(2);
@@ -94,12 +94,12 @@ void tst_PatientCopies::a_failure_is_said_and_the_program_runs_on()
     copies.begin();
 }
 
-void tst_PatientCopies::a_half_exchange_is_finished_before_the_copy()
+void tst_PatientCopies::an_unfinished_exchange_is_completed_before_the_copy()
 {
     TestClock clock("2026-11-21 10:00:00");
     const DataFolder data;
     data.write(1);
-    // As a process leaves it that dies once it has put the new database in place.
+    // The state after a kill right after the new database was renamed into place.
     generation::write(data.store.folder() + "/.return", 2);
     QVERIFY(QFile::remove(data.store.database()));
     QVERIFY(QFile::rename(data.store.folder() + "/.return/" + StoreFiles::databaseName(), data.store.database()));
@@ -110,10 +110,10 @@ void tst_PatientCopies::a_half_exchange_is_finished_before_the_copy()
     QCOMPARE(data.copied("2026-11-21"), 2);
 }
 
-void tst_PatientCopies::an_exchange_decided_for_replaces_all_files()
+void tst_PatientCopies::a_committed_exchange_replaces_all_files()
 {
     const DataFolder data;
-    data.write(1); // with a journal that must not be played back into the next
+    data.write(1); // with a journal that must not be played back into the new database
     Exchange exchange(data.store);
     generation::write(exchange.begin(), 2);
     QCOMPARE(exchange.commit(), QString());
@@ -121,7 +121,7 @@ void tst_PatientCopies::an_exchange_decided_for_replaces_all_files()
     QCOMPARE(QDir(data.store.folder()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).size(), 2);
 }
 
-void tst_PatientCopies::an_exchange_not_decided_for_changes_nothing()
+void tst_PatientCopies::an_uncommitted_exchange_changes_nothing()
 {
     const DataFolder data;
     data.write(1);
@@ -132,7 +132,7 @@ void tst_PatientCopies::an_exchange_not_decided_for_changes_nothing()
     QCOMPARE(QDir(data.store.folder()).entryList(QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot), QStringList());
 }
 
-void tst_PatientCopies::the_store_is_in_use_as_long_as_the_program_runs()
+void tst_PatientCopies::the_store_is_locked_as_long_as_the_program_runs()
 {
     const DataFolder data;
     StoreLock other(data.store);

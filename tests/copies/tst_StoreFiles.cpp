@@ -9,20 +9,20 @@ class tst_StoreFiles : public QObject
     Q_OBJECT
 
 private slots:
-    void the_store_is_where_the_documents_keep_it();
-    void patients_of_an_old_or_lost_version_are_about_to_go_data();
-    void patients_of_an_old_or_lost_version_are_about_to_go();
-    void an_empty_or_missing_database_has_nothing_to_lose();
+    void the_store_is_in_the_folder_that_the_documents_use();
+    void patients_of_an_old_or_lost_version_will_be_dropped_data();
+    void patients_of_an_old_or_lost_version_will_be_dropped();
+    void an_empty_or_missing_database_has_no_patients_to_drop();
 };
 
-void tst_StoreFiles::the_store_is_where_the_documents_keep_it()
+void tst_StoreFiles::the_store_is_in_the_folder_that_the_documents_use()
 {
     const QString path = QQmlEngine().offlineStorageDatabaseFilePath("Tandry");
     QCOMPARE(StoreFiles::ofApplication().database(), path + ".sqlite");
     QCOMPARE(StoreFiles::ofApplication().record(), path + ".ini");
 }
 
-void tst_StoreFiles::patients_of_an_old_or_lost_version_are_about_to_go_data()
+void tst_StoreFiles::patients_of_an_old_or_lost_version_will_be_dropped_data()
 {
     QTest::addColumn<QByteArray>("record");
     QTest::addColumn<bool>("go");
@@ -35,7 +35,7 @@ void tst_StoreFiles::patients_of_an_old_or_lost_version_are_about_to_go_data()
     QTest::newRow("a later one") << QByteArray("[General]\nVersion=2.0") << false;
 }
 
-void tst_StoreFiles::patients_of_an_old_or_lost_version_are_about_to_go()
+void tst_StoreFiles::patients_of_an_old_or_lost_version_will_be_dropped()
 {
     QFETCH(QByteArray, record);
     const DataFolder data;
@@ -46,7 +46,7 @@ void tst_StoreFiles::patients_of_an_old_or_lost_version_are_about_to_go()
     QTEST(data.store.isAboutToBeEmptied(), "go");
 }
 
-void tst_StoreFiles::an_empty_or_missing_database_has_nothing_to_lose()
+void tst_StoreFiles::an_empty_or_missing_database_has_no_patients_to_drop()
 {
     const DataFolder data;
     QVERIFY(!data.store.isAboutToBeEmptied());
