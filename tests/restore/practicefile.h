@@ -9,7 +9,7 @@
 #include <QSqlError>
 #include <QSqlQuery>
 
-/// Databases as installations left them, written without the code under test.
+/// Databases of existing installations, written without the code under test.
 namespace practice {
 
 const char *const table =
@@ -48,7 +48,7 @@ inline void record(const QString &folder, const QByteArray &version)
     file.write("[General]\nName=Tandry\nVersion=" + version + '\n');
 }
 
-/// A database of the present version.
+/// A database of the current version.
 inline void write(const QString &folder, const QStringList &statements)
 {
     run(folder, QStringList{table} + statements);

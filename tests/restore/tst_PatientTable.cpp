@@ -11,13 +11,13 @@ class tst_PatientTable : public QObject
 
 private slots:
     void patients_are_read_in_the_order_of_their_names_with_defaults_for_nulls();
-    void what_cannot_be_read_says_why_data();
-    void what_cannot_be_read_says_why();
+    void an_unreadable_database_reports_its_reason_data();
+    void an_unreadable_database_reports_its_reason();
     void a_journal_is_played_back_in_a_copy_of_the_copy();
-    void difference_is_told_as_seen_from_today_data();
-    void difference_is_told_as_seen_from_today();
-    void patients_come_back_with_dates_and_answers_under_new_numbers();
-    void an_older_table_gets_the_present_columns_and_version();
+    void difference_is_described_relative_to_today_data();
+    void difference_is_described_relative_to_today();
+    void patients_are_restored_with_dates_and_answers_under_new_ids();
+    void an_older_table_gets_the_current_columns_and_version();
 };
 
 void tst_PatientTable::patients_are_read_in_the_order_of_their_names_with_defaults_for_nulls()
@@ -30,10 +30,10 @@ void tst_PatientTable::patients_are_read_in_the_order_of_their_names_with_defaul
     QCOMPARE(table.rows.first().value("phone"), QVariant(QString()));
     QCOMPARE(table.rows.first().value("test_date"), QVariant("2014-05-12"));
     QCOMPARE(table.lastId, 2);
-    QCOMPARE(QDir(place.path()).entryList(QDir::Files).size(), 2); // reading left nothing behind
+    QCOMPARE(QDir(place.path()).entryList(QDir::Files).size(), 2); // reading created no files
 }
 
-void tst_PatientTable::what_cannot_be_read_says_why_data()
+void tst_PatientTable::an_unreadable_database_reports_its_reason_data()
 {
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<bool>("fails");
@@ -41,7 +41,7 @@ void tst_PatientTable::what_cannot_be_read_says_why_data()
     QTest::newRow("empty") << QByteArray() << false;
 }
 
-void tst_PatientTable::what_cannot_be_read_says_why()
+void tst_PatientTable::an_unreadable_database_reports_its_reason()
 {
     QFETCH(QByteArray, bytes);
     const QTemporaryDir place;
@@ -60,7 +60,7 @@ void tst_PatientTable::a_journal_is_played_back_in_a_copy_of_the_copy()
     const QString before = place.filePath("before");
     const QString cut = place.filePath("cut");
     write(before, {dupont});
-    // A process that dies in the middle of a commit: the new pages are in the file, the old ones in the journal.
+    // A process killed during a commit: the new pages are in the file, the old ones in the journal.
     QDir().mkpath(cut);
     {
         QSqlDatabase database = QSqlDatabase::addDatabase("QSQLITE", "cut");
@@ -78,10 +78,10 @@ void tst_PatientTable::a_journal_is_played_back_in_a_copy_of_the_copy()
     QSqlDatabase::removeDatabase("cut");
     QVERIFY(QFileInfo(cut + '/' + StoreFiles::companionNames().first()).size() > 0);
     QCOMPARE(names(PatientTable::read(cut)), QStringList{"DUPONT Marie"});
-    QVERIFY(QFileInfo(cut + '/' + StoreFiles::companionNames().first()).size() > 0); // untouched
+    QVERIFY(QFileInfo(cut + '/' + StoreFiles::companionNames().first()).size() > 0); // unchanged
 }
 
-void tst_PatientTable::difference_is_told_as_seen_from_today_data()
+void tst_PatientTable::difference_is_described_relative_to_today_data()
 {
     QTest::addColumn<QStringList>("since");
     QTest::addColumn<QString>("text");
@@ -96,16 +96,16 @@ void tst_PatientTable::difference_is_told_as_seen_from_today_data()
                                                 "INSERT INTO Patients (name) VALUES ('X')",
                                                 "INSERT INTO Patients (name) VALUES ('Y')"}
                                  << "2 patients de moins, 1 patient de plus, 1 fiche modifiée";
-    QTest::newRow("put back under another number")
+    QTest::newRow("restored under another id")
         << QStringList{"UPDATE Patients SET id = 9 WHERE id = 2", "UPDATE sqlite_sequence SET seq = 9"}
         << "comme aujourd'hui";
-    // The numbers begin at 1 again: the new number 1 is somebody else.
-    QTest::newRow("thrown away and begun anew")
+    // The ids start at 1 again: the new id 1 is a different patient.
+    QTest::newRow("dropped and started again")
         << QStringList{"DROP TABLE Patients", table, "INSERT INTO Patients (name, created) VALUES ('X', '2014-04-10')"}
         << "1 patient de moins, 2 patients de plus";
 }
 
-void tst_PatientTable::difference_is_told_as_seen_from_today()
+void tst_PatientTable::difference_is_described_relative_to_today()
 {
     QFETCH(QStringList, since);
     const QTemporaryDir place;
@@ -116,7 +116,7 @@ void tst_PatientTable::difference_is_told_as_seen_from_today()
           "text");
 }
 
-void tst_PatientTable::patients_come_back_with_dates_and_answers_under_new_numbers()
+void tst_PatientTable::patients_are_restored_with_dates_and_answers_under_new_ids()
 {
     const QTemporaryDir place;
     write(place.filePath("copy"), {dupont, martin});
@@ -128,10 +128,10 @@ void tst_PatientTable::patients_come_back_with_dates_and_answers_under_new_numbe
     QVariantMap expected = copy.rows.first();
     expected["id"] = 2;
     QCOMPARE(today.rows.first(), expected);
-    QVERIFY(!patients::add(place.path(), copy.rows).isEmpty()); // no table there
+    QVERIFY(!patients::add(place.path(), copy.rows).isEmpty()); // there is no table
 }
 
-void tst_PatientTable::an_older_table_gets_the_present_columns_and_version()
+void tst_PatientTable::an_older_table_gets_the_current_columns_and_version()
 {
     const QTemporaryDir place;
     run(place.path(),
@@ -139,7 +139,7 @@ void tst_PatientTable::an_older_table_gets_the_present_columns_and_version()
          "INSERT INTO Patients (name) VALUES ('DUPONT Marie')"});
     QCOMPARE(patients::bringUpToDate(place.path()), QString());
     QCOMPARE(StoreFiles::versionIn(place.path()), QString("1.3"));
-    run(place.path(), {dupont}); // names the present columns
+    run(place.path(), {dupont}); // the statement names the current columns
     QCOMPARE(names(PatientTable::read(place.path())), QStringList({"DUPONT Marie", "DUPONT Marie"}));
 }
 

@@ -31,11 +31,11 @@ class tst_RestoreWindow : public QObject
 
 private slots:
     void copies_are_listed_with_day_patients_and_difference();
-    void nothing_can_be_done_while_the_widget_runs_and_everything_once_it_ends();
-    void a_return_is_asked_for_and_no_is_the_default_data();
-    void a_return_is_asked_for_and_no_is_the_default();
-    void ticked_patients_come_back();
-    void tab_goes_from_the_list_over_the_buttons();
+    void buttons_are_disabled_while_the_widget_runs_and_enabled_once_it_ends();
+    void a_return_needs_confirmation_and_no_is_the_default_data();
+    void a_return_needs_confirmation_and_no_is_the_default();
+    void ticked_patients_are_restored();
+    void tab_moves_from_the_list_through_the_buttons();
 
 private:
     const QTemporaryDir m_place;
@@ -72,7 +72,7 @@ void tst_RestoreWindow::copies_are_listed_with_day_patients_and_difference()
     QVERIFY(!child<QPushButton>(window, "Revenir")->isEnabled()); // the unreadable one is selected
 }
 
-void tst_RestoreWindow::nothing_can_be_done_while_the_widget_runs_and_everything_once_it_ends()
+void tst_RestoreWindow::buttons_are_disabled_while_the_widget_runs_and_enabled_once_it_ends()
 {
     StoreLock widget(m_store);
     QCOMPARE(widget.take(), StoreLock::Taken);
@@ -87,7 +87,7 @@ void tst_RestoreWindow::nothing_can_be_done_while_the_widget_runs_and_everything
     QVERIFY(!child<QLabel>(window, "Vesk Tandry est ouvert")->isVisible());
 }
 
-void tst_RestoreWindow::a_return_is_asked_for_and_no_is_the_default_data()
+void tst_RestoreWindow::a_return_needs_confirmation_and_no_is_the_default_data()
 {
     QTest::addColumn<QString>("button");
     QTest::addColumn<int>("patients");
@@ -95,7 +95,7 @@ void tst_RestoreWindow::a_return_is_asked_for_and_no_is_the_default_data()
     QTest::newRow("yes") << "Revenir à cette copie" << 2;
 }
 
-void tst_RestoreWindow::a_return_is_asked_for_and_no_is_the_default()
+void tst_RestoreWindow::a_return_needs_confirmation_and_no_is_the_default()
 {
     QFETCH(QString, button);
     RestoreWindow window(m_store);
@@ -114,7 +114,7 @@ void tst_RestoreWindow::a_return_is_asked_for_and_no_is_the_default()
         QVERIFY(child<QLabel>(window, "C'est fait : les patients sont ceux de la copie du lundi 12 mai 2014."));
 }
 
-void tst_RestoreWindow::ticked_patients_come_back()
+void tst_RestoreWindow::ticked_patients_are_restored()
 {
     RestoreWindow window(m_store);
     window.show();
@@ -131,7 +131,7 @@ void tst_RestoreWindow::ticked_patients_come_back()
     QVERIFY(child<QLabel>(window, "C'est fait : 1 patient est revenu."));
 }
 
-void tst_RestoreWindow::tab_goes_from_the_list_over_the_buttons()
+void tst_RestoreWindow::tab_moves_from_the_list_through_the_buttons()
 {
     RestoreWindow window(m_store);
     window.show();

@@ -11,8 +11,8 @@ class tst_Restorer : public QObject
     Q_OBJECT
 
 private slots:
-    void going_back_puts_the_copy_in_place_and_keeps_today();
-    void a_return_can_be_taken_back();
+    void going_back_installs_the_copy_and_copies_todays_files();
+    void a_return_can_be_undone();
     void patients_of_an_old_or_lost_version_stay_after_the_return_data();
     void patients_of_an_old_or_lost_version_stay_after_the_return();
     void single_patients_are_added_to_todays();
@@ -32,7 +32,7 @@ private:
     const QString returned = QDate::currentDate().toString(Qt::ISODate) + "-before-return";
 };
 
-void tst_Restorer::going_back_puts_the_copy_in_place_and_keeps_today()
+void tst_Restorer::going_back_installs_the_copy_and_copies_todays_files()
 {
     const QTemporaryDir place;
     const StoreFiles store(place.path());
@@ -48,7 +48,7 @@ void tst_Restorer::going_back_puts_the_copy_in_place_and_keeps_today()
     QCOMPARE(restorer.entries().first().patients.rows.size(), 1);
 }
 
-void tst_Restorer::a_return_can_be_taken_back()
+void tst_Restorer::a_return_can_be_undone()
 {
     const QTemporaryDir place;
     const StoreFiles store(place.path());
