@@ -1,8 +1,8 @@
-# tandry_move_clock(target [test ...]): the tests of this target may move the clock of their own process (testclock.h).
-# Without tests, the target's name is that of its only one.
+# tandry_move_clock(target [test ...]): lets the tests of this target set the clock of their own process (testclock.h).
+# Without a list, the target's only test has the target's name.
 #
-# Linked rather than preloaded, where the linker lets a library stand before libc: so the clock moves in the test alone
-# and not in the processes that it starts, and a sanitizer still comes first.
+# libfaketime is linked rather than preloaded, where the linker can place a library before libc: only the test's clock
+# changes, not that of the processes that it starts, and a sanitizer's runtime still comes first.
 find_library(TANDRY_FAKETIME NAMES libfaketime.so.1 libfaketime.1.dylib
     PATHS "/usr/lib/${CMAKE_LIBRARY_ARCHITECTURE}" /usr/lib /usr/local/lib /opt/homebrew/lib
     PATH_SUFFIXES faketime)

@@ -6,11 +6,11 @@
 
 #include <thread>
 
-/// The hooks that Qt keeps for debuggers: an array of which the fourth and the fifth are called for each object.
+/// Qt's hooks for debuggers: the fourth and fifth entries of this array are called for each object.
 extern Q_CORE_EXPORT quintptr qtHookData[];
 
-/// The objects that this thread has made since the trace began and that still live, in the order of their making.
-/// One at a time.
+/// The objects that this thread has created since the trace began and that still exist, in order of creation. Only one
+/// trace can exist at a time.
 class ObjectTrace
 {
     Q_DISABLE_COPY(ObjectTrace)
@@ -19,7 +19,7 @@ public:
     struct Made
     {
         QObject *object;
-        /// What `note` said when the object was made.
+        /// The result of `note` at the creation of the object.
         QString noted;
     };
 
@@ -38,7 +38,7 @@ public:
         return objects;
     }
 
-    /// The first of that class; null when there is none.
+    /// The first object of that class; null when there is none.
     template<typename Class>
     static Class *first()
     {

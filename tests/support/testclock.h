@@ -5,9 +5,9 @@
 
 #include <ctime>
 
-/// The clock and the time zone of this process, stopped where the test says, for Qt, the scripts and SQLite alike, and
-/// given back with the object. Timers run on. Needs `tandry_move_clock` in CMake. A script engine takes the zone over
-/// when it is created, so create it after the clock.
+/// Stops the clock of this process at a given time and sets its time zone, for Qt, the scripts and SQLite. The
+/// destructor restores both. Timers keep running. Needs `tandry_move_clock` in CMake. A script engine reads the time
+/// zone when it is created: create it after the clock.
 class TestClock
 {
 public:
@@ -29,11 +29,11 @@ public:
 
     void moveTo(const QByteArray &localTime)
     {
-        // The same text again, in another zone, is only read after another one.
+        // libfaketime rereads the text only when it changes: set another one in between.
         read("2000-01-01 00:00:00");
         const QByteArray now = read(localTime);
         if (now != localTime) {
-            qFatal("The clock does not move (it is %s, not %s): run the test through ctest, which prepares it",
+            qFatal("The clock was not set (it is %s, not %s): run the test through ctest, which sets its environment",
                    now.constData(), localTime.constData());
         }
     }

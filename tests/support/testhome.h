@@ -4,16 +4,16 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-/// A home of the test's own, removed with the object: home, configuration, data, cache, runtime and temporary folders
-/// all lie below one fresh folder. Construct it before the application object, since Qt remembers some of these
-/// places, and keep it alive until the end of `main`.
+/// A temporary home for the test, removed by the destructor: home, configuration, data, cache, runtime and temporary
+/// folders in one new folder. Construct it before the application object, because Qt caches some of these paths, and
+/// keep it until the end of `main`.
 class TestHome
 {
 public:
     TestHome()
     {
         if (!m_root.isValid())
-            qFatal("No folder for the test's own home: %s", qPrintable(m_root.errorString()));
+            qFatal("Cannot create the test's home: %s", qPrintable(m_root.errorString()));
         set("HOME", home());
         set("XDG_CONFIG_HOME", config());
         set("XDG_DATA_HOME", data());
@@ -37,8 +37,8 @@ private:
     static void set(const char *variable, const QString &folder)
     {
         if (!QDir().mkpath(folder))
-            qFatal("The test's folder %s cannot be made", qPrintable(folder));
-        // Owner alone, which the runtime folder must be or Qt complains of it.
+            qFatal("The test's folder %s cannot be created", qPrintable(folder));
+        // Qt warns about a runtime folder that is accessible to others.
         QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
         qputenv(variable, QFile::encodeName(folder));
     }
