@@ -5,6 +5,7 @@
 
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QUuid>
 
 /// The About box.
@@ -18,6 +19,7 @@ private slots:
     void box_names_version_and_identifier();
     void box_shows_the_tray_picture();
     void box_belongs_to_the_hidden_widget();
+    void box_opens_in_the_middle_of_the_screen();
     void box_counts_nothing();
 };
 
@@ -88,6 +90,20 @@ void ServiceAbout::box_belongs_to_the_hidden_widget()
     QCOMPARE(hidden->parentWidget(), nullptr);
     QCOMPARE(hidden->windowIcon().pixmap(128, 128).toImage().convertToFormat(QImage::Format_ARGB32),
              QImage(":/images/tray.png").convertToFormat(QImage::Format_ARGB32));
+}
+
+void ServiceAbout::box_opens_in_the_middle_of_the_screen()
+{
+    RunningService running;
+    const QPoint middle = QGuiApplication::primaryScreen()->availableGeometry().center();
+
+    QVERIFY(withModal<QMessageBox>([&] { running.call("openAbout"); },
+                                   [&](QMessageBox &box) {
+                                       const QPoint off = box.geometry().center() - middle;
+                                       // Half of a frame, whose size is guessed before there is one.
+                                       QVERIFY2(off.manhattanLength() <= 40,
+                                                qPrintable(QString("%1 %2 off").arg(off.x()).arg(off.y())));
+                                   }));
 }
 
 void ServiceAbout::box_counts_nothing()
