@@ -60,8 +60,8 @@ set(CPACK_PACKAGE_CONTACT "Olmeric <${TANDRY_CUSTOMER_EMAIL}>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Follow-up of patients in allergy desensitisation")
 set(CPACK_PACKAGE_DESCRIPTION
     "A small, always available widget for a physician's practice. It follows
- patients through the five steps of the desensitisation pathway and shows
- when each of them needs attention next. The user interface is in French.")
+patients through the five steps of the desensitisation pathway and shows
+when each of them needs attention next. The user interface is in French.")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES TRUE)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
