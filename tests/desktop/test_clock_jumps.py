@@ -1,4 +1,4 @@
-"""The system's clock is set while the program runs: forward over a year, and back."""
+"""The clock while the program runs: set forward over a year, and back; and a new day that comes by itself."""
 
 from harness.case import DesktopTest, main
 from harness.clock import SetClock
@@ -8,7 +8,7 @@ from harness.waiting import wait_equal, wait_until
 DUE_IN_SPRING = {"name": "Dupont", "created": "2014-04-10", "phone": "0601020304", "notification_date": "2015-03-01"}
 
 
-class ClockJumps(DesktopTest):
+class Clock(DesktopTest):
 
     def start_at(self, time):
         """Starts the program, on a clock that is then set by the test, and waits for its first refresh."""
@@ -67,6 +67,14 @@ class ClockJumps(DesktopTest):
         self.assertEqual(PatientList(widget).open().names(), ["Durand"])
         self.assertEqual(self.store.patient("Dupont"), before)
         self.assertEqual(self.stored("Martin", "created", "notification_date"), ("2015-06-01", "2015-06-01"))
+
+    def test_the_day_changes_while_it_runs(self):
+        self.store.seed({"name": "Dupont", "created": "2014-04-10", "notification_date": "2014-05-13"})
+        # The program's clock and timers run 900 times as fast: its hour is four seconds.
+        widget = self.start(environment={"TZ": "UTC"}, clock="2014-05-12 21:30:00", speed=900)
+        wait_until(lambda: "icon 1" in widget.log, "the first tick of the new day refreshes", limit=40)
+        # The start and the new day; two ticks, at 22:30 and 23:30, brought no refresh.
+        self.assertEqual(widget.log.count("Refreshing icon."), 2)
 
 
 if __name__ == "__main__":

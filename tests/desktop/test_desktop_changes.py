@@ -55,10 +55,8 @@ class DesktopChanges(DesktopTest):
         widget.create("Petit")
         widget.back()
         wait_until(lambda: self.icon(widget) != with_badge, "the badge follows in the new tray")
-        widget.click_tray()
-        wait_until(lambda: widget.window() is None, "a click on the new icon hides the widget")
-        widget.click_tray()
-        widget.wait_for_window()
+        widget.toggle_by_tray()
+        widget.toggle_by_tray()
 
     def is_red(self, widget):
         """Whether the lower right of the icon has the badge's colour somewhere."""
@@ -116,9 +114,8 @@ class DesktopChanges(DesktopTest):
         self.assertEqual(widget.geometry()[:2], (WIDTH - 570, 35))
         self.resize(*SMALL)
         # What is not at its place when it is shown the next time comes back into the screen.
-        widget.click_tray()
-        wait_until(lambda: widget.window() is None, "the widget is hidden")
-        widget.click_tray()
+        widget.toggle_by_tray()
+        widget.toggle_by_tray()
         wait_equal(lambda: widget.geometry()[:2], (SMALL[0] - 570, 35), "the widget is in the screen")
         widget.click("Contacts VESK")
         wait_until(lambda: self.inside(widget.geometry(CONTACT_WIDTH)), "the popup is in the screen")
@@ -136,9 +133,8 @@ class DesktopChanges(DesktopTest):
         widget = self.start_ready()
         self.assertEqual(widget.geometry()[:2], (SMALL[0] - 570, 35))
         self.desktop.resize(WIDTH, HEIGHT)
-        widget.click_tray()
-        wait_until(lambda: widget.window() is None, "the widget is hidden")
-        widget.click_tray()
+        widget.toggle_by_tray()
+        widget.toggle_by_tray()
         self.assertEqual(widget.geometry()[:2], (SMALL[0] - 570, 35))
 
 

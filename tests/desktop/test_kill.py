@@ -25,7 +25,7 @@ class Kill(DesktopTest):
         widget = self.start_ready()
         widget.create("Martin")
         Killer(widget.process).at_event(self.store.folder, os.path.basename(self.store.file) + suffix, event)
-        widget.answer("test", "Oui")
+        widget.click_answer("test", "Oui")
         self.assertEqual(widget.wait_for_exit(), -9)
 
         widget = self.start_ready()

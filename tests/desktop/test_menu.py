@@ -43,8 +43,7 @@ class ContextMenu(DesktopTest):
         self.widget.click("Fermer")
         wait_until(lambda: self.widget.window() is None, "the window is hidden")
         self.assertTrue(self.widget.running)
-        self.widget.click_tray()
-        self.widget.wait_for_window()
+        self.widget.toggle_by_tray()
 
     def test_launch_at_login_is_switched_off_and_on(self):
         self.assertIs(self.home.login_list()["Disabled"], False)

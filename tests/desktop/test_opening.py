@@ -99,19 +99,25 @@ class Opening(DesktopTest):
         window = widget.wait_for_window()
         self.desktop.screen.minimise(window)
         wait_until(lambda: widget.window() is None, "the widget is minimised")
-        widget.click_tray()
-        widget.wait_for_window()
+        widget.toggle_by_tray()
+
+    def assertNotMoved(self, widget):
+        """The widget is where it opened, after all that the drags before may have asked of the window manager: the popup,
+        which it shows in its turn, comes last."""
+        widget.click("Contacts VESK")
+        widget.wait_for_window(CONTACT_WIDTH)
+        self.assertEqual(widget.geometry()[:2], (710, 35))
 
     def test_is_not_dragged_by_its_content(self):
         widget = self.start_ready()
         self.desktop.screen.drag((820, 160), (620, 260))
         self.desktop.screen.drag((850, 115), (650, 315))
-        self.assertEqual(widget.geometry()[:2], (710, 35))
+        self.assertNotMoved(widget)
 
     def test_is_not_dragged_by_the_right_button(self):
         widget = self.start_ready()
         self.desktop.screen.drag((830, 50), (630, 250), button=3)
-        self.assertEqual(widget.geometry()[:2], (710, 35))
+        self.assertNotMoved(widget)
 
     def test_shows_no_window_when_started_at_login(self):
         widget = self.start("startup")
@@ -119,7 +125,7 @@ class Opening(DesktopTest):
         # Two seconds after its start the program has done all that it does by itself.
         wait_until(lambda: "Refreshing icon." in widget.log, "the first refresh is done")
         stays(lambda: widget.window() is None, "no window is shown", 0.5)
-        widget.click_tray()
+        widget.toggle_by_tray()
         self.assertEqual(widget.geometry(), (710, 35, 275, 174))
 
     def test_any_other_argument_is_an_ordinary_start(self):

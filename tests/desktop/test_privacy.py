@@ -57,7 +57,7 @@ class Privacy(DesktopTest):
         """An answer that cannot be stored; the modes of all that lies there while its transaction is open."""
         other = self.store.read_lock()
         try:
-            self.widget.answer("test", "Oui")
+            self.widget.click_answer("test", "Oui")
             wait_until(lambda: os.path.exists(self.store.file + "-journal"), "the transaction has its journal")
             seen = traces.modes(self.home.folder)
             wait_until(lambda: complaints(self.log()), "the log says that the answer is lost")

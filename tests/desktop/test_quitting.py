@@ -65,8 +65,7 @@ class Quitting(DesktopTest):
             widget.press("alt+F4")
             wait_until(lambda: widget.window(width) is None, "the popup is hidden")
         stays(lambda: widget.running, "the program runs without a window", 0.5)
-        widget.click_tray()
-        widget.wait_for_window()
+        widget.toggle_by_tray()
 
     def test_ok_quits(self):
         widget = self.start_ready()

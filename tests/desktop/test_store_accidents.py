@@ -26,7 +26,7 @@ class StoreAccidents(DesktopTest):
     def assertAnswerRefused(self, widget, reason):
         """An answer and a new patient are refused: the log says why and nothing is shown as stored."""
         said = len(complaints(widget.log))
-        widget.answer("test", "Oui")
+        widget.click_answer("test", "Oui")
         wait_until(lambda: any(reason in line for line in complaints(widget.log)[said:]), f"the log says {reason!r}")
         wait_equal(widget.asked, ["test"], "the answer is not shown as stored")
         widget.control(QUESTIONS["test"], "push button")  # without an answer in its name
@@ -95,7 +95,7 @@ class StoreAccidents(DesktopTest):
         widget.open_patient("Dupont")
         widget.wait_for_question("test")
         self.store.execute("DELETE FROM `Patients` WHERE name = 'Dupont'")
-        widget.answer("test", "Oui")
+        widget.click_answer("test", "Oui")
         wait_until(lambda: "The store has no such patient" in widget.log, "the log says why")
         wait_equal(widget.focus_name, "Retour", "only the way back is left")
         wait_equal(widget.asked, ["test"], "the answer is not shown as given")
@@ -104,7 +104,7 @@ class StoreAccidents(DesktopTest):
         rows = PatientList(widget).open()
         rows.show_tab(ALL)
         self.store.execute("DELETE FROM `Patients`")
-        rows.open_patient("Dupond")
+        rows.click_row("Dupond")
         wait_until(lambda: widget.log.count("The store has no such patient") == 2, "the log says so again")
         widget.type("x")
         wait_equal(lambda: widget.control(NAME_FIELD, "text").text, "Dupont", "what was shown stays, and takes no key")

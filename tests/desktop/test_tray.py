@@ -1,4 +1,4 @@
-"""The icon in the tray: clicks, badge, messages, and the refresh when the day changes."""
+"""The icon in the tray: clicks, badge and messages."""
 
 from harness.case import DesktopTest, main
 from harness.patient_list import PatientList
@@ -28,9 +28,8 @@ class Tray(DesktopTest):
 
     def test_a_click_shows_and_hides_the_widget(self):
         widget = self.start_ready()
-        widget.click_tray()
-        wait_until(lambda: widget.window() is None, "the widget is hidden")
-        widget.click_tray()
+        widget.toggle_by_tray()
+        widget.toggle_by_tray()
         self.assertEqual(widget.geometry(), (710, 35, 275, 174))
 
     def test_a_click_hides_the_popups(self):
@@ -38,7 +37,7 @@ class Tray(DesktopTest):
         widget.click("Contacts VESK")
         widget.wait_for_window(CONTACT_WIDTH)
         PatientList(widget).open()
-        widget.click_tray()
+        widget.toggle_by_tray()
         wait_until(lambda: widget.window(LIST_WIDTH) is None and widget.window(CONTACT_WIDTH) is None
                    and widget.window() is None, "all windows are hidden")
 
@@ -85,15 +84,6 @@ class Tray(DesktopTest):
         self.picture("tray-message")
         widget.click_found(lambda: widget.find("Vous avez 1 patient en attente", "label"), "the message")
         widget.wait_for_window(LIST_WIDTH)
-
-    def test_the_day_changes_while_it_runs(self):
-        self.store.seed({"name": "Dupont", "created": "2014-04-10", "notification_date": "2014-05-13"})
-        # The program's clock and timers run 900 times as fast: its hour is four seconds.
-        widget = self.start(environment={"TZ": "UTC"}, clock="2014-05-12 21:30:00", speed=900)
-        self.first_refresh(widget)
-        wait_until(lambda: "icon 1" in widget.log, "the first tick of the new day refreshes", limit=40)
-        # Two ticks, at 22:30 and 23:30, brought no refresh.
-        self.assertEqual(widget.log.count("Refreshing icon."), 2)
 
 
 if __name__ == "__main__":

@@ -17,9 +17,8 @@ class PatientList:
 
     def open(self):
         """Opens the popup by the header's button."""
-        self.widget.click("Liste de tous les patients", "push button")
-        self.widget.wait_for_window(LIST_WIDTH)
-        wait_until(lambda: self.window.find(WAITING, "page tab"), "the list shows its tabs")
+        self.widget.click_until(lambda: self._find(WAITING, "page tab"), "the list shows its tabs",
+                                "Liste de tous les patients", "push button")
         return self
 
     @property
@@ -44,8 +43,8 @@ class PatientList:
 
     def show_tab(self, tab):
         """Clicks a tab and waits for its rows."""
-        self.click(tab, "page tab")
-        wait_until(lambda: self._find(tab, "list"), f"the rows of {tab!r} are shown")
+        self.widget.repeat(lambda: self.click(tab, "page tab"), lambda: self._find(tab, "list"),
+                           f"the rows of {tab!r} are shown")
 
     def rows(self):
         """The texts of each row, from left to right, without empty cells."""
@@ -79,6 +78,10 @@ class PatientList:
         wait_until(lambda: self._find(box, "check box").has("checked") != was, f"{box!r} has changed")
 
     def open_patient(self, name):
+        """Opens a row's patient in the editor."""
+        self.widget.repeat(lambda: self.click_row(name), lambda: self.widget.edits(name), f"the editor shows {name!r}")
+
+    def click_row(self, name):
         """Clicks a row outside its box."""
         self.click(f"Ouvrir {name}", "push button")
 

@@ -4,7 +4,7 @@ import collections
 import time
 
 from . import tree
-from .screen import RIGHT
+from .screen import LEFT, RIGHT
 from .waiting import NeverHappened, wait_equal, wait_until
 from .widget import Gone, Widget
 
@@ -48,9 +48,13 @@ class Tandry(Widget):
     def open_patient(self, name, search=None):
         """Searches a patient and opens the row of that name."""
         self.search(name if search is None else search)
-        wait_until(lambda: self._uncovered_result(name), f"a result called {name!r} that nothing covers")
-        self.click_found(lambda: self._uncovered_result(name), f"the result {name!r}")
-        wait_equal(lambda: self.control(NAME_FIELD, "text").text, name, "the editor shows the patient")
+        self.repeat(lambda: self.click_found(lambda: self._uncovered_result(name), f"the result {name!r}"),
+                    lambda: self.edits(name), f"the editor shows {name!r}")
+
+    def edits(self, name):
+        """Whether the editor shows the patient of that name."""
+        field = self.find(NAME_FIELD, "text")
+        return field and field.text == name
 
     def _uncovered_result(self, name):
         """The row of that name once the link at the frame's foot has slid from over it."""
@@ -66,16 +70,13 @@ class Tandry(Widget):
     def create(self, name):
         """Creates a patient out of the search field and stores it."""
         self.search(name)
-        self.click("Créer la fiche patient")
-        self.control(NAME_FIELD, "text")
-        self.click("Enregistrer")
-        self.wait_for_question("test")
+        self.click_until(lambda: self.find(NAME_FIELD, "text"), "the editor is open", "Créer la fiche patient")
+        self.click_until(lambda: self._question("test"), "the first question is asked", "Enregistrer")
 
     def back(self):
         """Leaves the editor."""
-        self.click("Retour")
-        self.control(SEARCH_FIELD, "text")
-        self.wait_gone(NAME_FIELD, "text")
+        self.click_until(lambda: self.find(SEARCH_FIELD, "text") and not self.find(NAME_FIELD, "text"),
+                         "the search is shown instead of the editor", "Retour")
 
     def asked(self):
         """The keys of the questions that are shown, in order."""
@@ -87,7 +88,15 @@ class Tandry(Widget):
         wait_until(lambda: self._question(key), f"the question {key!r} is asked")
 
     def answer(self, key, answer):
-        """Clicks "Oui" or "Non" below a question, which is unfolded if need be."""
+        """Answers a question "Oui" or "Non"; returns when the box is ticked, or folded away with its question."""
+        def is_given():
+            box = self.answer_box(key, answer)
+            return not box or box.has("checked")
+
+        self.repeat(lambda: self.click_answer(key, answer), is_given, f"{answer!r} is given to the question {key!r}")
+
+    def click_answer(self, key, answer):
+        """Clicks "Oui" or "Non" below a question, which is unfolded if need be: for an answer that is not to be taken."""
         self.wait_for_question(key)
         what = f"{answer!r} below the question {key!r}"
         for _ in range(_UNFOLDINGS):
@@ -142,17 +151,16 @@ class Tandry(Widget):
 
     def choose(self, item):
         """Clicks an item of the open context menu."""
-        window = wait_until(self.menu_window, "the context menu is open")
-        place = self.screen.geometry(window)
-        row = place.height / len(MENU)
-        self.screen.click(place.x + 60, int(place.y + row * (MENU.index(item) + 0.5)))
-        wait_until(lambda: self.menu_window() is None, "the context menu closes")
+        place = self.screen.geometry(wait_until(self.menu_window, "the context menu is open"))
+        row = int(place.y + place.height / len(MENU) * (MENU.index(item) + 0.5))
+        self.repeat(lambda: self.screen.click(place.x + 60, row), lambda: self.menu_window() is None,
+                    "the context menu closes")
 
     def open_menu(self):
         """Opens the context menu by a right click on the header."""
         place = self.geometry()
-        self.screen.click(place.x + 120, place.y + 20, RIGHT)
-        wait_until(self.menu_window, "the context menu opens")
+        self.repeat(lambda: self.screen.click(place.x + 120, place.y + 20, RIGHT), self.menu_window,
+                    "the context menu opens")
 
     # The tray
 
@@ -164,7 +172,13 @@ class Tandry(Widget):
                 return window
         return None
 
-    def click_tray(self, button=1):
+    def toggle_by_tray(self):
+        """Clicks the icon in the tray, and waits until the widget is hidden, or shown where it was hidden."""
+        was_shown = self.window() is not None
+        self.click_tray()
+        wait_until(lambda: (self.window() is None) == was_shown, "the widget is " + ("hidden" if was_shown else "shown"))
+
+    def click_tray(self, button=LEFT):
         """Clicks the icon in the tray."""
         place = self.screen.geometry(wait_until(self.tray_window, "the icon is in the tray"))
         self.screen.click(place.x + place.width // 2, place.y + place.height // 2, button)

@@ -128,7 +128,7 @@ class Widget:
         control = self._focus()
         return control.name if control else None
 
-    # Hands
+    # Actions
 
     def click(self, name, role=None, button=LEFT):
         """Clicks the middle of a control, once it keeps still."""
@@ -174,14 +174,21 @@ class Widget:
         return boxes if boxes[0].width > 0 and boxes[0].height > 0 else []
 
     def click_until(self, effect, what, name, role=None):
-        """Clicks a control until `effect` holds, for one whose second click changes nothing more: the window system may
-        lose a click beside a window that is just moving."""
+        """Clicks a control until `effect` holds, for one whose second click changes nothing more."""
+        return self.repeat(lambda: self.click(name, role), effect, what)
+
+    def repeat(self, action, effect, what):
+        """Does `action` until `effect` holds, and returns what that gives: the window system may lose a click beside a
+        window that is just moving. For an action that changes nothing more the second time."""
         deadline = time.monotonic() + PATIENCE_SECONDS
         while True:
-            self.click(name, role)
             try:
+                action()
                 return wait_until(effect, what, _CLICK_SECONDS)
             except NeverHappened:
+                # What was to be clicked goes with the effect of the click before.
+                if answer := effect():
+                    return answer
                 if time.monotonic() > deadline:
                     raise
 
@@ -244,8 +251,7 @@ class Widget:
 
     def replace_text(self, name, text, role="text"):
         """Clicks a field, and types over what stood in it."""
-        self.click(name, role)
-        wait_until(lambda: self.control(name, role).has("focused"), f"{name!r} has the keyboard")
+        self.click_until(lambda: self.control(name, role).has("focused"), f"{name!r} has the keyboard", name, role)
         self.press("ctrl+a", "BackSpace")
         if text:
             self.type(text)
