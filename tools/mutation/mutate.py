@@ -13,7 +13,7 @@ import time
 
 from equivalents import read_equivalents
 from operators import mutants_of
-from plan import PLAN, TARGETS
+from plan import PLAN, TARGETS, changed_files
 from report import Report
 from sandbox import BrokenTree, Sandbox
 from source import Source
@@ -71,12 +71,12 @@ class Trials:
         sandbox.restore()
 
 
-def chosen_paths(names):
-    paths = [path for path in PLAN if not names or pathlib.PurePath(path).name in names or path in names]
-    unknown = [name for name in names if not any(path.endswith(name) for path in paths)]
+def chosen_paths(paths, names):
+    chosen = [path for path in paths if not names or pathlib.PurePath(path).name in names or path in names]
+    unknown = [name for name in names if not any(path.endswith(name) for path in chosen)]
     if unknown:
-        sys.exit(f"not among the files that are changed: {', '.join(unknown)}; there are {', '.join(PLAN)}")
-    return paths
+        sys.exit(f"not among the files that are changed: {', '.join(unknown)}; there are {', '.join(paths)}")
+    return chosen
 
 
 def arguments():
@@ -93,10 +93,8 @@ def arguments():
 
 
 def draw(mutants, count, seed):
-    places = range(len(mutants))
-    if count and count < len(mutants):
-        places = sorted(random.Random(seed).sample(places, count))
-    return [mutants[place] for place in places]
+    """In the order of the draw, so that a run that is ended early has seen a sample, too."""
+    return random.Random(seed).sample(mutants, count) if count and count < len(mutants) else mutants
 
 
 def claim(folder):
@@ -113,7 +111,8 @@ def claim(folder):
 def main():
     options = arguments()
     root, folder = HERE.parents[1], options.folder.resolve()
-    mutants = draw(all_mutants(root, chosen_paths(options.files)), options.sample, options.seed)
+    plan = changed_files(root, PLAN)
+    mutants = draw(all_mutants(root, chosen_paths(plan, options.files)), options.sample, options.seed)
     if options.list:
         for mutant in mutants:
             print(f"{mutant.path}:{mutant.line} {mutant.function}: {mutant.operator}: {mutant.change}")
@@ -123,7 +122,7 @@ def main():
     report = Report(len(mutants), read_equivalents(HERE / "equivalents.txt"))
     with claim(folder):
         try:
-            Trials(root, folder, PLAN, TARGETS, options.jobs).run(mutants, report)
+            Trials(root, folder, plan, TARGETS, options.jobs).run(mutants, report)
         except BrokenTree as error:
             sys.exit(str(error))
         faults = report.faults(is_complete=not options.files and not options.sample)

@@ -46,6 +46,10 @@ class Mutant:
         return self.path.rpartition("/")[2]
 
     @property
+    def folder(self):
+        return self.path.rpartition("/")[0]
+
+    @property
     def change(self):
         """What identifies the change in a function, whatever its line is."""
         again = f" #{self.occurrence}" if self.occurrence > 1 else ""
@@ -88,9 +92,13 @@ def numbers(source):
     for match in NUMBER.finditer(source.code):
         first, last = source.whole_lines(*match.span())
         # Nobody feels a millisecond.
-        is_duration = re.search(r"\w+Ms\b", source.code[first:last])
+        is_duration = re.search(r"\w+Ms\b|[dD]uration:|\binterval:", source.code[first:last])
         number = float(match.group()) if "." in match.group() else int(match.group())
-        yield "constant", *match.span(), str(number * 2 if is_duration and number else number + 1)
+        if number and "opacity" in source.code[first:last]:  # more than 1 is 1
+            other = number / 2
+        else:
+            other = number * 2 if is_duration and number else number + 1
+        yield "constant", *match.span(), f"{other:.6g}"
 
 
 def truth_values(source):
@@ -125,7 +133,7 @@ def _exchanged(match):
 def neighbouring_elements(source):
     for match in NEIGHBOURS.finditer(source.text):
         before = source.code[:match.start()].rstrip()
-        if before[-1] not in "([{," or SYMMETRIC.search(before):
+        if not before.endswith(tuple("([{,")) or SYMMETRIC.search(before):
             continue
         if match["first"] != match["second"] and source.code[match.start("between")] == ",":
             yield "order", match.start(), match.end("second"), _exchanged(match)
@@ -141,6 +149,8 @@ def conditions(source):
 def removed_statements(source):
     if source.is_header:
         return
+    for start, end in source.bindings():
+        yield "removed", start, end, ""
     for start, end in source.statements():
         # A function that leaves without its value does anything.
         if source.is_script or not re.match(r"return [^;]", source.code[start:end]):

@@ -1,24 +1,36 @@
 """What is changed, and which tests are asked: the quick ones first, since the first that fails ends the trial."""
 
 STORE = ("tst_StoreStatements", "tst_StoreReading", "tst_StoreWriting", "tst_ReminderDates", "tst_StoreOpening",
-         "tst_StoreFileErrors", "tst_StoreErrors")
-SERVICE = ("tst_ServiceConstruction", "tst_ServiceFirstStart", "tst_ServiceViews", "tst_ServiceAbout",
-           "tst_ServiceTray", "tst_ServiceConnections", "tst_ServiceQuit", "tst_ServiceMessages",
-           "tst_ServiceStatistics", "tst_ServiceUpload")
+         "tst_StoreMigration", "tst_StoreFileErrors", "tst_StoreErrors")
 LOCKED_FILE = ("tst_QtLockedFile", "tst_QtLocalPeer", "tst_SingleInstance")
 PEER = ("tst_QtLocalPeer", "tst_GuardMoments", "tst_GuardWaits", "tst_HostilePeers", "tst_GuardMessages",
         "tst_SingleInstance")
 READER = ("tst_MessageReader", "tst_QtLocalPeer", "tst_HostilePeers", "tst_GuardMessages")
 APPLICATION = ("tst_QtSingleApplication", "tst_GuardWaits", "tst_SingleInstance")
 CORE_APPLICATION = ("tst_QtSingleCoreApplication", "tst_GuardWaits")
+VIEW = ("tst_DraggableQuickView", "tst_ServiceWindows", "tst_StartUp")
+COPIES = ("tst_StoreFiles", "tst_CopyShelf", "tst_PatientCopies", "tst_Restorer", "tst_CopyKills")
+RESTORE = ("tst_PatientTable", "tst_Restorer", "tst_RestoreWindow")
+AUTORUN = ("tst_Autorun", "tst_AutostartEntry")
+SERVICE = ("tst_ServiceConstruction", "tst_ServiceFirstStart", "tst_ServiceViews", "tst_ServiceAbout",
+           "tst_ServiceTray", "tst_ServiceConnections", "tst_ServiceQuit", "tst_ServiceMessages",
+           "tst_ServicePlacement", "tst_ServiceWindows", "tst_ServiceStatistics", "tst_ServiceUpload")
+
+EDITOR = ("tst_DetailLoad", "tst_DetailSave", "tst_DetailPathway", "tst_DetailAnswers", "tst_DetailErrors",
+          "tst_DetailKeyboard")
+LIST = ("tst_PatientTableRow", "tst_ListPopup", "tst_ListPopupKeyboard", "tst_ListPopupLook")
+MAIN = ("tst_MainLoading", "tst_MainMenu", "tst_MainSearch", "tst_MainAnimations", "tst_MainKeyboard",
+        "tst_MainEditor", "tst_MainHeights")
+CONTROLS = ("tst_Controls", "tst_Activation", "tst_PlainText")
+# Asked about every document, after those of its own.
+DOCUMENTS = ("tst_DocumentInterfaces", "tst_Looks", "tst_LargerTexts")
 
 PLAN = {
-    "src/js/AutocompleteLogic.js": ("tst_AutocompleteLogic",),
-    "src/js/Bdd.js": STORE,
-    "src/js/ReminderDates.js": ("tst_ReminderDates", "tst_StoreWriting"),
-    "src/js/Storage.js": STORE,
-    "src/js/ListLogic.js": ("tst_ListLogic",),
-    "src/js/StepCells.js": ("tst_PatientTableRow",),
+    "src/app/draggablequickview.cpp": VIEW,
+    "src/app/draggablequickview.h": VIEW,
+    "src/app/focuser.cpp": VIEW,
+    "src/app/focuser_linux.cpp": VIEW,
+    "src/app/main.cpp": ("tst_StartUp",),
     "src/app/messagereader.cpp": READER,
     "src/app/messagereader.h": READER,
     "src/app/qtlocalpeer.cpp": PEER,
@@ -30,10 +42,48 @@ PLAN = {
     "src/app/qtsingleapplication.h": APPLICATION,
     "src/app/qtsinglecoreapplication.cpp": CORE_APPLICATION,
     "src/app/qtsinglecoreapplication.h": CORE_APPLICATION,
+    "src/copies": COPIES,
+    "src/js/AutocompleteLogic.js": ("tst_AutocompleteLogic",),
+    "src/js/EditorLogic.js": EDITOR,
+    "src/js/ListLogic.js": ("tst_ListLogic",),
+    "src/js/ReminderDates.js": ("tst_ReminderDates", "tst_WaitingDay", "tst_StoreWriting"),
+    "src/js/StepCells.js": ("tst_PatientTableRow",),
+    "src/js": STORE,
+    "src/platform/macupdatechecker.cpp": ("tst_MacUpdateChecker",),
+    "src/platform/prepareprocess_linux.cpp": ("tst_PrepareProcess", "tst_StartUp"),
+    "src/platform/propertylist_linux.cpp": ("tst_PropertyList", "tst_Autorun"),
+    "src/platform": AUTORUN,
+    "src/qml/ActionButton.qml": CONTROLS,
+    "src/qml/AnswerBox.qml": ("tst_Question", *CONTROLS, "tst_DetailPathway"),
+    "src/qml/Autocomplete.qml": ("tst_Autocomplete", *CONTROLS),
+    "src/qml/ButtonSMS.qml": (*CONTROLS, "tst_DetailPathway"),
+    "src/qml/ContactPopup.qml": ("tst_ContactPopup",),
+    "src/qml/ContactSection.qml": ("tst_ContactPopup",),
+    "src/qml/ContactText.qml": ("tst_ContactPopup",),
+    "src/qml/SiteLink.qml": ("tst_ContactPopup",),
+    "src/qml/TabPopup.qml": ("tst_ContactPopup", *CONTROLS),
+    "src/qml/PopupContainer.qml": ("tst_ContactPopup", "tst_ListPopup"),
+    "src/qml/Detail.qml": (*EDITOR, "tst_MainEditor", "tst_MainHeights"),
+    "src/qml/NameStatus.qml": (*CONTROLS, "tst_MainEditor"),
+    "src/qml/Pathway.qml": (*EDITOR, "tst_MainHeights"),
+    "src/qml/PatientFields.qml": EDITOR,
+    "src/qml/SMSSend.qml": (*CONTROLS, "tst_DetailPathway", "tst_DetailAnswers"),
+    "src/qml/StepButton.qml": (*CONTROLS, "tst_Question", "tst_DetailPathway"),
+    "src/qml/Question.qml": ("tst_Question", "tst_DetailPathway", "tst_DetailAnswers", "tst_DetailKeyboard"),
+    "src/qml/PatientsItem.qml": ("tst_PatientsResults", *CONTROLS, "tst_MainSearch"),
+    "src/qml/PatientsResults.qml": ("tst_PatientsResults", "tst_MainSearch", "tst_MainAnimations", "tst_MainKeyboard"),
+    "src/qml/WaitingBadge.qml": (*CONTROLS, "tst_MainMenu"),
+    "src/qml/Container.qml": MAIN,
+    "src/qml/main.qml": MAIN,
+    "src/qml/base/Columns.qml": LIST,
+    "src/qml/base/DeferredLoader.qml": ("tst_ListPopup", *MAIN),
+    "src/qml/base": (*CONTROLS, "tst_Autocomplete", "tst_Question", "tst_MainMenu", "tst_MainSearch", "tst_MainHeights",
+                     "tst_DetailLoad", "tst_ListPopup", "tst_ListPopupLook"),
+    "src/qml": LIST,
+    "src/restore/main.cpp": ("desktop_restore",),
+    "src/restore": RESTORE,
     "src/service/macversion.h": ("tst_MacVersion",),
-    "src/service/settingskeys.h": SERVICE,
-    "src/service/widgetservice.cpp": SERVICE,
-    "src/service/widgetservice_preferences.cpp": SERVICE,
+    "src/service/restingplace.cpp": ("tst_ServicePlacement", "tst_ServiceWindows"),
     "src/service/widgetservice_printing.cpp": ("tst_ServiceStepCells", "tst_ServiceReport", "tst_ServicePrinting"),
     "src/service/widgetservice_statistics.cpp": (
         "tst_ServiceConstruction", "tst_ServiceFirstStart", "tst_ServiceStatistics", "tst_ServiceUpload"),
@@ -42,7 +92,27 @@ PLAN = {
     "src/service/widgetservice_views.cpp": (
         "tst_ServiceConstruction", "tst_ServicePlacement", "tst_ServiceViews", "tst_ServiceWindows",
         "tst_ServiceConnections", "tst_ServiceAbout", "tst_ServiceStatistics"),
+    "src/service": SERVICE,
 }
 
 # What is built for a test, where it is not called like the test.
-TARGETS = {"tst_PatientTableRow": "tandry_document_tests"}
+TARGETS = {"desktop_restore": ("tandry", "tandry-restore")} | dict.fromkeys(
+    (*EDITOR, *LIST, *MAIN, *CONTROLS, "tst_Autocomplete", "tst_ContactPopup", "tst_LargerTexts", "tst_Looks",
+     "tst_PatientsResults", "tst_Question"), ("tandry_document_tests",))
+
+
+def changed_files(root, plan):
+    """The files that are changed: those of the plan, and all sources below its folders. The macOS half is not built here."""
+    return {
+        path.relative_to(root).as_posix(): tests_of(path.relative_to(root).as_posix(), plan)
+        for place in plan for path in sorted([root / place] if (root / place).is_file() else (root / place).rglob("*"))
+        if path.suffix in (".js", ".qml", ".cpp", ".h") and not path.stem.endswith("_mac")}
+
+
+def tests_of(path, plan):
+    """The tests of the plan's entry for this file, or for the nearest folder above it."""
+    place = path
+    while place not in plan:
+        place = place.rpartition("/")[0]
+    documents = DOCUMENTS if path.endswith(".qml") else ()
+    return tuple(dict.fromkeys((*plan[place], *documents)))

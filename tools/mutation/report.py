@@ -43,14 +43,14 @@ class Report:
         return faults
 
     def totals(self):
-        counts = collections.Counter((mutant.path, verdict) for mutant, verdict, _ in self.results)
-        paths = list(dict.fromkeys(mutant.path for mutant, _, _ in self.results))
-        width = max(map(len, paths), default=0)
+        counts = collections.Counter((mutant.folder, verdict) for mutant, verdict, _ in self.results)
+        folders = list(dict.fromkeys(mutant.folder for mutant, _, _ in self.results))
+        width = max(map(len, folders), default=0)
         lines = [f"{'':{width}} {'mutants':>8}" + "".join(f"{verdict:>16}" for verdict in VERDICTS)]
-        for path in [*paths, "all"]:
-            row = [sum(count for (other, name), count in counts.items() if path in (other, "all") and name == verdict)
+        for folder in [*folders, "all"]:
+            row = [sum(count for (other, name), count in counts.items() if folder in (other, "all") and name == verdict)
                    for verdict in VERDICTS]
-            lines.append(f"{path:{width}} {sum(row):>8}" + "".join(f"{count:>16}" for count in row))
+            lines.append(f"{folder:{width}} {sum(row):>8}" + "".join(f"{count:>16}" for count in row))
         return lines
 
     def write(self, path, faults, seconds):

@@ -54,7 +54,8 @@ class Sandbox:
         self.build.mkdir(exist_ok=True)
         self._copy_tree()
         self._expect(["cmake", "-S", self.tree, "-B", self.build, *CONFIGURATION])
-        self._expect(["cmake", "--build", self.build, "--target", *sorted({self._target(name) for name in names}),
+        targets = sorted({target for name in names for target in self._targets(name)})
+        self._expect(["cmake", "--build", self.build, "--target", *targets,
                       "--parallel", "1"])  # the other sandboxes are at it, too
         # What a test runs is only known once it is there.
         listing = subprocess.run(["ctest", "--show-only=json-v1"], cwd=self.build, stdout=subprocess.PIPE, check=True)
@@ -106,8 +107,9 @@ class Sandbox:
             if path.is_file() and path not in wanted:
                 path.unlink()
 
-    def _target(self, name):
-        return self.targets.get(name, name)
+    def _targets(self, name):
+        """What is built for a test: what is called like it, where nothing else is said."""
+        return self.targets.get(name, (name,))
 
     def _test(self, name, limit_s):
         properties = {entry["name"]: entry["value"] for entry in self.tests[name]["properties"]}
@@ -115,7 +117,16 @@ class Sandbox:
         return self._run(self.tests[name]["command"], limit_s, environment, properties["WORKING_DIRECTORY"])
 
     def _build(self, name):
-        return self._run(["cmake", "--build", self.build, "--target", self._target(name)], BUILD_LIMIT_S)
+        return self._run(["cmake", "--build", self.build, "--target", *self._targets(name)], BUILD_LIMIT_S)
+
+    def _await(self, process, end):
+        """The exit status of a process, 1 as soon as a function of a test has failed, None at the end of its time."""
+        while time.monotonic() < end:
+            with contextlib.suppress(subprocess.TimeoutExpired):
+                return process.wait(0.2)
+            if FAILED_FUNCTION.search(self.log.read_bytes()):
+                return 1
+        return None
 
     def _expect(self, command):
         if self._run(command, BUILD_LIMIT_S) != 0:
@@ -132,9 +143,7 @@ class Sandbox:
                 stdin=subprocess.DEVNULL, stdout=log, stderr=log, start_new_session=True,
                 env={**os.environ, **(environment or {}), "TMPDIR": temporary})
             try:
-                return process.wait(limit_s)
-            except subprocess.TimeoutExpired:
-                return None
+                return self._await(process, time.monotonic() + limit_s)
             finally:
                 with contextlib.suppress(ProcessLookupError):
                     os.killpg(process.pid, signal.SIGKILL)

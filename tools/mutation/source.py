@@ -3,16 +3,18 @@
 import re
 
 QUOTED = re.compile(r"//[^\n]*|/\*.*?\*/|\"(?:\\.|[^\"\\\n])*\"|'(?:\\.|[^'\\\n])*'", re.DOTALL)
-PREPROCESSOR = re.compile(r"^\s*#.*$|^\.(?:import|pragma)\b.*$|\bQT_WARNING_\w+(?:\(.*\))?", re.MULTILINE)
+PREPROCESSOR = re.compile(r"^\s*#.*$|^\.?(?:import|pragma)\b.*$|\bQT_WARNING_\w+(?:\(.*\))?", re.MULTILINE)
 # What goes to the log, what a release build leaves out, and what only makes room.
 UNSEEN = re.compile(r"\b(?:console\.\w+|qDebug|qWarning|Q_ASSERT(?:_X)?|\w+\.reserve)\s*\(")
 FUNCTION = re.compile(r"^(?:function |(?=\w)[^;={}()\n]*?\b)(?P<name>~?\w+)\(", re.MULTILINE)
+FUNCTION_OF_DOCUMENT = re.compile(r"^[ \t]*(?:function (?=\w+\()|(?=on[A-Z]\w*:))(?P<name>\w+)", re.MULTILINE)
 NOT_A_STATEMENT = re.compile(
     r"(?:if|else|for|while|do|switch|case|default|try|catch|function|class|struct|enum|namespace|using|public|private"
     r"|protected|signals|Q_\w+|explicit|template)\b")
 DECLARATION = re.compile(
     r"(?:var|const|static|constexpr|auto|bool|int|double|char|long|short|unsigned|quint\w+|qint\w+)\b"
     r"|(?:struct )?\w+(?:<[^;=]*>)? [*&]?\w+(?:[;({=]| =)")
+BINDING = re.compile(r"^[ \t]+(?!id:)[\w.]+: (?!(?:\w+(?:\.\w+)? )?\{)[^\n]*$", re.MULTILINE)
 LEAVING = re.compile(r"(?:return|break|throw|continue)\b")
 OPENING, CLOSING = "([{", ")]}"
 
@@ -28,7 +30,8 @@ class Source:
         self.path = path
         self.text = text
         self.is_header = path.endswith(".h")
-        self.is_script = path.endswith(".js")
+        self.is_document = path.endswith(".qml")
+        self.is_script = path.endswith((".js", ".qml"))
         self.strings = []
         self.code = text
         self._blank_quoted()
@@ -67,6 +70,10 @@ class Source:
     def function_at(self, position):
         """The name of the function around the position; "-" above the first one and where none is open."""
         match = None
+        if self.is_document:
+            for match in FUNCTION_OF_DOCUMENT.finditer(self.code, 0, position):
+                pass
+            return match["name"] if match else "-"
         for match in FUNCTION.finditer(self.code, 0, position):
             pass
         if match is None or self._is_closed(match.start(), position):
@@ -85,6 +92,16 @@ class Source:
                 return place
         return len(self.code) - 1
 
+    def bindings(self):
+        """The spans of a document's bindings that stand on one line, without its declarations."""
+        for match in BINDING.finditer(self.code) if self.is_document else ():
+            # What goes over several lines would leave its rest behind.
+            if not match.group().rstrip().endswith(tuple("([{,?:&|+")) and not self._goes_on_below(match.end()):
+                yield match.start(), match.end()
+
+    def _goes_on_below(self, end):
+        return re.match(r"\s*(?:[?:+|&*]|-\s)", self.code[end:]) is not None
+
     def statements(self):
         """The spans of the simple statements: no declarations, nothing that begins a block."""
         for match in re.finditer(r"^[ \t]+(?=\S)", self.code, re.MULTILINE):
@@ -93,6 +110,8 @@ class Source:
                 continue
             end = self._end_of_statement(start)
             text = self.code[start:end]
+            if self.is_document and re.match(r"[\w.]+:|(?:readonly |default )?property\b|signal\b", text):
+                continue
             if end > start and not NOT_A_STATEMENT.match(text) and not (
                     DECLARATION.match(text) and not LEAVING.match(text)):
                 yield start, end
