@@ -3,10 +3,10 @@
 
 #include "qtlocalpeer.h"
 
-#include "guard/guardnames.h"
-#include "guard/logcapture.h"
-#include "guard/probe.h"
-#include "guard/rawpeer.h"
+#include "logcapture.h"
+#include "support/guardnames.h"
+#include "support/probe.h"
+#include "support/rawpeer.h"
 #include "testhome.h"
 
 #include <QtTest>

@@ -6,9 +6,9 @@
 #include "qtsinglecoreapplication.h"
 #include "socketwaits.h"
 
-#include "guard/guardnames.h"
-#include "guard/probe.h"
-#include "guard/rawpeer.h"
+#include "support/guardnames.h"
+#include "support/probe.h"
+#include "support/rawpeer.h"
 #include "testhome.h"
 
 #include <QLocalSocket>

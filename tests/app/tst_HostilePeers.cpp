@@ -1,9 +1,9 @@
 // Hostile peers on the socket of a real first instance. TANDRY_HOSTILE_CONNECTIONS sets a higher number of connections.
 
-#include "guard/guardnames.h"
-#include "guard/probe.h"
-#include "guard/processfacts.h"
-#include "guard/rawpeer.h"
+#include "support/guardnames.h"
+#include "support/probe.h"
+#include "support/processfacts.h"
+#include "support/rawpeer.h"
 #include "testhome.h"
 
 #include <QtTest>

@@ -1,7 +1,7 @@
 #include "qtlockedfile.h"
 
-#include "guard/logcapture.h"
-#include "guard/probe.h"
+#include "logcapture.h"
+#include "support/probe.h"
 #include "testhome.h"
 
 #include <QtTest>

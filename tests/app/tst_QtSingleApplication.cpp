@@ -1,8 +1,8 @@
 #include "qtsingleapplication.h"
 
-#include "guard/guardnames.h"
-#include "guard/probe.h"
-#include "guard/rawpeer.h"
+#include "support/guardnames.h"
+#include "support/probe.h"
+#include "support/rawpeer.h"
 #include "testhome.h"
 
 #include <QWindow>

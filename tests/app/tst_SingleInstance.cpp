@@ -1,9 +1,9 @@
 // The guard with real processes: races, crashes, copies and users. TANDRY_RACES and TANDRY_CRASHES set higher numbers
 // of rounds.
 
-#include "guard/guardnames.h"
-#include "guard/probe.h"
-#include "guard/rawpeer.h"
+#include "support/guardnames.h"
+#include "support/probe.h"
+#include "support/rawpeer.h"
 #include "testhome.h"
 
 #include <QtTest>

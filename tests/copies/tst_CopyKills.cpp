@@ -3,7 +3,7 @@
 
 #include "copyshelf.h"
 #include "exchange.h"
-#include "generation.h"
+#include "support/generation.h"
 
 #include <QProcess>
 #include <QRandomGenerator>

@@ -1,5 +1,5 @@
 #include "copyshelf.h"
-#include "generation.h"
+#include "support/generation.h"
 
 #include <QSqlDatabase>
 #include <QSqlQuery>

@@ -1,6 +1,6 @@
 #include "exchange.h"
-#include "generation.h"
 #include "patientcopies.h"
+#include "support/generation.h"
 #include "testclock.h"
 
 #include <QtTest>

@@ -1,4 +1,4 @@
-#include "generation.h"
+#include "support/generation.h"
 #include "testhome.h"
 
 #include <QQmlEngine>

@@ -1,9 +1,9 @@
 """A screen reader finds every control with its role and its French name, and can use it."""
 
-from harness.case import DesktopTest, main
-from harness.tandry import GATE_1, GATE_2, NAME_FIELD, PHONE_FIELD, QUESTIONS, SEARCH_FIELD
-from harness.waiting import wait_equal, wait_until
-from harness.widget import CONTACT_WIDTH, LIST_WIDTH
+from support.case import DesktopTest, main
+from support.tandry import GATE_1, GATE_2, NAME_FIELD, PHONE_FIELD, QUESTIONS, SEARCH_FIELD
+from support.waiting import wait_equal, wait_until
+from support.widget import CONTACT_WIDTH, LIST_WIDTH
 
 CONTROLS = ("push button", "text", "check box", "page tab", "link", "label", "image", "list item", "radio button")
 HEADER = [("image", "VESK"), ("label", "Tandry"), ("push button", "Contacts VESK"),

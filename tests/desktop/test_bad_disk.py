@@ -1,8 +1,8 @@
 """A database on a disk that is full or read-only: the program starts, says so in its log, and loses nothing."""
 
-from harness import isolation
-from harness.case import main
-from harness.refusal import PATIENT, RefusingStore
+from support import isolation
+from support.case import main
+from support.refusal import PATIENT, RefusingStore
 
 DISK_BYTES = 256 * 1024
 

@@ -2,11 +2,11 @@
 
 import os
 
-from harness.case import main
-from harness.patient_list import PatientList
-from harness.refusal import PATIENT, RefusingStore
-from harness.tandry import WAITING_LINK
-from harness.waiting import wait_until
+from support.case import main
+from support.patient_list import PatientList
+from support.refusal import PATIENT, RefusingStore
+from support.tandry import WAITING_LINK
+from support.waiting import wait_until
 
 
 class BrokenStore(RefusingStore):

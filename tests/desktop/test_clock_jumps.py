@@ -1,9 +1,9 @@
 """The clock while the program runs: set forward over a year, and back; and a new day that comes by itself."""
 
-from harness.case import DesktopTest, main
-from harness.clock import SetClock
-from harness.patient_list import ALL, PatientList
-from harness.waiting import wait_equal, wait_until
+from support.case import DesktopTest, main
+from support.clock import SetClock
+from support.patient_list import ALL, PatientList
+from support.waiting import wait_equal, wait_until
 
 DUE_IN_SPRING = {"name": "Dupont", "created": "2014-04-10", "phone": "0601020304", "notification_date": "2015-03-01"}
 

@@ -1,9 +1,9 @@
 """The contact popup and the SMS bar: what they say and where they lead."""
 
-from harness.case import DesktopTest, main
-from harness.desktop import WIDTH
-from harness.waiting import stays, wait_equal, wait_until
-from harness.widget import CONTACT_WIDTH
+from support.case import DesktopTest, main
+from support.desktop import WIDTH
+from support.waiting import stays, wait_equal, wait_until
+from support.widget import CONTACT_WIDTH
 
 LINES = ["Contacts VESK", "Pharmacovigilance", "01 99 00 00 00", "pharmacovigilance@olmeric.example", "Service client",
          "Du lundi au vendredi de 8h30 à 18h00 et le samedi de 9h00 à 12h00", "01 99 00 00 00",

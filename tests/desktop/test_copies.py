@@ -2,9 +2,9 @@
 
 import os
 
-from harness import isolation
-from harness.case import DesktopTest, main
-from harness.waiting import wait_equal, wait_until
+from support import isolation
+from support.case import DesktopTest, main
+from support.waiting import wait_equal, wait_until
 
 DAY = "2026-11-21"
 

@@ -1,7 +1,7 @@
 """A database of an older layout is emptied, any other is kept."""
 
-from harness.case import DesktopTest, complaints, main
-from harness.waiting import wait_equal, wait_until
+from support.case import DesktopTest, complaints, main
+from support.waiting import wait_equal, wait_until
 
 
 class DatabaseVersions(DesktopTest):

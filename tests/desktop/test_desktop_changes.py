@@ -1,10 +1,10 @@
 """The desktop changes under the running program: its tray, its window manager, the size of its screen."""
 
-from harness.case import DesktopTest, main
-from harness.desktop import HEIGHT, WIDTH
-from harness.tandry import SEARCH_FIELD
-from harness.waiting import NeverHappened, wait_equal, wait_until
-from harness.widget import CONTACT_WIDTH
+from support.case import DesktopTest, main
+from support.desktop import HEIGHT, WIDTH
+from support.tandry import SEARCH_FIELD
+from support.waiting import NeverHappened, wait_equal, wait_until
+from support.widget import CONTACT_WIDTH
 
 CLOCK = "2014-05-12 10:00:00"
 WAITING = {"name": "Dupont", "created": "2014-04-10", "notification_date": "2014-05-01"}

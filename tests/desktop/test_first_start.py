@@ -2,9 +2,9 @@
 
 import re
 
-from harness.case import DesktopTest, main
-from harness.tandry import Tandry
-from harness.waiting import wait_equal, wait_until
+from support.case import DesktopTest, main
+from support.tandry import Tandry
+from support.waiting import wait_equal, wait_until
 
 SIBLING = {"organisation": "Vesk Korrin", "application": "Olmeric"}
 

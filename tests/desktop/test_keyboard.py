@@ -1,9 +1,9 @@
 """Everything works without a mouse."""
 
-from harness.case import DesktopTest, main
-from harness.tandry import GATE_1, GATE_2, NAME_FIELD, PHONE_FIELD, QUESTIONS, SEARCH_FIELD
-from harness.waiting import wait_equal, wait_until
-from harness.widget import CONTACT_WIDTH, LIST_WIDTH
+from support.case import DesktopTest, main
+from support.tandry import GATE_1, GATE_2, NAME_FIELD, PHONE_FIELD, QUESTIONS, SEARCH_FIELD
+from support.waiting import wait_equal, wait_until
+from support.widget import CONTACT_WIDTH, LIST_WIDTH
 
 HEADER = ["Contacts VESK", "Liste de tous les patients", "Fermer"]
 

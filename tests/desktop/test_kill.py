@@ -3,10 +3,10 @@ there whole or not at all, and the next start works."""
 
 import os
 
-from harness.case import DesktopTest, main
-from harness.killer import Killer
-from harness.waiting import wait_equal, wait_until
-from harness.watch import CREATED, DELETED, MODIFIED
+from support.case import DesktopTest, main
+from support.killer import Killer
+from support.waiting import wait_equal, wait_until
+from support.watch import CREATED, DELETED, MODIFIED
 
 UNANSWERED, ANSWERED = (0, "", "2014-05-12"), (1, "2014-05-12", "2014-09-15")
 

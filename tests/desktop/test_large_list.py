@@ -1,8 +1,8 @@
 """Ten thousand patients in each tab: the list scrolls, ticks and prints, and deletes as far as SQLite goes."""
 
-from harness.case import DesktopTest, main
-from harness.patient_list import ALL, REMOVE, SELECT_ALL, WAITING, PatientList
-from harness.waiting import wait_equal, wait_until
+from support.case import DesktopTest, main
+from support.patient_list import ALL, REMOVE, SELECT_ALL, WAITING, PatientList
+from support.waiting import wait_equal, wait_until
 
 COUNT = 10000
 ROW_HEIGHT = 42

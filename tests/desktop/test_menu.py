@@ -1,9 +1,9 @@
 """The context menu: how it opens and what its three items do."""
 
-from harness.case import DesktopTest, main
-from harness.screen import RIGHT
-from harness.tandry import SEARCH_FIELD
-from harness.waiting import stays, wait_equal, wait_until
+from support.case import DesktopTest, main
+from support.screen import RIGHT
+from support.tandry import SEARCH_FIELD
+from support.waiting import stays, wait_equal, wait_until
 
 
 class ContextMenu(DesktopTest):

@@ -1,8 +1,8 @@
 """A name is data: it is stored and shown as typed, whatever it looks like."""
 
-from harness.case import DesktopTest, main
-from harness.tandry import NAME_FIELD, SEARCH_FIELD
-from harness.waiting import wait_equal, wait_until
+from support.case import DesktopTest, main
+from support.tandry import NAME_FIELD, SEARCH_FIELD
+from support.waiting import wait_equal, wait_until
 
 NAMES = ["O'NEIL \"Bob\"; DROP TABLE `Patients`", "100% SÛR_E".replace("Û", "U"), "<b>GRAS</b> &amp; <br/>Léa",
          "😀 EMOJI 😀", "مريض שלום", "\\n %1 %n"]

@@ -2,11 +2,11 @@
 
 import subprocess
 
-from harness.case import DesktopTest, main
-from harness.desktop import HEIGHT, WIDTH
-from harness.patient_list import PatientList
-from harness.waiting import stays, wait_equal, wait_until
-from harness.widget import CONTACT_WIDTH, LIST_WIDTH
+from support.case import DesktopTest, main
+from support.desktop import HEIGHT, WIDTH
+from support.patient_list import PatientList
+from support.waiting import stays, wait_equal, wait_until
+from support.widget import CONTACT_WIDTH, LIST_WIDTH
 
 
 class Opening(DesktopTest):

@@ -1,8 +1,8 @@
 """A patient is created, answered for and found again; the reminder date moves as the pathway says."""
 
-from harness.case import DesktopTest, main
-from harness.tandry import GATE_1, GATE_2, NAME_FIELD, PHONE_FIELD
-from harness.waiting import stays, wait_equal, wait_until
+from support.case import DesktopTest, main
+from support.tandry import GATE_1, GATE_2, NAME_FIELD, PHONE_FIELD
+from support.waiting import stays, wait_equal, wait_until
 
 TODAY = "2014-05-12"
 CLOCK = TODAY + " 10:00:00"

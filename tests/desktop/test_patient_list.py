@@ -1,11 +1,11 @@
 """The list popup: its two tabs, ticks, deletion, and the way to one patient."""
 
-from harness.case import DesktopTest, main
-from harness.desktop import WIDTH
-from harness.patient_list import ALL, REMOVE, SELECT_ALL, WAITING, PatientList
-from harness.tandry import NAME_FIELD, SEARCH_FIELD
-from harness.waiting import stays, wait_equal, wait_until
-from harness.widget import LIST_WIDTH
+from support.case import DesktopTest, main
+from support.desktop import WIDTH
+from support.patient_list import ALL, REMOVE, SELECT_ALL, WAITING, PatientList
+from support.tandry import NAME_FIELD, SEARCH_FIELD
+from support.waiting import stays, wait_equal, wait_until
+from support.widget import LIST_WIDTH
 
 PATIENTS = (
     {"name": "DUPONT Marie", "created": "2014-04-10", "phone": "0601020304", "notification_date": "2014-05-12"},

@@ -3,9 +3,9 @@
 import os
 import subprocess
 
-from harness.case import DesktopTest, main
-from harness.patient_list import ALL, PatientList
-from harness.waiting import wait_equal, wait_until
+from support.case import DesktopTest, main
+from support.patient_list import ALL, PatientList
+from support.waiting import wait_equal, wait_until
 
 WAITING_TITLE, ALL_TITLE = "Liste des patients en attente", "Liste de tous les patients"
 HEADS = ["Nom du patient", "Date 1er RDV", "Téléphone", "Tests", "Bilan 1", "Allergie", "Prise", "Bilan 2"]

@@ -4,14 +4,14 @@ import os
 import re
 import subprocess
 
-from harness import traces
-from harness.case import DesktopTest, complaints, main
-from harness.clock import moved
-from harness.patient_list import ALL, PatientList
-from harness.statistics import StatisticsService
-from harness.tandry import PHONE_FIELD
-from harness.waiting import wait_equal, wait_until
-from harness.widget import LIST_WIDTH
+from support import traces
+from support.case import DesktopTest, complaints, main
+from support.clock import moved
+from support.patient_list import ALL, PatientList
+from support.statistics import StatisticsService
+from support.tandry import PHONE_FIELD
+from support.waiting import wait_equal, wait_until
+from support.widget import LIST_WIDTH
 
 NAME, PHONE = "ZQUIXOTAV Wplimbrond", "0739184620"
 DELETED, DELETED_PHONE = "KRVELSTUN Jhopazdig", "0628451973"

@@ -1,8 +1,8 @@
 """Quitting asks first, until it is told never to ask again."""
 
-from harness.case import DesktopTest, main
-from harness.waiting import stays, wait_equal, wait_until
-from harness.widget import CONTACT_WIDTH, LIST_WIDTH
+from support.case import DesktopTest, main
+from support.waiting import stays, wait_equal, wait_until
+from support.widget import CONTACT_WIDTH, LIST_WIDTH
 
 QUESTION = "Etes-vous sur de vouloir fermer le widget Tandry ?"
 TICK = "Ne plus me demander"

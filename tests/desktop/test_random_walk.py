@@ -4,7 +4,7 @@ import os
 import random
 import sys
 
-from harness.case import DesktopTest, main
+from support.case import DesktopTest, main
 from randomwalk.walk import Walk
 
 SEED = "TANDRY_WALK_SEED"

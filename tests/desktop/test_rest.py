@@ -3,8 +3,8 @@
 import pathlib
 import time
 
-from harness.case import DesktopTest, main
-from harness.waiting import wait_until
+from support.case import DesktopTest, main
+from support.waiting import wait_until
 
 # What the toolkit does by itself comes every ten seconds: the watched time has room for two of it.
 FALLEN_ASLEEP_SECONDS, WATCHED_SECONDS = 3, 25

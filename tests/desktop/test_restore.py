@@ -2,9 +2,9 @@
 
 import os
 
-from harness.case import DesktopTest, main
-from harness.waiting import wait_equal, wait_until
-from harness.widget import Widget
+from support.case import DesktopTest, main
+from support.waiting import wait_equal, wait_until
+from support.widget import Widget
 
 DAY = "2026-11-21"
 GO_BACK, TAKE_BACK = "Revenir à cette copie…", "Reprendre des patients…"

@@ -1,8 +1,8 @@
 """Searching: the order of what is found, and how the window follows it."""
 
-from harness.case import DesktopTest, main
-from harness.tandry import NAME_FIELD, SEARCH_FIELD
-from harness.waiting import wait_equal, wait_until
+from support.case import DesktopTest, main
+from support.tandry import NAME_FIELD, SEARCH_FIELD
+from support.waiting import wait_equal, wait_until
 
 
 class Search(DesktopTest):

@@ -1,9 +1,9 @@
 """The icon in a tray of the session bus, which can be clicked while a dialog is open."""
 
-from harness.case import DesktopTest, main
-from harness.notifier import Notifier
-from harness.patient_list import PatientList
-from harness.waiting import stays, wait_until
+from support.case import DesktopTest, main
+from support.notifier import Notifier
+from support.patient_list import PatientList
+from support.waiting import stays, wait_until
 
 ABOUT = "Vesk Tandry"
 

@@ -3,10 +3,10 @@ and nothing that was stored is lost."""
 
 import os
 
-from harness.case import DesktopTest, complaints, main
-from harness.patient_list import ALL, PatientList
-from harness.tandry import NAME_FIELD, PHONE_FIELD, QUESTIONS
-from harness.waiting import wait_equal, wait_until
+from support.case import DesktopTest, complaints, main
+from support.patient_list import ALL, PatientList
+from support.tandry import NAME_FIELD, PHONE_FIELD, QUESTIONS
+from support.waiting import wait_equal, wait_until
 
 PATIENT = {"name": "Dupont", "created": "2014-04-10", "phone": "0601020304"}
 CLOCK = "2014-05-12 10:00:00"

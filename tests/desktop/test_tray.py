@@ -1,10 +1,10 @@
 """The icon in the tray: clicks, badge and messages."""
 
-from harness.case import DesktopTest, main
-from harness.patient_list import PatientList
-from harness.screen import MIDDLE, RIGHT
-from harness.waiting import stays, wait_equal, wait_until
-from harness.widget import CONTACT_WIDTH, LIST_WIDTH
+from support.case import DesktopTest, main
+from support.patient_list import PatientList
+from support.screen import MIDDLE, RIGHT
+from support.waiting import stays, wait_equal, wait_until
+from support.widget import CONTACT_WIDTH, LIST_WIDTH
 
 CLOCK = "2014-05-12 10:00:00"
 WAITING_SINCE = {"created": "2014-04-10", "notification_date": "2014-05-01"}

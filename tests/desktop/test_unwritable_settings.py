@@ -2,10 +2,10 @@
 
 import os
 
-from harness import isolation
-from harness.case import DesktopTest, main
-from harness.patient_list import PatientList
-from harness.waiting import wait_until
+from support import isolation
+from support.case import DesktopTest, main
+from support.patient_list import PatientList
+from support.waiting import wait_until
 
 UUID = r"@Variant(\0\0\0\x1e\x12\x34\x56\x78\x9a\xbc\xde\xf0\x12\x34\x56\x78\x9a\xbc\xde\xf0)"
 KEPT = {"LaunchCounter": "7", "ShowListViewCounter": "3", "Uuid": UUID}

@@ -4,9 +4,9 @@ import os
 import subprocess
 import unittest
 
-from harness import isolation, processes
-from harness.home import Home
-from harness.waiting import wait_until
+from support import isolation, processes
+from support.home import Home
+from support.waiting import wait_until
 
 
 class Wayland(unittest.TestCase):

@@ -1,8 +1,8 @@
 """On a desktop without a tray everything else works."""
 
-from harness.case import DesktopTest, main
-from harness.patient_list import PatientList
-from harness.waiting import wait_equal, wait_until
+from support.case import DesktopTest, main
+from support.patient_list import PatientList
+from support.waiting import wait_equal, wait_until
 
 
 class WithoutTray(DesktopTest):

@@ -14,8 +14,8 @@ class Recorded
 public:
     Recorded()
     {
-        m_engine.addImportPath("qrc:/tests/standin");
-        QQmlComponent component(&m_engine, QUrl("qrc:/tests/StandInDocument.qml"));
+        m_engine.addImportPath("qrc:/tests/storage");
+        QQmlComponent component(&m_engine, QUrl("qrc:/tests/FakeStorageDocument.qml"));
         m_standIn.reset(component.create());
         if (!m_standIn)
             qFatal("%s", qPrintable(component.errorString()));

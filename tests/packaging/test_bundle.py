@@ -6,7 +6,7 @@ import tempfile
 import unittest
 import xml.etree.ElementTree as xml
 
-from project import APPLICATION_ID, PACKAGING, ROOT, given
+from support.project import APPLICATION_ID, PACKAGING, ROOT, given
 
 MACOS = PACKAGING / "macos"
 FEED = "/widget_vesk/tandry/mac/"

@@ -10,7 +10,7 @@ import tempfile
 import unittest
 import xml.etree.ElementTree as xml
 
-from project import APPLICATION_ID, ROOT, given
+from support.project import APPLICATION_ID, ROOT, given
 
 ICONS = f"share/icons/hicolor/{{}}/apps/{APPLICATION_ID}."
 TREE = sorted([

@@ -6,7 +6,7 @@ import subprocess
 import tempfile
 import unittest
 
-from project import PACKAGING, given
+from support.project import PACKAGING, given
 
 SCRIPT = str(PACKAGING / "macos" / "make-bundle")
 # The code of a real bundle, as macdeployqt and the update framework leave it; some is a file, some a folder.

@@ -3,7 +3,7 @@
 import re
 import unittest
 
-from project import ROOT
+from support.project import ROOT
 
 PAPERS = [ROOT / "README.md", ROOT / "docs" / "manuel.md"]
 LARGEST_BYTES = 150 * 1024

@@ -7,7 +7,7 @@ import subprocess
 import tempfile
 import unittest
 
-from project import ROOT, given
+from support.project import ROOT, given
 
 
 class ReleaseBuild(unittest.TestCase):

@@ -1,4 +1,4 @@
-#include "native.h"
+#include "support/native.h"
 #include "testhome.h"
 
 #include <QApplication>

@@ -1,5 +1,6 @@
 import QtQuick 2.2
 import QtQuick.LocalStorage 2.0
+import "support"
 
 Item {
     id: desk

@@ -1,4 +1,5 @@
 import QtQuick 2.2
+import "support"
 
 // Every text can be read whole, at 72 dots per inch and where the user's system asks for larger texts: none is cut off,
 // none runs into another. The resolution is read at the start, so each one is a run of its own.

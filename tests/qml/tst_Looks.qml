@@ -1,4 +1,5 @@
 import QtQuick 2.2
+import "support"
 import "looks/ActionButton.js" as ActionButtonLook
 import "looks/Autocomplete.js" as AutocompleteLook
 import "looks/ButtonSMS.js" as ButtonSMSLook
@@ -113,7 +114,7 @@ Item {
         }
 
         function editor() {
-            var component = Qt.createComponent("EditorPane.qml");
+            var component = Qt.createComponent("support/EditorPane.qml");
 
             compare(component.errorString(), "");
             return createTemporaryObject(component, stage).detail;

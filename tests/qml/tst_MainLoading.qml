@@ -1,4 +1,5 @@
 import QtQuick 2.2
+import "support"
 
 Item {
     id: desk

@@ -1,4 +1,4 @@
-#include "practicefile.h"
+#include "support/practicefile.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
@@ -101,7 +101,8 @@ void tst_PatientTable::difference_is_described_relative_to_today_data()
         << "comme aujourd'hui";
     // The ids start at 1 again: the new id 1 is a different patient.
     QTest::newRow("dropped and started again")
-        << QStringList{"DROP TABLE Patients", table, "INSERT INTO Patients (name, created) VALUES ('X', '2014-04-10')"}
+        << QStringList{"DROP TABLE Patients", createStatement,
+                       "INSERT INTO Patients (name, created) VALUES ('X', '2014-04-10')"}
         << "1 patient de moins, 2 patients de plus";
 }
 

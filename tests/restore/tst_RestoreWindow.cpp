@@ -1,6 +1,6 @@
 #include "patientsdialog.h"
-#include "practicefile.h"
 #include "restorewindow.h"
+#include "support/practicefile.h"
 
 #include <QLabel>
 #include <QMessageBox>

@@ -1,5 +1,5 @@
-#include "practicefile.h"
 #include "restorer.h"
+#include "support/practicefile.h"
 
 #include <QTemporaryDir>
 #include <QtTest>

@@ -7,12 +7,12 @@ import re
 import sqlite3
 import subprocess
 
-from harness import clock, tree
-from harness.desktop import Desktop
-from harness.home import Home
-from harness.store import Store
-from harness.tandry import Tandry
-from harness.waiting import wait_until
+from support import clock, tree
+from support.desktop import Desktop
+from support.home import Home
+from support.store import Store
+from support.tandry import Tandry
+from support.waiting import wait_until
 
 DESCRIPTION = "makes copies on 400 days with a clock that is sometimes wrong, and kills copies and exchanges half-way"
 _FIRST = datetime.date(2026, 11, 21)

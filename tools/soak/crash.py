@@ -2,8 +2,8 @@
 
 from crashes.report import lines
 from crashes.trials import Trials
-from harness import tree
-from harness.desktop import Desktop
+from support import tree
+from support.desktop import Desktop
 
 DESCRIPTION = "kills the program at random moments: everything its window had confirmed must be there at the next start"
 _PROGRESS = 50

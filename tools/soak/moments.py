@@ -7,12 +7,12 @@ import os
 import time
 
 from crashes.hands import Hands
-from harness import tree
-from harness.desktop import Desktop
-from harness.home import Home
-from harness.store import Store
-from harness.tandry import NAME_FIELD, SEARCH_FIELD
-from harness.waiting import wait_equal, wait_until
+from support import tree
+from support.desktop import Desktop
+from support.home import Home
+from support.store import Store
+from support.tandry import NAME_FIELD, SEARCH_FIELD
+from support.waiting import wait_equal, wait_until
 
 DESCRIPTION = "removes or empties the version record, or moves the database's folder away, at ten moments"
 _ACCIDENTS = ("record removed", "record emptied", "folder moved away")

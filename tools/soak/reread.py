@@ -1,7 +1,7 @@
 """A stored answer stays shown and stored when another process locks the file right after the commit."""
 
-from harness import tree
-from harness.desktop import Desktop
+from support import tree
+from support.desktop import Desktop
 from rereading.trial import Rereading
 
 DESCRIPTION = "locks the database for 1.5 s right after a commit: the answer must stay shown, and survive the next saves"

@@ -5,13 +5,13 @@ import random
 import shutil
 
 from crashes.hands import Hands
-from harness import tree
-from harness.case import complaints
-from harness.desktop import Desktop
-from harness.home import Home
-from harness.store import Store
-from harness.tandry import NAME_FIELD
-from harness.waiting import wait_equal, wait_until
+from support import tree
+from support.case import complaints
+from support.desktop import Desktop
+from support.home import Home
+from support.store import Store
+from support.tandry import NAME_FIELD
+from support.waiting import wait_equal, wait_until
 
 DESCRIPTION = "starts six copies of the program at the same moment for the first time: each must work"
 

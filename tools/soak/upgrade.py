@@ -10,13 +10,13 @@ import threading
 import time
 
 from crashes.hands import Hands
-from harness import tree
-from harness.case import complaints
-from harness.desktop import Desktop
-from harness.home import Home
-from harness.store import Store
-from harness.waiting import wait_equal, wait_until
-from harness.watch import Watch
+from support import tree
+from support.case import complaints
+from support.desktop import Desktop
+from support.home import Home
+from support.store import Store
+from support.waiting import wait_equal, wait_until
+from support.watch import Watch
 
 DESCRIPTION = "kills the first start over older databases: the next start must reach version 1.3 and a working table"
 _VERSIONS = ("1.0", "1.1", "1.2", "", "none", "1.3")

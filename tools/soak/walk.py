@@ -4,8 +4,8 @@ import collections
 import os
 import time
 
-from harness import tree
-from harness.desktop import Desktop
+from support import tree
+from support.desktop import Desktop
 from randomwalk.comparison import Strayed
 from randomwalk.walk import Walk
 

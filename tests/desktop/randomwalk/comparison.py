@@ -1,8 +1,8 @@
 """What the windows show and the database holds, beside what the model expects."""
 
-from harness import tree
-from harness.waiting import NeverHappened, wait_until
-from harness.widget import LIST_WIDTH, MAIN_WIDTH
+from support import tree
+from support.waiting import NeverHappened, wait_until
+from support.widget import LIST_WIDTH, MAIN_WIDTH
 
 from .eyes import look
 from .model import DATES, STEPS, answers_of, french

@@ -1,7 +1,7 @@
 """What the windows show at one moment, read from the accessibility bus."""
 
-from harness import tree
-from harness.tandry import GATE_1, GATE_2, NAME_FIELD, PHONE_FIELD, QUESTIONS, SEARCH_FIELD, WAITING_LINK
+from support import tree
+from support.tandry import GATE_1, GATE_2, NAME_FIELD, PHONE_FIELD, QUESTIONS, SEARCH_FIELD, WAITING_LINK
 
 _TICK = "Sélectionner "
 _FIRST_DAY = "Date du 1er rendez-vous : "

@@ -2,9 +2,9 @@
 
 import time
 
-from harness import tree
-from harness.waiting import NeverHappened, wait_until
-from harness.widget import MAIN_WIDTH
+from support import tree
+from support.waiting import NeverHappened, wait_until
+from support.widget import MAIN_WIDTH
 
 from .eyes import look
 

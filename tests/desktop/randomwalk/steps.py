@@ -1,7 +1,7 @@
 """What can be done with the program, each in the window and in the model."""
 
-from harness.tandry import GATE_1, GATE_2, NAME_FIELD, PHONE_FIELD, QUESTIONS, SEARCH_FIELD
-from harness.waiting import NeverHappened, wait_until
+from support.tandry import GATE_1, GATE_2, NAME_FIELD, PHONE_FIELD, QUESTIONS, SEARCH_FIELD
+from support.waiting import NeverHappened, wait_until
 
 from .comparison import FIRST_RESULTS, Comparison
 from .hands import Hands

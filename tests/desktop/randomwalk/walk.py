@@ -3,11 +3,11 @@
 import collections
 import random
 
-from harness.case import complaints
-from harness.home import Home
-from harness.store import Store
-from harness.tandry import Tandry
-from harness.waiting import wait_until
+from support.case import complaints
+from support.home import Home
+from support.store import Store
+from support.tandry import Tandry
+from support.waiting import wait_until
 
 from .comparison import Strayed
 from .elsewhere import MOST_PATIENTS, Elsewhere

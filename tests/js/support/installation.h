@@ -1,15 +1,7 @@
 #pragma once
 
 #include "patientfile.h"
-
-/// How the table is created.
-inline const char *const createStatement =
-    "CREATE TABLE `Patients`(`id` INTEGER PRIMARY KEY AUTOINCREMENT,`genderMale` tinyint(1) NOT NULL DEFAULT \"0\","
-    "`name` TEXT COLLATE NOCASE NOT NULL,`phone` TEXT DEFAULT \"\",`created` date,`test` tinyint(1) DEFAULT 0,"
-    "`test_date` date DEFAULT \"\",`rdv1` tinyint(1) DEFAULT 0,`date1` date DEFAULT \"\","
-    "`confirmation` tinyint(1) DEFAULT 0,`confirmation_date` date DEFAULT \"\",`rdv2` tinyint(1) DEFAULT 0,"
-    "`date2` date DEFAULT \"\",`rdv3` tinyint(1) DEFAULT 0,`date3` date DEFAULT \"\","
-    "`notification_date` date DEFAULT \"\")";
+#include "patientstable.h"
 
 /// The file of an installation whose schema had \a version and one patient; with no record of it when that is "none".
 inline void leaveInstallation(const PatientFile &file, const QString &version, const QString &table = createStatement)

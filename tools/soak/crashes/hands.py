@@ -1,9 +1,9 @@
 """Fast actions on a widget that may be killed at any moment, with a callback right before each press that stores something."""
 
-from harness.tandry import GATE_1, GATE_2, NAME_FIELD, QUESTIONS, SEARCH_FIELD, WAITING_LINK, Tandry
-from harness.tree import Vanished
-from harness.waiting import NeverHappened, wait_equal, wait_until
-from harness.widget import Gone
+from support.tandry import GATE_1, GATE_2, NAME_FIELD, QUESTIONS, SEARCH_FIELD, WAITING_LINK, Tandry
+from support.tree import Vanished
+from support.waiting import NeverHappened, wait_equal, wait_until
+from support.widget import Gone
 
 
 class Hands(Tandry):

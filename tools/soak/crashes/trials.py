@@ -4,11 +4,11 @@ import collections
 import os
 import random
 
-from harness.case import complaints
-from harness.home import Home
-from harness.killer import Killer
-from harness.store import Store
-from harness.watch import CREATED, DELETED, MODIFIED
+from support.case import complaints
+from support.home import Home
+from support.killer import Killer
+from support.store import Store
+from support.watch import CREATED, DELETED, MODIFIED
 
 from . import autopsy
 from .hands import Hands

@@ -16,7 +16,7 @@ import traceback
 from report import Report
 
 TRIALS = pathlib.Path(__file__).resolve().parents[1]
-HARNESS = TRIALS.parents[1] / "tests" / "desktop"
+SUPPORT = TRIALS.parents[1] / "tests" / "desktop"
 
 
 def arguments(trials):
@@ -35,9 +35,9 @@ def arguments(trials):
 
 
 def main():
-    sys.path[:0] = [str(TRIALS), str(HARNESS)]
+    sys.path[:0] = [str(TRIALS), str(SUPPORT)]
     build = pathlib.Path(sys.argv[sys.argv.index("--build") + 1]).resolve()
-    # Set before the modules are loaded: the harness reads these variables.
+    # Set before the modules are loaded: the support reads these variables.
     os.environ["TANDRY_PROGRAM"] = str(build / "src" / "tandry")
     os.environ["TANDRY_TRUST"] = str(build / "tests" / "desktop" / "trust" / "plugins")
     os.environ["TANDRY_ARTEFACTS"] = str(build / "desktop-artefacts")

@@ -7,7 +7,7 @@ import sys
 import time
 
 sys.path.insert(0, sys.argv[1])
-from harness.watch import CREATED, DELETED, Watch  # noqa: E402  (its folder is the first argument)
+from support.watch import CREATED, DELETED, Watch  # noqa: E402  (its folder is the first argument)
 
 _HOLD_SECONDS = 1.5
 _TRY_SECONDS = 0.02

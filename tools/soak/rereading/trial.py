@@ -6,13 +6,13 @@ import os
 import subprocess
 import sys
 
-from harness import processes
-from harness.waiting import wait_until
+from support import processes
+from support.waiting import wait_until
 from randomwalk.comparison import Strayed
 from randomwalk.walk import Walk
 
 NOT_READ = "Stored, but not read back"
-_HARNESS = os.path.dirname(os.path.dirname(os.path.abspath(sys.modules["harness.waiting"].__file__)))
+_SUPPORT = os.path.dirname(os.path.dirname(os.path.abspath(sys.modules["support.waiting"].__file__)))
 
 
 class Rereading(Walk):
@@ -24,7 +24,7 @@ class Rereading(Walk):
         super().__init__(desktop, seed, environment)
         self.counts = collections.Counter()
         self._locker = processes.start(
-            [sys.executable, "-B", os.path.join(os.path.dirname(__file__), "locker.py"), _HARNESS, self._store.file],
+            [sys.executable, "-B", os.path.join(os.path.dirname(__file__), "locker.py"), _SUPPORT, self._store.file],
             dict(os.environ), stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True, bufsize=1)
         self._saves = 0
 

@@ -8,12 +8,12 @@ import subprocess
 import time
 import zoneinfo
 
-from harness import clock, processes, sanitizer
-from harness.desktop import Desktop
-from harness.home import Home
-from harness.statistics import StatisticsService
-from harness.store import Store
-from harness.waiting import wait_until
+from support import clock, processes, sanitizer
+from support.desktop import Desktop
+from support.home import Home
+from support.statistics import StatisticsService
+from support.store import Store
+from support.waiting import wait_until
 
 from . import rules
 

@@ -57,7 +57,7 @@ bool RunningService::launchAtLoginTick() const
 QQuickItem *RunningService::standInFor(DraggableQuickView *window)
 {
     const QString name = window->source().fileName();
-    window->setSource(QUrl(QStringLiteral("qrc:/service-tests/standin.qml")));
+    window->setSource(QUrl(QStringLiteral("qrc:/service-tests/fakedocument.qml")));
     if (!window->rootObject())
         qFatal("The stand-in does not load");
     window->rootObject()->setObjectName(name);

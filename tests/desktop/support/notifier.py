@@ -27,7 +27,7 @@ class Notifier:
 
     def __init__(self, desktop):
         self._desktop = desktop
-        self._watcher = desktop.start([sys.executable, "-B", "-m", "harness.notifier"], cwd=_TESTS)
+        self._watcher = desktop.start([sys.executable, "-B", "-m", "support.notifier"], cwd=_TESTS)
         atexit.register(self.stop)
         wait_until(lambda: "true" in self._call(_NAME, "/StatusNotifierWatcher", "org.freedesktop.DBus.Properties.Get",
                                                 _NAME, "IsStatusNotifierHostRegistered"), "the watcher is on the bus")

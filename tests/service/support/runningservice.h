@@ -22,7 +22,7 @@ public:
     void destroyService();
 
     /// Puts a document that keeps its calls in the place of the real one, so that `number`, `total` and what is
-    /// called can be chosen and read: see standin.qml. It is called what the real document's file is.
+    /// called can be chosen and read: see fakedocument.qml. It is called what the real document's file is.
     QQuickItem *standInFor(DraggableQuickView *window);
 
     ObservedService *service = nullptr;

@@ -1,9 +1,9 @@
-"""Where things are, for the tests beside this file."""
+"""Where things are, for the tests of the packages."""
 
 import os
 import pathlib
 
-ROOT = pathlib.Path(__file__).resolve().parents[2]
+ROOT = pathlib.Path(__file__).resolve().parents[3]
 PACKAGING = ROOT / "packaging"
 APPLICATION_ID = "com.olmeric.vesktandry"
 

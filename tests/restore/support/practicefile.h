@@ -1,5 +1,6 @@
 #pragma once
 
+#include "patientstable.h"
 #include "patienttable.h"
 #include "storefiles.h"
 
@@ -12,13 +13,6 @@
 /// Databases of existing installations, written without the code under test.
 namespace practice {
 
-const char *const table =
-    "CREATE TABLE `Patients`(`id` INTEGER PRIMARY KEY AUTOINCREMENT,`genderMale` tinyint(1) NOT NULL DEFAULT \"0\","
-    "`name` TEXT COLLATE NOCASE NOT NULL,`phone` TEXT DEFAULT \"\",`created` date,`test` tinyint(1) DEFAULT 0,"
-    "`test_date` date DEFAULT \"\",`rdv1` tinyint(1) DEFAULT 0,`date1` date DEFAULT \"\","
-    "`confirmation` tinyint(1) DEFAULT 0,`confirmation_date` date DEFAULT \"\",`rdv2` tinyint(1) DEFAULT 0,"
-    "`date2` date DEFAULT \"\",`rdv3` tinyint(1) DEFAULT 0,`date3` date DEFAULT \"\","
-    "`notification_date` date DEFAULT \"\")";
 const char *const dupont = "INSERT INTO Patients (name, phone, created, test, test_date, notification_date) "
                            "VALUES ('DUPONT Marie', '0601020304', '2014-04-10', 1, '2014-05-12', '2014-09-15')";
 const char *const martin = "INSERT INTO Patients (name, genderMale, created) VALUES ('MARTIN Paul', 1, '2014-05-02')";
@@ -51,7 +45,7 @@ inline void record(const QString &folder, const QByteArray &version)
 /// A database of the current version.
 inline void write(const QString &folder, const QStringList &statements)
 {
-    run(folder, QStringList{table} + statements);
+    run(folder, QStringList{createStatement} + statements);
     record(folder, "1.3");
 }
 
