@@ -7,8 +7,7 @@ import re
 import sqlite3
 import subprocess
 
-from support import clock, tree
-from support.desktop import Desktop
+from support import clock
 from support.home import Home
 from support.store import Store
 from support.tandry import Tandry
@@ -57,8 +56,7 @@ class Year:
     def __init__(self, options):
         self.options = options
         self.lot = random.Random(options.seed)
-        self.desktop = Desktop.shared()
-        tree.connect()
+        self.desktop = options.desktop
         self.home = Home()
         self.store = Store(self.home.data, "tandry")
         self.ran = []  # days with a correct clock on which the program ran
@@ -72,10 +70,10 @@ class Year:
                 self.day(number)
                 if number % 50 == 0:
                     report.progress(f"{number} days")
-            report.figure("days", len(self.ran))
-            report.figure("starts with a wrong clock", len(self.wrong))
-            report.figure("copies at the most", self.most)
-            report.figure("copies at the end", len(self.store.copies()))
+            report.value("days", len(self.ran))
+            report.value("starts with a wrong clock", len(self.wrong))
+            report.value("copies at the most", self.most)
+            report.value("copies at the end", len(self.store.copies()))
         finally:
             self.home.remove()
 

@@ -2,8 +2,6 @@
 
 from crashes.report import lines
 from crashes.trials import Trials
-from support import tree
-from support.desktop import Desktop
 
 DESCRIPTION = "kills the program at random moments: everything its window had confirmed must be there at the next start"
 _PROGRESS = 50
@@ -14,12 +12,11 @@ def add_arguments(parser):
 
 
 def run(options, report):
-    desktop = Desktop.shared()
-    tree.connect()
+    desktop = options.desktop
     trials = Trials(desktop, options.seed, {"QT_QUICK_BACKEND": "software"})
     try:
         trials.run(options.trials, lambda number: number % _PROGRESS or report.progress(f"{number} trials"))
     finally:
         trials.close()
         for label, value in lines(trials.counts):
-            report.figure(label, value)
+            report.value(label, value)

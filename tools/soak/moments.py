@@ -6,9 +6,7 @@ import copy
 import os
 import time
 
-from crashes.hands import Hands
-from support import tree
-from support.desktop import Desktop
+from crashes.actions import Actions
 from support.home import Home
 from support.store import Store
 from support.tandry import NAME_FIELD, SEARCH_FIELD
@@ -27,10 +25,9 @@ def add_arguments(parser):
 
 
 def run(options, report):
-    desktop = Desktop.shared()
-    tree.connect()
+    desktop = options.desktop
     seconds = _seconds_to_the_database(desktop)
-    report.figure("seconds from the start to the opened database", f"{seconds:.2f}")
+    report.value("seconds from the start to the opened database", f"{seconds:.2f}")
     counts = collections.Counter()
     for number in range(options.rounds):
         for accident in _ACCIDENTS:
@@ -44,7 +41,7 @@ def run(options, report):
                     trial.close()
         report.progress(f"{number + 1} rounds")
     for label, value in sorted(counts.items()):
-        report.figure(label, value)
+        report.value(label, value)
 
 
 def _seconds_to_the_database(desktop):
@@ -64,7 +61,7 @@ class _Trial:
     def __init__(self, desktop, accident, moment, seconds):
         self._desktop, self._accident, self._moment, self._seconds = desktop, accident, moment, seconds
         self._home = Home()
-        self._store = Store(self._home.data, os.path.basename(Hands.program))
+        self._store = Store(self._home.data, os.path.basename(Actions.program))
         self._store.seed(*({"name": name, "created": "2014-04-10"} for name in _NAMES))
         self._record = self._store.file.replace(".sqlite", ".ini")
         self._away = self._store.folder + ".away"
@@ -73,7 +70,7 @@ class _Trial:
 
     def begin(self):
         """Starts the program."""
-        self._widget = Hands(self._desktop, self._home, environment={"QT_QUICK_BACKEND": "software"})
+        self._widget = Actions(self._desktop, self._home, environment={"QT_QUICK_BACKEND": "software"})
         return self._widget
 
     def log(self):

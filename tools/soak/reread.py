@@ -1,7 +1,5 @@
 """A stored answer stays shown and stored when another process locks the file right after the commit."""
 
-from support import tree
-from support.desktop import Desktop
 from rereading.trial import Rereading
 
 DESCRIPTION = "locks the database for 1.5 s right after a commit: the answer must stay shown, and survive the next saves"
@@ -14,8 +12,7 @@ def add_arguments(parser):
 
 
 def run(options, report):
-    trial = Rereading(Desktop.shared(), options.seed, {"QT_QUICK_BACKEND": "software"})
-    tree.connect()
+    trial = Rereading(options.desktop, options.seed, {"QT_QUICK_BACKEND": "software"})
     hits = 0
     try:
         trial.begin()
@@ -29,4 +26,4 @@ def run(options, report):
     finally:
         trial.close()
         for label, value in sorted(trial.counts.items()):
-            report.figure(label, value)
+            report.value(label, value)

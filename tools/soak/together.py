@@ -4,10 +4,8 @@ import os
 import random
 import shutil
 
-from crashes.hands import Hands
-from support import tree
+from crashes.actions import Actions
 from support.case import complaints
-from support.desktop import Desktop
 from support.home import Home
 from support.store import Store
 from support.tandry import NAME_FIELD
@@ -25,8 +23,7 @@ def add_arguments(parser):
 
 
 def run(options, report):
-    desktop = Desktop.shared()
-    tree.connect()
+    desktop = options.desktop
     draw = random.Random(options.seed)
     # Each at a path of its own: the guard allows one instance for each path.
     programs = [_copy(options, number) for number in range(options.copies)]
@@ -36,9 +33,9 @@ def run(options, report):
         version = draw.choice(("1.2", "")) if time % 2 else None
         patients += _once(desktop, programs, version)
         report.progress(f"{time + 1} times")
-    report.figure("times", options.times)
-    report.figure("starts", options.times * options.copies)
-    report.figure("patients created, one by each copy", patients)
+    report.value("times", options.times)
+    report.value("starts", options.times * options.copies)
+    report.value("patients created, one by each copy", patients)
 
 
 def _copy(options, number):
@@ -80,7 +77,7 @@ def _once(desktop, programs, version):
 
 
 def _start(desktop, home, program):
-    class Copy(Hands):
+    class Copy(Actions):
         pass
 
     Copy.program = program

@@ -9,10 +9,8 @@ import sqlite3
 import threading
 import time
 
-from crashes.hands import Hands
-from support import tree
+from crashes.actions import Actions
 from support.case import complaints
-from support.desktop import Desktop
 from support.home import Home
 from support.store import Store
 from support.waiting import wait_equal, wait_until
@@ -35,14 +33,13 @@ def add_arguments(parser):
 
 
 def run(options, report):
-    desktop = Desktop.shared()
-    tree.connect()
+    desktop = options.desktop
     trials = Trials(desktop)
     draw = random.Random(options.seed)
     try:
         spans = {version: trials.measure(version) for version in _VERSIONS}
         for version, (events, seconds) in spans.items():
-            report.figure(f"events of a first start over {_named(version)}", f"{len(events)} in {seconds:.2f} s")
+            report.value(f"events of a first start over {_named(version)}", f"{len(events)} in {seconds:.2f} s")
         for number in range(options.trials):
             version = _VERSIONS[number % len(_VERSIONS)]
             events, seconds = spans[version]
@@ -56,8 +53,8 @@ def run(options, report):
                 report.progress(f"{number + 1} trials")
     finally:
         for label, value in sorted(trials.counts.items()):
-            report.figure(label, value)
-        report.figure("seconds of the slowest next start", f"{trials.slowest:.1f}")
+            report.value(label, value)
+        report.value("seconds of the slowest next start", f"{trials.slowest:.1f}")
 
 
 class Trials:
@@ -151,7 +148,7 @@ class _FirstStart:
         self.over = threading.Event()
         self._desktop, self._widget = desktop, None
         self._home = Home()
-        self.store = Store(self._home.data, os.path.basename(Hands.program))
+        self.store = Store(self._home.data, os.path.basename(Actions.program))
         self.rows = [f"Patient {number:02}" for number in range(_PATIENTS)]
         self.store.seed(*({"name": name, "created": "2014-04-10", "phone": "06"} for name in self.rows),
                         version="" if version == "none" else version)
@@ -170,7 +167,7 @@ class _FirstStart:
 
     def begin(self):
         """Starts the program."""
-        self._widget = Hands(self._desktop, self._home, environment={"QT_QUICK_BACKEND": "software"})
+        self._widget = Actions(self._desktop, self._home, environment={"QT_QUICK_BACKEND": "software"})
         return self._widget
 
     def watch(self, at):

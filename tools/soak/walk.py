@@ -4,8 +4,6 @@ import collections
 import os
 import time
 
-from support import tree
-from support.desktop import Desktop
 from randomwalk.comparison import Strayed
 from randomwalk.walk import Walk
 
@@ -18,8 +16,7 @@ def add_arguments(parser):
 
 
 def run(options, report):
-    desktop = Desktop.shared()
-    tree.connect()
+    desktop = options.desktop
     counts, strayed = collections.Counter(), []
     for seed in range(options.seed, options.seed + options.walks):
         begin = time.monotonic()
@@ -34,7 +31,7 @@ def run(options, report):
             counts.update(walk.counts)
             walk.close()
         report.progress(f"seed {seed}: {walk.counts['steps']} steps, {time.monotonic() - begin:.0f} s")
-    report.figure("walks", options.walks)
+    report.value("walks", options.walks)
     for label, value in sorted(counts.items()):
-        report.figure(label, value)
+        report.value(label, value)
     assert not strayed, f"failed seeds: {strayed}"

@@ -26,11 +26,11 @@ def run(options, report):
     try:
         year.live(lambda sample: int(sample.day) % 30 or report.progress(f"day {sample.day:.0f}: {sample.own} KiB"))
         for label, value in count(year, least=0.95):
-            report.figure(label, value)
+            report.value(label, value)
         problems = []
         messages = sum(event.what == "message" for event in year.events())
         for label, value in measure(year, messages, problems):
-            report.figure(label, value)
+            report.value(label, value)
         assert not problems, "; ".join(problems)
     finally:
         year.close()

@@ -4,7 +4,7 @@ from support import tree
 from support.waiting import NeverHappened, wait_until
 from support.widget import LIST_WIDTH, MAIN_WIDTH
 
-from .eyes import look
+from .observation import look
 from .model import DATES, STEPS, answers_of, french
 
 FIRST_RESULTS = 4

@@ -4,14 +4,14 @@ from support.tandry import GATE_1, GATE_2, NAME_FIELD, PHONE_FIELD, QUESTIONS, S
 from support.waiting import NeverHappened, wait_until
 
 from .comparison import FIRST_RESULTS, Comparison
-from .hands import Hands
+from .actions import Actions
 
 GONE, LOCKED = "The store has no such patient", "database is locked"
 _TEXTS = ("du", "DU", "a", "e", "mar", "zz", "%", "é", "_u", "dupont marie", "")
 _SURNAMES = ("DURAND", "Petit", "ARNAUD", "Éluard", "MARTINEZ")
 
 
-class Steps(Hands, Comparison):
+class Steps(Actions, Comparison):
     """The steps of a walk by its user."""
 
     _names = _locked = _said_gone = 0

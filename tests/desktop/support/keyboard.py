@@ -8,7 +8,7 @@ _ADDED_CHARACTERS = "éèêàçôïÉŒ’€😀שלוםمريض"
 
 
 class Keyboard:
-    """The hands of the user on the keys; `environment` names the display."""
+    """The keyboard of one display; `environment` names it."""
 
     def __init__(self, environment):
         self._environment = environment

@@ -1,4 +1,4 @@
-"""The patient list popup in the hands of its user."""
+"""The patient list popup, with the actions of its user."""
 
 from . import tree
 from .waiting import wait_until

@@ -1,4 +1,4 @@
-"""The X display as eyes and the mouse see it."""
+"""The X display: windows, mouse and pictures."""
 
 import collections
 import re

@@ -27,7 +27,7 @@ Seen = collections.namedtuple("Seen", "values seconds")
 
 
 class Tandry(Widget):
-    """The widget in the hands of its user."""
+    """The widget, with the actions of its user."""
 
     # Searching
 

@@ -10,9 +10,9 @@ from support.killer import Killer
 from support.store import Store
 from support.watch import CREATED, DELETED, MODIFIED
 
-from . import autopsy
-from .hands import Hands
-from .ledger import CLOCK, Ledger, Lost, State
+from . import inspection
+from .actions import Actions
+from .confirmed import CLOCK, Confirmed, Lost, State
 
 _SURNAMES = ("ARNAUD", "DUPONT", "MARTIN", "MOREAU", "PETIT", "RENARD")
 # The span from which the moment of a kill is drawn: about twice the duration of the phase on an idle machine.
@@ -38,7 +38,7 @@ class Trials:
         self._desktop, self._environment = desktop, environment
         self._seed = seed
         self._random = None
-        self._home = self._store = self._ledger = self._widget = self._killer = self._left_before = None
+        self._home = self._store = self._confirmed = self._widget = self._killer = self._left_before = None
         self._phase = "start"
         # Changed since a window last showed them.
         self._unseen = []
@@ -84,10 +84,10 @@ class Trials:
         """Shows the stored patients in a last window, then switches to an empty home."""
         self._finish_home()
         self._home = Home()
-        self._store = Store(self._home.data, os.path.basename(Hands.program))
+        self._store = Store(self._home.data, os.path.basename(Actions.program))
         # Created here so that it can be watched from the beginning.
         self._store.make_folder()
-        self._ledger = Ledger()
+        self._confirmed = Confirmed()
         self._unseen = []
         self.counts["homes"] += 1
 
@@ -121,10 +121,10 @@ class Trials:
 
     def _start(self, mouse):
         self._phase = "start"
-        self._widget = Hands(self._desktop, self._home, clock=CLOCK, environment=self._environment)
+        self._widget = Actions(self._desktop, self._home, clock=CLOCK, environment=self._environment)
         self._widget.mouse = mouse
         self._killer = Killer(self._widget.process)
-        self._left_before = autopsy.journal_mark(self._store)
+        self._left_before = inspection.journal_mark(self._store)
 
     def _live(self, plan):
         """Uses the program until it is killed, at the latest when the action that the plan aims at is done."""
@@ -163,7 +163,7 @@ class Trials:
         self._killer.at_event(self._store.folder, name, plan.event.kind, plan.event.count, delay)
 
     def _kill_and_settle(self, count=False):
-        """Kills the program if it still runs and compares its database with the ledger."""
+        """Kills the program if it still runs and compares its database with what was confirmed."""
         phase = self._phase
         self._killer.now()
         self._widget.process.wait(_SLOWEST_DEATH)
@@ -171,9 +171,9 @@ class Trials:
         self._widget.stop()
         if status != -9:
             raise Lost(f"the program ended by itself with {status}:\n{self._widget.log[-2000:]}")
-        found = autopsy.examine(self._store, os.path.join(self._home.notes, "autopsy"))
-        fate = self._ledger.settle(found.rows)
-        self._unseen = [name for name in self._unseen if name in self._ledger.patients]
+        found = inspection.examine(self._store, os.path.join(self._home.notes, "inspection"))
+        fate = self._confirmed.settle(found.rows)
+        self._unseen = [name for name in self._unseen if name in self._confirmed.patients]
         if count:
             self.counts[f"phase {phase}"] += 1
             for what in ("journal", "hot", "torn"):
@@ -187,14 +187,14 @@ class Trials:
     def _look(self):
         """Expects the window to show what is stored: the number of waiting patients and the patient last changed. Returns
         the name in the editor, or None."""
-        self._widget.expect_waiting(self._ledger.waiting)
+        self._widget.expect_waiting(self._confirmed.waiting)
         self.counts["windows"] += 1
         if not self._unseen:
             return None
         return self._open(self._unseen[-1])
 
     def _open(self, name):
-        self._widget.open_and_expect(name, self._ledger.patients[name].asked())
+        self._widget.open_and_expect(name, self._confirmed.patients[name].asked())
         self.counts["shown"] += 1
         if name in self._unseen:
             self._unseen.remove(name)
@@ -202,12 +202,12 @@ class Trials:
 
     def _do_something(self, what, shown, aim):
         """Creates a patient or gives an answer; `shown` is the name in the editor. Returns the name shown afterwards."""
-        if what == "create" or not self._ledger.patients:
+        if what == "create" or not self._confirmed.patients:
             if shown:
                 self._widget.leave()
             return self._create(aim)
         if not shown:
-            shown = self._open(self._random.choice(sorted(self._ledger.patients)))
+            shown = self._open(self._random.choice(sorted(self._confirmed.patients)))
         return self._answer(shown, aim)
 
     def _create(self, aim):
@@ -217,7 +217,7 @@ class Trials:
         return name
 
     def _answer(self, name, aim):
-        state = self._ledger.patients[name]
+        state = self._confirmed.patients[name]
         asked = state.asked()
         key = self._random.choice([list(asked)[-1], *asked])
         answer = {"Oui": "Non", "Non": "Oui"}.get(asked[key]) or self._random.choice(("Oui", "Oui", "Non"))
@@ -230,13 +230,13 @@ class Trials:
 
     def _press(self, phase, name, outcome, between, do, aim):
         def about_to():
-            self._ledger.begin(name, outcome, between)
+            self._confirmed.begin(name, outcome, between)
             if name not in self._unseen:
                 self._unseen.append(name)
             self._phase = phase
             aim()
 
         do(about_to)
-        self._ledger.confirm()
+        self._confirmed.confirm()
         self._phase = "between"
         self.counts[f"confirmed {phase}"] += 1

@@ -3,7 +3,7 @@
     DESCRIPTION                what it does, in one line
     add_arguments(parser)      its own options, each with a default
     run(options, report)       runs it; `options` also has build (the build folder), program, folder (for the
-                               trial's files) and seed; raises when a check failed"""
+                               trial's files), desktop and seed; raises when a check failed"""
 
 import argparse
 import importlib
@@ -44,10 +44,13 @@ def main():
     modules = {path.stem: importlib.import_module(path.stem) for path in sorted(TRIALS.glob("*.py"))}
     runs = list(arguments({name: module for name, module in modules.items() if hasattr(module, "run")}))
 
+    desktop, tree = (importlib.import_module("support." + name) for name in ("desktop", "tree"))
     report = Report(build / "report.txt")
     for name, options in runs:
         options.build, options.program, options.folder = build, os.environ["TANDRY_PROGRAM"], build / name
         options.folder.mkdir(exist_ok=True)
+        options.desktop = desktop.Desktop.shared()
+        tree.connect()
         report.begin(name, options.seed)
         try:
             modules[name].run(options, report)

@@ -26,7 +26,7 @@ class Report:
         print(text, flush=True)
         print(text, file=self._file, flush=True)
 
-    def figure(self, label, value):
+    def value(self, label, value):
         """Adds a value with its label."""
         self.line(f"{label + ' ':.<60} {value}")
 
@@ -41,7 +41,7 @@ class Report:
 
     def end(self):
         """Ends the section."""
-        self.figure("seconds", f"{time.monotonic() - self._started:.0f}")
+        self.value("seconds", f"{time.monotonic() - self._started:.0f}")
 
     def close(self):
         """The exit status of the whole run."""

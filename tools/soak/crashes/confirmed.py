@@ -60,7 +60,7 @@ class State:
         return State(answers, row["notification_date"])
 
 
-class Ledger:
+class Confirmed:
     """The patients of one home by name. `pending` is the name of the patient whose save is in progress."""
 
     def __init__(self):

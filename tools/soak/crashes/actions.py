@@ -6,7 +6,7 @@ from support.waiting import NeverHappened, wait_equal, wait_until
 from support.widget import Gone
 
 
-class Hands(Tandry):
+class Actions(Tandry):
     """With `mouse`, presses controls with the mouse once they stop moving; otherwise presses them through the accessibility
     bus, which need not wait and takes a fifth of the time. Functions that store something call `about_to` right before
     the press."""

@@ -5,13 +5,13 @@ import os
 import shutil
 import sqlite3
 
-from .ledger import Lost
+from .confirmed import Lost
 
 _JOURNAL_MAGIC = bytes.fromhex("d9d505f920a163d7")
 
 # `journal`: there is a journal beside the database; `hot`: its header is complete, and the next reader rolls it back; `torn`:
 # this roll-back changes the database, because the program had begun to write to it; `mark` identifies this journal.
-Autopsy = collections.namedtuple("Autopsy", "rows journal hot torn mark")
+Inspection = collections.namedtuple("Inspection", "rows journal hot torn mark")
 
 
 def journal_mark(store):
@@ -34,13 +34,13 @@ def examine(store, folder):
     copy = os.path.join(folder, os.path.basename(store.file))
     head = _read(copy + "-journal")[:12]
     if not os.path.exists(copy):
-        return Autopsy([], mark is not None, False, False, mark)
+        return Inspection([], mark is not None, False, False, mark)
     before = _read(copy)
     rows = _rows(copy)
     torn = _read(copy) != before
     # The journal of a database that is being created holds no old pages.
     hot = torn or head.startswith(_JOURNAL_MAGIC) and any(head[8:])
-    return Autopsy(rows, mark is not None, hot, torn, mark)
+    return Inspection(rows, mark is not None, hot, torn, mark)
 
 
 def _rows(path):

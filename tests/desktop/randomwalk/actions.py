@@ -6,13 +6,13 @@ from support import tree
 from support.waiting import NeverHappened, wait_until
 from support.widget import MAIN_WIDTH
 
-from .eyes import look
+from .observation import look
 
 _STILL_SECONDS = 0.2
 _FOCUSABLE = ("push button", "text", "check box", "page tab", "link")
 
 
-class Hands:
+class Actions:
     """Of a walk, which has `_widget`, `_random`, `_view` (the last look), `_say` and `counts`."""
 
     # How often of ten a control is pressed by mouse, keys and bus.
