@@ -1,10 +1,8 @@
 // Saves one answer through the store and commits it; compared with the UPDATE statement alone.
-#include "figure.h"
+#include "measurement.h"
 #include "rawstore.h"
-#include "testhome.h"
 #include "windows.h"
 
-#include <QApplication>
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickView>
@@ -44,14 +42,11 @@ void compareSafety(RawStore &raw)
 
 int main(int argc, char *argv[])
 {
-    const TestHome home;
-    const Figure figure(argc, argv);
-    QApplication application(argc, argv);
+    const Measurement measurement(argc, argv);
     QQuickView *view = createView(QStringLiteral("qrc:/benchmarks/Store.qml"));
     QObject *root = view->rootObject();
     QMetaObject::invokeMethod(root, "open");
-    RawStore raw(databaseFile(*view->engine()));
-    raw.fill(figure.patients);
+    RawStore raw(*view->engine(), measurement.patients);
     compareSafety(raw);
 
     constexpr int answersAPair = 20;
@@ -59,12 +54,12 @@ int main(int argc, char *argv[])
         return elapsedMs([&] {
                    for (int i = 0; i < answersAPair; ++i) {
                        const int variation = pair * answersAPair + i;
-                       answer(1 + variation * 37 % figure.patients, variation);
+                       answer(1 + variation * 37 % measurement.patients, variation);
                    }
                })
             / answersAPair;
     };
-    figure.compare(
+    measurement.compare(
         "answer",
         [&](int pair) {
             return eachOf(pair, [&](int id, int variation) {

@@ -1,13 +1,11 @@
 // Time from a click on an answer until every window shows the new state; the whole program runs in this process.
-#include "figure.h"
+#include "measurement.h"
 #include "rawstore.h"
-#include "testhome.h"
 #include "windows.h"
 
 #include "draggablequickview.h"
 #include "widgetservice.h"
 
-#include <QApplication>
 #include <QMouseEvent>
 #include <QQmlEngine>
 #include <QQuickItem>
@@ -28,18 +26,14 @@ void click(QQuickView &view, const QQuickItem &item)
 
 int main(int argc, char *argv[])
 {
-    const TestHome home;
-    const Figure figure(argc, argv);
-    QApplication application(argc, argv);
+    const Measurement measurement(argc, argv);
     WidgetService service(nullptr);
     service.show();
     service.openList();
     QQuickView *main = service.getView();
     QQuickView *list = findView(QStringLiteral("ListPopup"));
-    RawStore raw(databaseFile(*main->engine()));
-    raw.fill(figure.patients);
-    findItem(list->rootObject(), "TabPopup", "title", QStringLiteral("Liste de tous les patients"))
-        ->setProperty("checked", true);
+    RawStore raw(*main->engine(), measurement.patients);
+    showAllPatients(*list);
 
     constexpr int patient = 1;
     raw.update(patient, 1);
@@ -49,7 +43,7 @@ int main(int argc, char *argv[])
     QQuickItem *answers[2] = {findItem(question, "AnswerBox", "text", QStringLiteral("Oui")),
                               findItem(question, "AnswerBox", "text", QStringLiteral("Non"))};
 
-    figure.measure("click", [&](int number) {
+    measurement.measure("click", [&](int number) {
         QQuickItem *answer = answers[number % 2];
         if (answer->property("checked").toBool()) {
             answer = answers[1 - number % 2];

@@ -1,11 +1,9 @@
 // Copies the patients at a start, before the windows are created; compared with a bare copy of the same two files.
-#include "figure.h"
+#include "measurement.h"
 #include "patientcopies.h"
 #include "rawstore.h"
-#include "testhome.h"
 #include "windows.h"
 
-#include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QQmlEngine>
@@ -14,14 +12,11 @@
 
 int main(int argc, char *argv[])
 {
-    const TestHome home;
-    const Figure figure(argc, argv);
-    const QApplication application(argc, argv);
+    const Measurement measurement(argc, argv);
     QQuickView *view = createView(QStringLiteral("qrc:/benchmarks/Store.qml"));
     QMetaObject::invokeMethod(view->rootObject(), "open");
     const StoreFiles store = StoreFiles::ofApplication();
-    RawStore raw(databaseFile(*view->engine()));
-    raw.fill(figure.patients);
+    RawStore raw(*view->engine(), measurement.patients);
 
     const auto start = [&] {
         return elapsedMs([&] {
@@ -41,14 +36,14 @@ int main(int argc, char *argv[])
             }
         });
     };
-    figure.compare(
+    measurement.compare(
         "copy at the start, changed",
         [&](int number) {
             raw.update(1, number);
             return start();
         },
         [&](int) { return bareCopy(); });
-    figure.compare(
+    measurement.compare(
         "copy at the start, unchanged", [&](int) { return start(); }, [&](int) { return bareCopy(); });
     delete view;
 }

@@ -1,23 +1,18 @@
 // Switches the patient list to all patients and waits for the first frame; compared with the statement alone.
-#include "figure.h"
+#include "measurement.h"
 #include "rawstore.h"
-#include "testhome.h"
 #include "windows.h"
 
-#include <QApplication>
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickView>
 
 int main(int argc, char *argv[])
 {
-    const TestHome home;
-    const Figure figure(argc, argv);
-    QApplication application(argc, argv);
+    const Measurement measurement(argc, argv);
     QQuickView *view = createView(QStringLiteral("qrc:/qml/ListPopup.qml"));
     view->show();
-    RawStore raw(databaseFile(*view->engine()));
-    raw.fill(figure.patients);
+    RawStore raw(*view->engine(), measurement.patients);
 
     QQuickItem *waitingTab = findItem(view->rootObject(), "TabPopup", "title", QStringLiteral("Patients en attente"));
     QQuickItem *allTab = findItem(view->rootObject(), "TabPopup", "title",
@@ -25,7 +20,7 @@ int main(int argc, char *argv[])
     QQuickItem *selectAll = findItem(view->rootObject(), "TableTick", "name", QStringLiteral("Tout sélectionner"));
     const auto bare = [&](int) {
         return elapsedMs([&] {
-            if (raw.selectAll() != figure.patients) {
+            if (raw.selectAll() != measurement.patients) {
                 qFatal("Not all patients were read");
             }
         });
@@ -41,7 +36,7 @@ int main(int argc, char *argv[])
 
     for (const bool ticked : {true, false}) {
         selectAll->setProperty("checked", ticked);
-        figure.compare(ticked ? "list, box ticked" : "list, box not ticked", program, bare);
+        measurement.compare(ticked ? "list, box ticked" : "list, box not ticked", program, bare);
         printValue(ticked ? "list loaded, box ticked" : "list loaded, box not ticked", untilLoadedMs);
     }
     delete view;

@@ -1,29 +1,22 @@
 // Time to load everything after the first frame, and the first use of a window compared with the second; one pair for
 // each start.
-#include "figure.h"
+#include "measurement.h"
 #include "rawstore.h"
-#include "testhome.h"
 #include "windows.h"
 
 #include "draggablequickview.h"
 #include "widgetservice.h"
 
-#include <QApplication>
 #include <QElapsedTimer>
-#include <QKeyEvent>
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickView>
 
 namespace {
 
-double pressLetter(QQuickView &view, const QQuickItem &field)
+double searchMs(QQuickView &view, const QQuickItem &field)
 {
-    QKeyEvent down(QEvent::KeyPress, Qt::Key_D, Qt::NoModifier, QStringLiteral("d"));
-    QKeyEvent up(QEvent::KeyRelease, Qt::Key_D, Qt::NoModifier, QStringLiteral("d"));
-    waitUntilAtRest();
-    const double ms = elapsedMs([&] { paintedAfter({&view}, [&] { QCoreApplication::sendEvent(&view, &down); }); });
-    QCoreApplication::sendEvent(&view, &up);
+    const double ms = pressKeyMs(view, 'd');
     if (field.property("text").toString() != QLatin1String("d")) {
         qFatal("The key press did not search");
     }
@@ -40,14 +33,12 @@ double open(QQuickView &view, const std::function<void()> &opening)
 
 int main(int argc, char *argv[])
 {
-    const TestHome home;
-    const Figure figure(argc, argv);
-    QApplication application(argc, argv);
+    const Measurement measurement(argc, argv);
     WidgetService service(nullptr);
     QQuickView *main = service.getView();
     QQuickView *list = findView(QStringLiteral("ListPopup"));
     QQuickView *contact = findView(QStringLiteral("ContactPopup"));
-    RawStore(databaseFile(*main->engine())).fill(figure.patients);
+    const RawStore raw(*main->engine(), measurement.patients);
     service.refreshViews();
 
     QElapsedTimer sinceFrame;
@@ -66,9 +57,9 @@ int main(int argc, char *argv[])
 
     QQuickItem *search = findItem(main->rootObject(), "Autocomplete");
     waitUntil([main] { return main->activeFocusItem() && main->isActive(); });
-    const double firstLetter = pressLetter(*main, *search);
+    const double firstLetter = searchMs(*main, *search);
     search->setProperty("text", QString());
-    printPair("first letter, beside the second", firstLetter, pressLetter(*main, *search));
+    printPair("first letter, beside the second", firstLetter, searchMs(*main, *search));
 
     const double firstList = open(*list, [&service] { service.openList(); });
     service.closeList();

@@ -1,13 +1,11 @@
 // Builds the text of the report of all patients, compared with appending the same number of bytes; and lays it out.
-#include "figure.h"
+#include "measurement.h"
 #include "rawstore.h"
-#include "testhome.h"
 #include "windows.h"
 
 #include "draggablequickview.h"
 #include "widgetservice.h"
 
-#include <QApplication>
 #include <QJSValue>
 #include <QQmlEngine>
 #include <QQuickItem>
@@ -54,17 +52,13 @@ QStringList pieces(const QString &html)
 
 int main(int argc, char *argv[])
 {
-    const TestHome home;
-    const Figure figure(argc, argv);
-    QApplication application(argc, argv);
+    const Measurement measurement(argc, argv);
     WidgetService service(nullptr);
     QQuickView *list = findView(QStringLiteral("ListPopup"));
-    RawStore raw(databaseFile(*list->engine()));
-    raw.fill(figure.patients);
-    findItem(list->rootObject(), "TabPopup", "title", QStringLiteral("Liste de tous les patients"))
-        ->setProperty("checked", true);
+    RawStore raw(*list->engine(), measurement.patients);
+    showAllPatients(*list);
     const QVariantList rows = loadedRows(*list);
-    if (rows.size() != figure.patients) {
+    if (rows.size() != measurement.patients) {
         qFatal("%d patients were loaded", rows.size());
     }
 
@@ -76,19 +70,19 @@ int main(int argc, char *argv[])
     if (parts.join(QString()) != html) {
         qFatal("The pieces differ from the report");
     }
-    figure.compare("report, text", build, [&](int) {
+    measurement.compare("report, text", build, [&](int) {
         return elapsedMs([&] {
             QString appended;
             for (const QString &part : parts) {
                 appended += part;
             }
-            if (appended.size() < figure.patients) {
+            if (appended.size() < measurement.patients) {
                 qFatal("Nothing was appended");
             }
         });
     });
     printValue("report, characters", html.size());
-    figure.measure("report, laid out", [&](int) {
+    measurement.measure("report, laid out", [&](int) {
         return elapsedMs([&] {
             QTextDocument document;
             QFont font = document.defaultFont();
@@ -96,7 +90,7 @@ int main(int argc, char *argv[])
             document.setDefaultFont(font);
             document.setHtml(html);
             document.setTextWidth(800);
-            if (document.size().height() < figure.patients) {
+            if (document.size().height() < measurement.patients) {
                 qFatal("Nothing was laid out");
             }
         });

@@ -1,17 +1,13 @@
 // The program as main() builds it, without the guard. It reads orders line by line from standard input, simulates the
 // user or the passing of time, and answers "done".
+#include "orders.h"
+
 #include "draggablequickview.h"
 #include "prepareprocess.h"
 #include "widgetservice.h"
 
 #include <QApplication>
 #include <QQmlEngine>
-#include <QSocketNotifier>
-
-#include <cstdio>
-#include <string>
-
-#include <unistd.h>
 
 namespace {
 
@@ -58,17 +54,6 @@ int main(int argc, char *argv[])
     QApplication application(argc, argv);
     application.setQuitOnLastWindowClosed(false);
     WidgetService service(nullptr);
-    QSocketNotifier input(STDIN_FILENO, QSocketNotifier::Read);
-    QObject::connect(&input, &QSocketNotifier::activated, &application, [&] {
-        char line[80];
-        const ssize_t size = read(STDIN_FILENO, line, sizeof line);
-        if (size <= 0) {
-            application.quit();
-            return;
-        }
-        obey(service, std::string(line, static_cast<std::size_t>(size - 1)));
-        std::puts("done");
-        std::fflush(stdout);
-    });
+    const Orders orders([&service](const std::string &order) { obey(service, order); });
     return application.exec();
 }

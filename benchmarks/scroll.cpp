@@ -1,10 +1,8 @@
 // Scrolls the patient list by one row each frame and counts the dropped frames, at 60 frames a second.
-#include "figure.h"
+#include "measurement.h"
 #include "rawstore.h"
-#include "testhome.h"
 #include "windows.h"
 
-#include <QApplication>
 #include <QPropertyAnimation>
 #include <QQmlEngine>
 #include <QQuickItem>
@@ -37,24 +35,20 @@ QQuickItem *findList(QQuickItem *item)
 
 int main(int argc, char *argv[])
 {
-    const TestHome home;
-    const Figure figure(argc, argv);
-    QApplication application(argc, argv);
+    const Measurement measurement(argc, argv);
     QQuickView *view = createView(QStringLiteral("qrc:/qml/ListPopup.qml"));
     view->show();
-    RawStore raw(databaseFile(*view->engine()));
-    raw.fill(figure.patients);
-    findItem(view->rootObject(), "TabPopup", "title", QStringLiteral("Liste de tous les patients"))
-        ->setProperty("checked", true);
+    RawStore raw(*view->engine(), measurement.patients);
+    showAllPatients(*view);
     waitUntilAtRest();
     QQuickItem *list = findList(view->rootObject());
     if (!list) {
         qFatal("The document holds no list");
     }
 
-    const int rows = std::min(1000, figure.patients - 20);
-    figure.measure("frames dropped per 1,000", [&](int number) {
-        const int start = number * rows % (figure.patients - rows) * rowHeight;
+    const int rows = std::min(1000, measurement.patients - 20);
+    measurement.measure("frames dropped per 1,000", [&](int number) {
+        const int start = number * rows % (measurement.patients - rows) * rowHeight;
         list->setProperty("contentY", start);
         waitUntilAtRest();
 

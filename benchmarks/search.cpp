@@ -1,28 +1,23 @@
 // Searches through the search bar's logic with the result list attached; compared with the two statements alone.
-#include "figure.h"
+#include "measurement.h"
 #include "rawstore.h"
 #include "samplepatients.h"
-#include "testhome.h"
 #include "windows.h"
 
-#include <QApplication>
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickView>
 
 int main(int argc, char *argv[])
 {
-    const TestHome home;
-    const Figure figure(argc, argv);
-    QApplication application(argc, argv);
+    const Measurement measurement(argc, argv);
     QQuickView *view = createView(QStringLiteral("qrc:/benchmarks/Search.qml"));
     view->show();
     QQuickItem *root = view->rootObject();
-    RawStore raw(databaseFile(*view->engine()));
-    raw.fill(figure.patients);
+    RawStore raw(*view->engine(), measurement.patients);
 
     const auto term = [](int number) { return SamplePatients::searchTerms[number % 2]; };
-    figure.compare(
+    measurement.compare(
         "search",
         [&](int number) {
             root->setProperty("text", QString());

@@ -6,7 +6,7 @@ from dataclasses import dataclass
 @dataclass
 class Result:
     """The values of one benchmark, and those of the bare program if there is one."""
-    figure: str
+    number: str
     label: str
     unit: str
     values: list
@@ -22,7 +22,7 @@ def spread(values, digits=2):
 
 
 def line(result):
-    cells = [result.figure, result.label, f"{spread(result.values)} {result.unit}", "", "", result.reach]
+    cells = [result.number, result.label, f"{spread(result.values)} {result.unit}", "", "", result.reach]
     if result.bare:
         cells[3] = f"{spread(result.bare)} {result.unit}"
         cells[4] = spread(result.ratios()) if min(result.bare) > 0 else ""

@@ -3,6 +3,7 @@
 #include "samplepatients.h"
 
 #include <QFile>
+#include <QQmlEngine>
 #include <QtGlobal>
 
 #include <sqlite3.h>
@@ -18,10 +19,12 @@ volatile long long consumed = 0;
 
 } // namespace
 
-RawStore::RawStore(const QString &file)
+RawStore::RawStore(const QQmlEngine &engine, int patients)
 {
+    const QString file = engine.offlineStorageDatabaseFilePath(QStringLiteral("Tandry")) + QStringLiteral(".sqlite");
     check(sqlite3_open_v2(QFile::encodeName(file).constData(), &handle, SQLITE_OPEN_READWRITE, nullptr));
     run("PRAGMA busy_timeout = 1000");
+    fill(patients);
 }
 
 RawStore::~RawStore()

@@ -1,8 +1,8 @@
 #pragma once
 
 #include <QByteArray>
-#include <QString>
 
+class QQmlEngine;
 struct sqlite3;
 struct sqlite3_stmt;
 
@@ -13,11 +13,10 @@ class RawStore
     Q_DISABLE_COPY(RawStore)
 
 public:
-    explicit RawStore(const QString &file);
+    /// Opens that engine's patient database, empties its table and fills it with that many sample patients.
+    RawStore(const QQmlEngine &engine, int patients);
     ~RawStore();
 
-    /// Empties the table and fills it with that many sample patients.
-    void fill(int patients);
     /// Runs the two statements of a search and reads every column of every row. Returns the number of rows.
     int search(const QByteArray &text);
     /// Runs the statement for all patients and reads every column of every row. Returns the number of rows.
@@ -28,6 +27,7 @@ public:
     QByteArray pragma(const char *name);
 
 private:
+    void fill(int patients);
     sqlite3_stmt *prepare(const QByteArray &statement);
     void run(const char *statement);
     int readRows(const QByteArray &condition, const QByteArray &first, const QByteArray &second);

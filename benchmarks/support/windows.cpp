@@ -1,9 +1,12 @@
 #include "windows.h"
 
+#include "measurement.h"
+
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QElapsedTimer>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QQmlContext>
 #include <QQmlEngine>
 #include <QQuickItem>
@@ -59,11 +62,6 @@ QQuickView *findView(const QString &document)
     qFatal("No window shows %s", qPrintable(document));
 }
 
-QString databaseFile(const QQmlEngine &engine)
-{
-    return engine.offlineStorageDatabaseFilePath(QStringLiteral("Tandry")) + QStringLiteral(".sqlite");
-}
-
 QQuickItem *findItem(QQuickItem *root, const char *type, const char *property, const QString &value)
 {
     QQuickItem *found = search(root, QByteArray(type) + "_QMLTYPE", property, value);
@@ -76,6 +74,23 @@ QQuickItem *findItem(QQuickItem *root, const char *type, const char *property, c
 bool hasItem(QQuickItem *root, const char *type)
 {
     return search(root, QByteArray(type) + "_QMLTYPE", "", QString()) != nullptr;
+}
+
+void showAllPatients(const QQuickView &list)
+{
+    findItem(list.rootObject(), "TabPopup", "title", QStringLiteral("Liste de tous les patients"))
+        ->setProperty("checked", true);
+}
+
+double pressKeyMs(QQuickView &view, char letter)
+{
+    const int key = Qt::Key_A + letter - 'a';
+    QKeyEvent down(QEvent::KeyPress, key, Qt::NoModifier, QString(QLatin1Char(letter)));
+    QKeyEvent up(QEvent::KeyRelease, key, Qt::NoModifier, QString(QLatin1Char(letter)));
+    waitUntilAtRest();
+    const double ms = elapsedMs([&] { paintedAfter({&view}, [&] { QCoreApplication::sendEvent(&view, &down); }); });
+    QCoreApplication::sendEvent(&view, &up);
+    return ms;
 }
 
 void paintedAfter(const std::vector<QQuickWindow *> &windows, const std::function<void()> &work)

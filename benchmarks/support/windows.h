@@ -3,7 +3,6 @@
 #include <QString>
 
 class QObject;
-class QQmlEngine;
 class QQuickItem;
 class QQuickView;
 class QQuickWindow;
@@ -17,15 +16,18 @@ QQuickView *createView(const QString &document);
 /// The program's own window that shows that document ("main", "ListPopup", ...).
 QQuickView *findView(const QString &document);
 
-/// The path of that engine's patient database.
-QString databaseFile(const QQmlEngine &engine);
-
 /// The first item below \a root, in document order, of that type and with that value of the property (any value when it
 /// is empty). Ends the process when there is none.
 QQuickItem *findItem(QQuickItem *root, const char *type, const char *property = "", const QString &value = QString());
 
 /// Whether there is an item of that type below \a root.
 bool hasItem(QQuickItem *root, const char *type);
+
+/// Shows the tab of all patients in the list.
+void showAllPatients(const QQuickView &list);
+
+/// Presses the key of that letter in a window at rest; the milliseconds until the window has painted what it does.
+double pressKeyMs(QQuickView &view, char letter);
 
 /// Runs the work and returns once each window has painted a frame after it; ends the process after 60 s.
 void paintedAfter(const std::vector<QQuickWindow *> &windows, const std::function<void()> &work);

@@ -1,16 +1,21 @@
 #pragma once
 
+#include "testhome.h"
+
+#include <QApplication>
 #include <QElapsedTimer>
 
 #include <functional>
 
-/// Options from a benchmark's command line: `--pairs N --patients N`.
-struct Figure
+/// The application of a benchmark in a home of its own, with the options `--pairs N --patients N` of its command line.
+struct Measurement
 {
+    const TestHome home;
+    QApplication application;
     int pairs = 11;
     int patients = 10000;
 
-    Figure(int argc, char *argv[]);
+    Measurement(int &argc, char *argv[]);
 
     /// Measures the program and the bare program in turn, in alternating order, after one unmeasured pair. Each
     /// function takes the number of the pair and returns milliseconds.

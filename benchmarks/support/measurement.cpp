@@ -1,4 +1,4 @@
-#include "figure.h"
+#include "measurement.h"
 
 #include <QtGlobal>
 
@@ -6,7 +6,8 @@
 #include <cstdlib>
 #include <cstring>
 
-Figure::Figure(int argc, char *argv[])
+Measurement::Measurement(int &argc, char *argv[])
+    : application(argc, argv)
 {
     for (int i = 1; i + 1 < argc; i += 2) {
         const int value = std::atoi(argv[i + 1]);
@@ -20,8 +21,8 @@ Figure::Figure(int argc, char *argv[])
     }
 }
 
-void Figure::compare(const char *label, const std::function<double(int)> &program,
-                     const std::function<double(int)> &bare) const
+void Measurement::compare(const char *label, const std::function<double(int)> &program,
+                          const std::function<double(int)> &bare) const
 {
     for (int number = 0; number <= pairs; ++number) {
         double programMs = 0;
@@ -40,7 +41,7 @@ void Figure::compare(const char *label, const std::function<double(int)> &progra
     }
 }
 
-void Figure::measure(const char *label, const std::function<double(int)> &program) const
+void Measurement::measure(const char *label, const std::function<double(int)> &program) const
 {
     for (int number = 0; number <= pairs; ++number) {
         const double programMs = program(number);

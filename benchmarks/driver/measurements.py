@@ -163,7 +163,7 @@ def opening(build, options):
     results = {}
     single = argparse.Namespace(**{**vars(options), "pairs": 1})
     for _ in range(options.pairs):
-        for result in inside("opening", build, single, patients=1000 if options.pairs > 1 else 100, figure="12",
+        for result in inside("opening", build, single, patients=1000 if options.pairs > 1 else 100, number="12",
                              reaches=OPENING_REACHES):
             kept = results.setdefault(result.label, result)
             if kept is not result:
@@ -177,7 +177,7 @@ OPENING_REACHES = {"everything loaded after the first frame": "≤ 300 ms", **{
                                                             "opening of the contacts")}}
 
 
-def inside(name, build, options, *, patients, figure, reaches=None):
+def inside(name, build, options, *, patients, number, reaches=None):
     """Runs a benchmark that measures within one process and parses its output."""
     with Home() as home:
         answer = subprocess.run(
@@ -187,7 +187,7 @@ def inside(name, build, options, *, patients, figure, reaches=None):
     results = {}
     for line in answer.stdout.splitlines():
         kind, label, *numbers = line.split("\t")
-        result = results.setdefault(label, Result(figure, f"{label}, {patients:,} patients", unit(label), [],
+        result = results.setdefault(label, Result(number, f"{label}, {patients:,} patients", unit(label), [],
                                                   [] if kind == "pair" else None, (reaches or {}).get(label, "")))
         result.values.append(float(numbers[0]))
         if kind == "pair":
