@@ -6,6 +6,7 @@
 #include "support/guardnames.h"
 #include "support/probe.h"
 #include "support/rawpeer.h"
+#include "support/reception.h"
 #include "testhome.h"
 
 #include <QtTest>
@@ -94,65 +95,45 @@ void tst_GuardMessages::signal_comes_after_the_connection_is_closed()
 
 void tst_GuardMessages::early_disconnect_delivers_what_has_arrived()
 {
-    QtLocalPeer first(nullptr, id());
-    QVERIFY(!first.isClient());
-    QSignalSpy spy(&first, SIGNAL(messageReceived(QString)));
     const LogCapture log;
-    RawPeer sender;
-    QVERIFY(sender.connectTo(socket()));
-    QVERIFY(sender.send(lengthBytes(1000000) + "abc"));
-    sender.endSending();
-    QVERIFY(spy.wait());
-    QCOMPARE(spy.at(0).at(0).toString(), QString("abc"));
+    Reception reception(id(), socket(), lengthBytes(1000000) + "abc");
+    reception.sender.endSending();
+    QVERIFY(reception.spy.wait());
+    QCOMPARE(reception.spy.at(0).at(0).toString(), QString("abc"));
     QCOMPARE(LogCapture::lines(), QStringList());
 }
 
 void tst_GuardMessages::silence_inside_a_message_ends_it_after_two_seconds()
 {
-    QtLocalPeer first(nullptr, id());
-    QVERIFY(!first.isClient());
-    QSignalSpy spy(&first, SIGNAL(messageReceived(QString)));
-    RawPeer sender;
-    QVERIFY(sender.connectTo(socket()));
-    QVERIFY(sender.send(lengthBytes(10) + "abc"));
+    Reception reception(id(), socket(), lengthBytes(10) + "abc");
     QElapsedTimer clock;
     clock.start();
-    QVERIFY(spy.wait(20000));
+    QVERIFY(reception.spy.wait(20000));
     QVERIFY2(clock.elapsed() >= 2900, "2000 ms for the next piece, then 1000 ms for the sender to disconnect");
-    QCOMPARE(spy.at(0).at(0).toString(), QString("abc"));
-    QCOMPARE(sender.receive(3), QByteArray("ack"));
+    QCOMPARE(reception.spy.at(0).at(0).toString(), QString("abc"));
+    QCOMPARE(reception.sender.receive(3), QByteArray("ack"));
 }
 
 void tst_GuardMessages::sender_that_stays_connected_is_dropped_after_a_second()
 {
-    QtLocalPeer first(nullptr, id());
-    QVERIFY(!first.isClient());
-    QSignalSpy spy(&first, SIGNAL(messageReceived(QString)));
-    RawPeer sender;
-    QVERIFY(sender.connectTo(socket()));
-    QVERIFY(sender.send(lengthBytes(1) + 'a'));
+    Reception reception(id(), socket(), lengthBytes(1) + 'a');
     QElapsedTimer clock;
     clock.start();
-    QVERIFY(spy.wait(20000));
+    QVERIFY(reception.spy.wait(20000));
     QVERIFY(clock.elapsed() >= 950);
-    QCOMPARE(sender.receive(3), QByteArray("ack"));
-    QVERIFY(sender.isHungUp());
+    QCOMPARE(reception.sender.receive(3), QByteArray("ack"));
+    QVERIFY(reception.sender.isHungUp());
 }
 
 void tst_GuardMessages::bytes_after_a_message_are_not_read()
 {
-    QtLocalPeer first(nullptr, id());
-    QVERIFY(!first.isClient());
-    QSignalSpy spy(&first, SIGNAL(messageReceived(QString)));
-    RawPeer sender;
-    QVERIFY(sender.connectTo(socket()));
-    QVERIFY(sender.send(lengthBytes(2) + "abcd" + lengthBytes(1) + 'e'));
-    sender.endSending();
-    QVERIFY(spy.wait());
+    Reception reception(id(), socket(), lengthBytes(2) + "abcd" + lengthBytes(1) + 'e');
+    reception.sender.endSending();
+    QVERIFY(reception.spy.wait());
     QCoreApplication::processEvents();
-    QCOMPARE(spy.count(), 1);
-    QCOMPARE(spy.at(0).at(0).toString(), QString("ab"));
-    QCOMPARE(sender.receive(100), QByteArray("ack"));
+    QCOMPARE(reception.spy.count(), 1);
+    QCOMPARE(reception.spy.at(0).at(0).toString(), QString("ab"));
+    QCOMPARE(reception.sender.receive(100), QByteArray("ack"));
 }
 
 void tst_GuardMessages::excessive_length_is_a_failed_reception_data()
@@ -170,30 +151,20 @@ void tst_GuardMessages::excessive_length_is_a_failed_reception()
 {
     QFETCH(quint32, length);
     const LogCapture log;
-    QtLocalPeer first(nullptr, id());
-    QVERIFY(!first.isClient());
-    QSignalSpy spy(&first, SIGNAL(messageReceived(QString)));
-    RawPeer sender;
-    QVERIFY(sender.connectTo(socket()));
-    QVERIFY(sender.send(lengthBytes(length) + "activate"));
+    Reception reception(id(), socket(), lengthBytes(length) + "activate");
     QTRY_COMPARE(LogCapture::lines(), QStringList("warning: QtLocalPeer: Message reception failed Unknown error"));
-    QVERIFY(sender.isHungUp());
-    QCOMPARE(spy.count(), 0);
+    QVERIFY(reception.sender.isHungUp());
+    QCOMPARE(reception.spy.count(), 0);
 }
 
 void tst_GuardMessages::message_counts_when_its_sender_hangs_up_before_the_acknowledgement()
 {
-    QtLocalPeer first(nullptr, id());
-    QVERIFY(!first.isClient());
-    QSignalSpy spy(&first, SIGNAL(messageReceived(QString)));
     const LogCapture log;
-    RawPeer sender;
-    QVERIFY(sender.connectTo(socket()));
-    QVERIFY(sender.send(lengthBytes(8) + "activate"));
-    sender.hangUp();
-    QVERIFY(spy.wait());
+    Reception reception(id(), socket(), lengthBytes(8) + "activate");
+    reception.sender.hangUp();
+    QVERIFY(reception.spy.wait());
     QCOMPARE(LogCapture::lines(), QStringList());
-    QCOMPARE(spy.at(0).at(0).toString(), QString("activate"));
+    QCOMPARE(reception.spy.at(0).at(0).toString(), QString("activate"));
 }
 
 void tst_GuardMessages::queued_senders_are_served_in_order()

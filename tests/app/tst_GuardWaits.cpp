@@ -8,7 +8,7 @@
 
 #include "support/guardnames.h"
 #include "support/probe.h"
-#include "support/rawpeer.h"
+#include "support/reception.h"
 #include "testhome.h"
 
 #include <QLocalSocket>
@@ -92,13 +92,8 @@ void tst_GuardWaits::message_has_five_seconds_by_default()
 
 void tst_GuardWaits::sender_has_a_second_to_disconnect()
 {
-    QtLocalPeer first(nullptr, id());
-    QVERIFY(!first.isClient());
-    QSignalSpy spy(&first, SIGNAL(messageReceived(QString)));
-    RawPeer sender;
-    QVERIFY(sender.connectTo(socket()));
-    QVERIFY(sender.send(lengthBytes(1) + 'a'));
-    QVERIFY(spy.wait(20000));
+    Reception reception(id(), socket(), lengthBytes(1) + 'a');
+    QVERIFY(reception.spy.wait(20000));
     QCOMPARE(waits, QStringList{"disconnected 1000"});
 }
 

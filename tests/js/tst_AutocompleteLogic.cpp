@@ -1,6 +1,7 @@
 #include "listdocument.h"
 #include "practice.h"
 #include "testhome.h"
+#include "wholepatient.h"
 
 #include <QtTest>
 
@@ -79,30 +80,11 @@ void tst_AutocompleteLogic::search_before_the_store_is_open_only_empties_the_res
 void tst_AutocompleteLogic::rows_are_whole_records()
 {
     Search search(QStringList{});
-    search.file.run({"INSERT INTO Patients VALUES (7, 1, 'Dupont', NULL, '2014-04-10', 1, '2014-04-11', 0, '', 1, "
-                     "'2014-04-13', 0, '', 0, '', '2050-05-12')"});
+    search.file.run({insertWholePatient("2050-05-12")});
     search.filter("du");
     QJsonObject row = search.document.row(0);
     row.remove("objectName");
-    QCOMPARE(row,
-             (QJsonObject{{"id", 7},
-                          {"genderMale", 1},
-                          {"name", "Dupont"},
-                          {"phone", ""},
-                          {"created", "2014-04-10"},
-                          {"created_format", "10/04/2014"},
-                          {"test", 1},
-                          {"test_date", "2014-04-11"},
-                          {"rdv1", 0},
-                          {"date1", ""},
-                          {"confirmation", 1},
-                          {"confirmation_date", "2014-04-13"},
-                          {"rdv2", 0},
-                          {"date2", ""},
-                          {"rdv3", 0},
-                          {"date3", ""},
-                          {"notification_date", "2050-05-12"},
-                          {"waiting", 0}}));
+    QCOMPARE(row, wholeRecord("2050-05-12", 0));
 }
 
 int main(int argc, char **argv)

@@ -1,6 +1,7 @@
 #include "listdocument.h"
 #include "practice.h"
 #include "testhome.h"
+#include "wholepatient.h"
 
 #include <QtTest>
 
@@ -133,32 +134,13 @@ void tst_ListLogic::ticked_header_ticks_every_newly_shown_row()
 void tst_ListLogic::rows_are_whole_records_with_their_tick()
 {
     Popup popup;
-    popup.file.run({"DELETE FROM Patients",
-                    "INSERT INTO Patients VALUES (7, 1, 'Dupont', NULL, '2014-04-10', 1, '2014-04-11', 0, '', 1, "
-                    "'2014-04-13', 0, '', 0, '', '2014-05-12')"});
+    popup.file.run({"DELETE FROM Patients", insertWholePatient("2014-05-12")});
     popup.perform("showAll");
     QJsonObject row = popup.document.row(0);
     row.remove("objectName");
-    QCOMPARE(row,
-             (QJsonObject{{"id", 7},
-                          {"genderMale", 1},
-                          {"name", "Dupont"},
-                          {"phone", ""},
-                          {"created", "2014-04-10"},
-                          {"created_format", "10/04/2014"},
-                          {"test", 1},
-                          {"test_date", "2014-04-11"},
-                          {"rdv1", 0},
-                          {"date1", ""},
-                          {"confirmation", 1},
-                          {"confirmation_date", "2014-04-13"},
-                          {"rdv2", 0},
-                          {"date2", ""},
-                          {"rdv3", 0},
-                          {"date3", ""},
-                          {"notification_date", "2014-05-12"},
-                          {"waiting", 1},
-                          {"checked", false}}));
+    QJsonObject expected = wholeRecord("2014-05-12", 1);
+    expected.insert("checked", false);
+    QCOMPARE(row, expected);
 }
 
 void tst_ListLogic::waiting_rows_with_nulls_are_shown()

@@ -51,16 +51,29 @@ std::unique_ptr<QObject> DocumentInterfaces::load(const QString &document)
     return root;
 }
 
-void DocumentInterfaces::document_offers_its_signal_data()
+namespace {
+
+struct Signatures
+{
+    const char *document;
+    QList<QByteArray> signatures;
+};
+
+void addSignatures(const QList<Signatures> &table)
 {
     QTest::addColumn<QString>("document");
     QTest::addColumn<QByteArray>("signature");
+    for (const Signatures &row : table) {
+        for (const QByteArray &signature : row.signatures)
+            QTest::addRow("%s %s", row.document, signature.constData()) << QString(row.document) << signature;
+    }
+}
 
-    const struct
-    {
-        const char *document;
-        QList<QByteArray> signatures;
-    } table[] = {
+} // namespace
+
+void DocumentInterfaces::document_offers_its_signal_data()
+{
+    addSignatures({
         {"main",
          {"openContact()", "openList()", "close()", "hide()", "openAbout()", "enableDragging()", "needRefresh()",
           "ready()", "autorun(bool)"}},
@@ -82,11 +95,7 @@ void DocumentInterfaces::document_offers_its_signal_data()
         {"TabPopup", {"clicked()"}},
         {"PopupContainer", {"close()", "enableDragging()"}},
         {"ButtonSMS", {"clicked()"}},
-    };
-    for (const auto &row : table) {
-        for (const QByteArray &signature : row.signatures)
-            QTest::addRow("%s %s", row.document, signature.constData()) << QString(row.document) << signature;
-    }
+    });
 }
 
 void DocumentInterfaces::document_offers_its_signal()
@@ -101,14 +110,7 @@ void DocumentInterfaces::document_offers_its_signal()
 
 void DocumentInterfaces::document_offers_its_function_data()
 {
-    QTest::addColumn<QString>("document");
-    QTest::addColumn<QByteArray>("signature");
-
-    const struct
-    {
-        const char *document;
-        QList<QByteArray> signatures;
-    } table[] = {
+    addSignatures({
         {"main", {"refresh()", "openPatient(QVariant)", "removedPatients(QVariant)", "setAutorun(QVariant)"}},
         {"ListPopup", {"refresh()"}},
         {"Autocomplete", {"focus()", "reset()"}},
@@ -117,11 +119,7 @@ void DocumentInterfaces::document_offers_its_function_data()
         {"Detail",
          {"load(QVariant,QVariant)", "displayModel()", "reset()", "save(QVariant)", "buildData(QVariant)", "remove()",
           "cancel()", "getToday()", "formatDate(QVariant)"}},
-    };
-    for (const auto &row : table) {
-        for (const QByteArray &signature : row.signatures)
-            QTest::addRow("%s %s", row.document, signature.constData()) << QString(row.document) << signature;
-    }
+    });
 }
 
 void DocumentInterfaces::document_offers_its_function()

@@ -1,3 +1,4 @@
+#include "answeredpatient.h"
 #include "comparelines.h"
 #include "modal.h"
 #include "runningservice.h"
@@ -73,19 +74,12 @@ QVariantList patients(int count)
 {
     QVariantList list;
     for (int i = 1; i <= count; ++i) {
-        list.append(QVariantMap{{"name", QString("PATIENT%1 Éloïse").arg(i, 2, 10, QChar('0'))},
-                                {"created_format", "31/01/2014"},
-                                {"phone", "01 99 00 12 34"},
-                                {"test", i % 3},
-                                {"test_date", "2014-02-01"},
-                                {"rdv1", i % 2},
-                                {"date1", "2014-02-02"},
-                                {"confirmation", 1},
-                                {"confirmation_date", "2014-02-03"},
-                                {"rdv2", 1},
-                                {"date2", "2014-02-04"},
-                                {"rdv3", 0},
-                                {"date3", ""}});
+        QVariantMap patient = answeredPatient();
+        patient.insert("name", QString("PATIENT%1 Éloïse").arg(i, 2, 10, QChar('0')));
+        patient.insert("test", i % 3);
+        patient.insert("rdv1", i % 2);
+        patient.insert("date3", "");
+        list.append(patient);
     }
     return list;
 }

@@ -1,3 +1,4 @@
+#include "answeredpatient.h"
 #include "comparelines.h"
 #include "logcapture.h"
 #include "modal.h"
@@ -61,24 +62,6 @@ QStringList stepsOf(const QVariantMap &row)
     return cellsOf(reportOf(waitingTitle, QVariantList{row})).value(0).mid(3);
 }
 
-QVariantMap patientOfTheFile()
-{
-    return {{"name", "DUPONT Marie"},
-            {"created_format", "31/01/2014"},
-            {"phone", "01 99 00 12 34"},
-            {"test", 0},
-            {"test_date", "2014-02-01"},
-            {"rdv1", 1},
-            {"date1", "2014-02-02"},
-            {"confirmation", 1},
-            {"confirmation_date", "2014-02-03"},
-            {"rdv2", 1},
-            {"date2", "2014-02-04"},
-            {"rdv3", 0},
-            {"date3", "2014-02-05"},
-            {"checked", true}};
-}
-
 } // namespace
 
 /// The report that is printed, as the text that is given to the rich-text document.
@@ -135,7 +118,7 @@ void ServiceReport::report_is_what_the_file_says()
                                 {"rdv3", 1},
                                 {"date3", "2014-03-05"}};
 
-    const QString report = reportOf(waitingTitle, QVariantList{patientOfTheFile(), unescaped, QVariantMap()});
+    const QString report = reportOf(waitingTitle, QVariantList{answeredPatient(), unescaped, QVariantMap()});
 
     QCOMPARE(report.toUtf8(), expectedReport("report.html").toUtf8());
 }
@@ -209,7 +192,7 @@ void ServiceReport::row_that_is_no_map_is_empty_data()
 void ServiceReport::row_that_is_no_map_is_empty()
 {
     QFETCH(QVariant, row);
-    const QString report = reportOf(waitingTitle, QVariantList{row, patientOfTheFile()});
+    const QString report = reportOf(waitingTitle, QVariantList{row, answeredPatient()});
     QCOMPARE(cellsOf(report),
              QList<QStringList>({
                  {"", "", "", "?", "", "", "", ""},
@@ -243,7 +226,7 @@ void ServiceReport::flag_counts_above_zero()
     QFETCH(QString, cell);
     QCOMPARE(stepsOf({{"test_date", "2014-01-01"}, {"test", flag}}).first(), cell);
     // The same rule for the last step.
-    QVariantMap patient = patientOfTheFile();
+    QVariantMap patient = answeredPatient();
     patient.insert("rdv3", flag);
     QCOMPARE(stepsOf(patient).last(), cell);
 }

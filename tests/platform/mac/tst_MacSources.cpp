@@ -142,18 +142,19 @@ void tst_MacSources::the_checker_checks_at_once_and_lets_go_at_its_end()
              }));
 }
 
+static const QStringList bringsToFront{
+    "NSApplication sharedApplication",
+    "activateIgnoringOtherApps: YES to the shared application",
+    "QWindow::requestActivate",
+    "QWindow::raise",
+};
+
 void tst_MacSources::showing_a_view_activates_the_program_first()
 {
     DraggableQuickView view(true);
     view.setFlag(Qt::WindowDoesNotAcceptFocus);
     view.show();
-    QCOMPARE(MacRecorder::take(),
-             (QStringList{
-                 "NSApplication sharedApplication",
-                 "activateIgnoringOtherApps: YES to the shared application",
-                 "QWindow::requestActivate",
-                 "QWindow::raise",
-             }));
+    QCOMPARE(MacRecorder::take(), bringsToFront);
     QVERIFY(view.isVisible());
 }
 
@@ -163,13 +164,7 @@ void tst_MacSources::the_focuser_raises_without_showing()
     view.setFlag(Qt::WindowDoesNotAcceptFocus);
     view.create();
     Focuser(&view).raise();
-    QCOMPARE(MacRecorder::take(),
-             (QStringList{
-                 "NSApplication sharedApplication",
-                 "activateIgnoringOtherApps: YES to the shared application",
-                 "QWindow::requestActivate",
-                 "QWindow::raise",
-             }));
+    QCOMPARE(MacRecorder::take(), bringsToFront);
     QVERIFY(!view.isVisible());
 }
 
