@@ -1,4 +1,4 @@
-"""A screen reader finds every control with its role and its French name, and can use it."""
+"""A screen reader finds every control with its role and French name, and can use it."""
 
 from support.case import DesktopTest, main
 from support.tandry import GATE_1, GATE_2, NAME_FIELD, PHONE_FIELD, QUESTIONS, SEARCH_FIELD
@@ -19,12 +19,12 @@ class Accessibility(DesktopTest):
         self.widget = self.start_ready(clock="2014-05-12 10:00:00")
 
     def shown(self):
-        """Role and name of every control in the program's windows; the tray's message is not one of them."""
+        """Role and name of every control in the program's windows, without the tray's message."""
         windows = self.widget.find_all(role="frame")
         return [(control.role, control.name) for window in windows for control in window.find_all()
                 if control.role in CONTROLS]
 
-    def test_the_search(self):
+    def test_the_search_has_roles_and_names(self):
         self.widget.type("du")
         wait_equal(self.widget.results, ["Dupont", "Adu <b>"], "the matches are listed")
         wait_equal(self.shown, HEADER + [
@@ -32,7 +32,7 @@ class Accessibility(DesktopTest):
             ("push button", "Créer la fiche patient"), ("push button", "Dupont"), ("push button", "Adu <b>"),
             ("push button", "Liste des patients en attente (1)")], "role and name of everything")
 
-    def test_the_editor(self):
+    def test_the_editor_has_roles_and_names(self):
         self.widget.open_patient("Dupont")
         self.widget.wait_for_question("test")
         wait_equal(self.shown, HEADER + [
@@ -44,7 +44,7 @@ class Accessibility(DesktopTest):
         wait_equal(lambda: self.shown()[-3:], [("push button", "Enregistrer"), ("push button", "Annuler"),
                                                ("push button", "Envoyer le SMS de rappel")], "the buttons have names")
 
-    def test_nothing_is_without_a_name_in_any_window(self):
+    def test_every_control_of_every_window_has_a_name(self):
         self.widget.click("Contacts VESK")
         self.widget.wait_for_window(CONTACT_WIDTH)
         self.widget.click("Liste de tous les patients")
@@ -55,7 +55,7 @@ class Accessibility(DesktopTest):
         self.assertEqual(sorted(window.name for window in self.widget.find_all(role="frame")),
                          ["Vesk Tandry", "Vesk Tandry – contacts", "Vesk Tandry – liste des patients"])
 
-    def test_the_tab_that_is_shown_is_the_selected_one(self):
+    def test_the_current_tab_is_selected(self):
         self.widget.click("Liste de tous les patients")
         self.widget.wait_for_window(LIST_WIDTH)
         for chosen, other in (("Patients en attente", "Liste de tous les patients"),
@@ -65,14 +65,14 @@ class Accessibility(DesktopTest):
                        [True, False], f"{chosen!r} is selected")
 
     def answer_and_expect(self, key, answer, columns, action="Press"):
-        """Presses an answer as a screen reader does; it is stored and shown."""
+        """Presses an answer like a screen reader; expects it to be stored and shown."""
         self.widget.wait_for_question(key)
         box = wait_until(lambda: self.widget.answer_box(key, answer), f"{answer!r} below {key!r}")
         box.act(action)
         wait_equal(lambda: {name: self.store.patient("Dupont")[name] for name in columns}, columns, f"{key} {answer}")
         wait_until(lambda: box.has("checked"), f"{answer!r} is ticked")
 
-    def test_the_press_action_does_what_a_click_does(self):
+    def test_the_press_action_works_like_a_click(self):
         self.widget.type("dup")
         self.widget.control("Dupont", "push button").act()
         wait_equal(lambda: self.widget.control(NAME_FIELD, "text").text, "Dupont", "the patient opens")

@@ -1,4 +1,4 @@
-"""A database on a disk that is full or read-only: the program starts, says so in its log, and loses nothing."""
+"""A database on a full or read-only disk: the program starts, logs the error and loses nothing."""
 
 from support import isolation
 from support.case import main
@@ -16,11 +16,11 @@ class BadDisk(RefusingStore):
         self.addCleanup(isolation.release_disk, self.store.folder)
         self.store.seed(PATIENT)
 
-    def test_read_only(self):
+    def test_a_read_only_disk_refuses_changes(self):
         isolation.read_only_disk(self.store.folder)
         self.assertNotStored(self.start_ready())
 
-    def test_a_full_disk(self):
+    def test_a_full_disk_refuses_changes(self):
         isolation.fill_disk(self.store.folder)
         self.assertNotStored(self.start_ready())
 

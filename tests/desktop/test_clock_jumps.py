@@ -11,7 +11,7 @@ DUE_IN_SPRING = {"name": "Dupont", "created": "2014-04-10", "phone": "0601020304
 class Clock(DesktopTest):
 
     def start_at(self, time):
-        """Starts the program, on a clock that is then set by the test, and waits for its first refresh."""
+        """Starts the program with a clock that the test sets, and waits for its first refresh."""
         self.clock = SetClock(self.home, time)
         widget = self.start_ready(clock=self.clock)
         wait_until(lambda: "icon 0." in widget.log, "the first refresh is done")
@@ -22,47 +22,47 @@ class Clock(DesktopTest):
         row = self.store.patient(name)
         return row and tuple(row[column] for column in columns)
 
-    def test_forward_over_a_year(self):
+    def test_setting_the_clock_forward_by_a_year_counts_again(self):
         self.store.seed(DUE_IN_SPRING)
         widget = self.start_at("2014-05-12 10:00:00")
         self.clock.set("2015-06-01 10:00:00")
         widget.create("Martin")
         wait_equal(lambda: self.stored("Martin", "created", "notification_date"), ("2015-06-01", "2015-06-01"),
-                   "the patient has the new day")
-        # The change has counted anew: the one whose day has come, and the one just made.
-        wait_until(lambda: "icon 2" in widget.log, "both wait")
+                   "the patient has the new date")
+        # The change has counted again: the patient whose day has come, and the new one.
+        wait_until(lambda: "icon 2" in widget.log, "both are waiting")
         widget.back()
         self.assertEqual(PatientList(widget).open().names(), ["Dupont", "Martin"])
 
-    def test_back_over_a_year(self):
+    def test_setting_the_clock_back_by_a_year_keeps_stored_dates(self):
         self.store.seed(DUE_IN_SPRING)
         widget = self.start_at("2014-05-12 10:00:00")
         self.clock.set("2012-12-31 23:59:59")
         widget.create("Martin")
         wait_equal(lambda: self.stored("Martin", "created", "notification_date"), ("2012-12-31", "2012-12-31"),
-                   "the patient has the earlier day")
+                   "the patient has the earlier date")
         widget.answer("test", "Oui")
         wait_equal(lambda: self.stored("Martin", "test", "test_date", "notification_date"),
-                   (1, "2012-12-31", "2012-12-15"), "the answer is stored on that day")
-        wait_until(lambda: "icon 1" in widget.log, "only he waits")
+                   (1, "2012-12-31", "2012-12-15"), "the answer is stored with that date")
+        wait_until(lambda: "icon 1" in widget.log, "only that patient is waiting")
         widget.back()
         self.assertEqual(self.store.patient("Dupont")["notification_date"], "2015-03-01")
         list_of_all = PatientList(widget).open()
         self.assertEqual(list_of_all.names(), ["Martin"])
         list_of_all.show_tab(ALL)
-        wait_equal(list_of_all.names, ["Dupont", "Martin"], "nobody is lost")
+        wait_equal(list_of_all.names, ["Dupont", "Martin"], "no patient is lost")
 
-    def test_forward_and_back_again(self):
+    def test_setting_the_clock_forward_and_back_changes_no_stored_row(self):
         self.store.seed(DUE_IN_SPRING)
         widget = self.start_at("2014-05-12 10:00:00")
         before = self.store.patient("Dupont")
         self.clock.set("2015-06-01 10:00:00")
         widget.create("Martin")
-        wait_until(lambda: "icon 2" in widget.log, "both wait")
+        wait_until(lambda: "icon 2" in widget.log, "both are waiting")
         widget.back()
         self.clock.set("2014-05-12 10:05:00")
         widget.create("Durand")
-        wait_until(lambda: "icon 1" in widget.log, "only the one just made waits: the others' days are to come")
+        wait_until(lambda: "icon 1" in widget.log, "only the new patient is waiting: the days of the others are to come")
         widget.back()
         self.assertEqual(PatientList(widget).open().names(), ["Durand"])
         self.assertEqual(self.store.patient("Dupont"), before)

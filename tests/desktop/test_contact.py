@@ -1,4 +1,4 @@
-"""The contact popup and the SMS bar: what they say and where they lead."""
+"""The contact popup and the SMS bar: their texts and links."""
 
 from support.case import DesktopTest, main
 from support.desktop import WIDTH
@@ -24,14 +24,14 @@ class Contact(DesktopTest):
         """The popup's part of the accessibility tree."""
         return next(frame for frame in self.widget.find_all(role="frame") if frame.box.width == CONTACT_WIDTH)
 
-    def test_its_texts_its_size_and_its_end(self):
+    def test_the_popup_has_its_texts_and_size_and_can_be_closed(self):
         self.assertEqual(self.widget.geometry(CONTACT_WIDTH)[2:], (500, 450))
         labels = [label.name for label in self.popup().find_all(role="label") if label.name != "Tandry"]
         self.assertEqual(labels, LINES)
         self.assertEqual([link.name for link in self.popup().find_all(role="link")], SITES)
         self.picture("contact")
         wait_equal(lambda: self.home.settings().get("ShowContactViewCounter"), "1", "the opening is counted")
-        self.widget.click_found(lambda: self.popup().find("Fermer"), "the popup's cross")
+        self.widget.click_found(lambda: self.popup().find("Fermer"), "the popup's close button")
         wait_until(lambda: self.widget.window(CONTACT_WIDTH) is None, "the cross hides the popup")
         self.assertIsNotNone(self.widget.window())
 
@@ -48,7 +48,7 @@ class Contact(DesktopTest):
         self.widget.click("Envoyer le SMS de rappel")
         wait_equal(self.browser.visited, ["http://sms.olmeric.example/vesk_sms/"], "the browser opens the page")
 
-    def test_a_browser_that_cannot_be_started_breaks_nothing(self):
+    def test_a_missing_browser_does_not_disturb_the_program(self):
         self.browser.break_down()
         self.widget.click(SITES[0], "link")
         self.widget.open_patient("Dupont")
@@ -56,7 +56,7 @@ class Contact(DesktopTest):
         self.widget.back()
         self.assertEqual(self.browser.visited(), [])
 
-    def test_is_dragged_by_its_header_and_comes_back_when_outside(self):
+    def test_the_popup_is_dragged_by_its_header_and_returns_to_the_screen(self):
         self.assertEqual(self.widget.drag((200, 15), (5, 200), CONTACT_WIDTH)[:2], (5 - 200, 200 - 15))
         self.widget.click_until(lambda: self.widget.geometry(CONTACT_WIDTH)[:2] == (WIDTH - 795, 35),
                                 "the popup is back on the screen", "Contacts VESK", "push button")

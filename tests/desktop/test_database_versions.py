@@ -1,4 +1,4 @@
-"""A database of an older layout is emptied, any other is kept."""
+"""A database of an older version is emptied, any other is kept."""
 
 from support.case import DesktopTest, complaints, main
 from support.waiting import wait_equal, wait_until
@@ -21,7 +21,7 @@ class DatabaseVersions(DesktopTest):
                 self.assertEqual([row["name"] for row in self.store.patients()], ["DURAND Anne"])
                 widget.stop()
 
-    def test_a_migration_that_was_cut_short_is_finished(self):
+    def test_an_interrupted_migration_is_completed(self):
         self.store.seed(version="1.2")
         self.store.execute("DROP TABLE `Patients`")
         widget = self.start_ready()
@@ -29,7 +29,7 @@ class DatabaseVersions(DesktopTest):
         self.assertEqual((self.store.version(), [row["name"] for row in self.store.patients()]),
                          ("1.3", ["DURAND Anne"]))
 
-    def test_the_present_version_and_unknown_ones_are_kept(self):
+    def test_the_current_and_unknown_versions_are_kept(self):
         for version in ("1.3", "2.0"):
             with self.subTest(version=version):
                 self.setUp()
@@ -41,12 +41,12 @@ class DatabaseVersions(DesktopTest):
                 self.assertEqual([row["name"] for row in self.store.patients()], ["Dupont", "Martin"])
                 widget.stop()
 
-    def test_a_new_database_is_empty_and_at_the_present_version(self):
+    def test_a_new_database_is_empty_and_has_the_current_version(self):
         widget = self.start_ready()
         wait_equal(self.store.version, "1.3", "the version is recorded")
         wait_until(lambda: "Refreshing icon." in widget.log, "the counts are read")
         self.assertEqual(self.store.patients(), [])
-        wait_equal(lambda: self.home.settings().get("PatientsCounter"), "0", "nobody is counted")
+        wait_equal(lambda: self.home.settings().get("PatientsCounter"), "0", "no patient is counted")
 
 
 if __name__ == "__main__":

@@ -1,4 +1,4 @@
-"""The desktop changes under the running program: its tray, its window manager, the size of its screen."""
+"""The desktop changes while the program runs: its tray, its window manager, the size of its screen."""
 
 from support.case import DesktopTest, main
 from support.desktop import HEIGHT, WIDTH
@@ -18,20 +18,20 @@ class DesktopChanges(DesktopTest):
         return self.desktop.screen.region(self.desktop.screen.geometry(wait_until(widget.tray_window, "an icon")))
 
     def state(self, window):
-        """What the window manager says of the window."""
+        """The window manager's state of the window."""
         return self.desktop.screen.property(window, "_NET_WM_STATE")
 
     def resize(self, width, height):
-        """Changes the screen's size, for this test."""
+        """Changes the screen's size for this test."""
         self.addCleanup(self.desktop.resize, WIDTH, HEIGHT)
         self.desktop.resize(width, height)
 
     @staticmethod
     def inside(place):
-        """Whether a window lies in the small screen."""
+        """Whether a window is within the small screen."""
         return place.x >= 0 and place.y >= 0 and place.x + place.width <= SMALL[0] and place.y + place.height <= SMALL[1]
 
-    def test_the_tray_goes_and_comes_back(self):
+    def test_the_icon_returns_when_the_tray_restarts(self):
         self.store.seed(WAITING)
         widget = self.start_ready(clock=CLOCK)
         wait_until(lambda: "icon 1" in widget.log, "the first refresh is done")
@@ -42,7 +42,7 @@ class DesktopChanges(DesktopTest):
         self.desktop.stop_tray()
         try:
             wait_until(lambda: widget.tray_window() is None, "the icon is gone with its tray")
-            # Without a tray the widget works on.
+            # Without a tray the widget keeps working.
             widget.create("Durand")
             widget.back()
             wait_until(lambda: "icon 3" in widget.log, "the count follows")
@@ -59,11 +59,11 @@ class DesktopChanges(DesktopTest):
         widget.toggle_by_tray()
 
     def is_red(self, widget):
-        """Whether the lower right of the icon has the badge's colour somewhere."""
+        """Whether the lower right part of the icon contains the badge's colour."""
         pixels = self.icon(widget)
         return any(pixels[i] > 200 and pixels[i + 1] < 80 and pixels[i + 2] < 80 for i in range(0, len(pixels), 3))
 
-    def test_a_tray_that_comes_later(self):
+    def test_the_icon_appears_in_a_tray_that_starts_later(self):
         self.desktop.stop_tray()
         try:
             self.store.seed(WAITING)
@@ -76,7 +76,7 @@ class DesktopChanges(DesktopTest):
         wait_until(lambda: self.is_red(widget), "the badge is on the icon")
 
     def typed_into_the_search(self, widget, text):
-        """Whether the search field takes a text soon after it was typed."""
+        """Whether the search field receives typed text."""
         widget.replace_text(SEARCH_FIELD, text)
         try:
             wait_equal(lambda: widget.control(SEARCH_FIELD, "text").text, text, "the field holds the text", limit=3)
@@ -84,7 +84,7 @@ class DesktopChanges(DesktopTest):
             return False
         return True
 
-    def test_the_window_manager_restarts(self):
+    def test_the_widget_survives_a_restart_of_the_window_manager(self):
         widget = self.start_ready()
         window, screen = widget.wait_for_window(), self.desktop.screen
         self.desktop.screen.drag((830, 50), (530, 250))
@@ -98,8 +98,8 @@ class DesktopChanges(DesktopTest):
         wait_until(lambda: "0, 0, 0, 0" in screen.property(window, "_NET_FRAME_EXTENTS"), "it has no frame")
         wait_until(lambda: "_NET_WM_STATE_ABOVE" in self.state(window), "it is kept above")
         wait_equal(widget.geometry, place, "it is where it was")
-        # A new window manager may take the keyboard once more after it has come.
-        wait_until(lambda: self.typed_into_the_search(widget, "du"), "it takes what is typed")
+        # A new window manager may take the focus once more after its start.
+        wait_until(lambda: self.typed_into_the_search(widget, "du"), "it receives typed text")
         widget.control("Créer la fiche patient")
         widget.search("")
         wait_equal(lambda: widget.geometry()[:2], place[:2], "it is where it was")
@@ -109,11 +109,11 @@ class DesktopChanges(DesktopTest):
         screen.drag((530, 250), (600, 270))
         wait_equal(lambda: widget.geometry()[:2], (480, 255), "it can be dragged")
 
-    def test_a_smaller_screen(self):
+    def test_a_smaller_screen_contains_the_windows_when_shown_again(self):
         widget = self.start_ready()
         self.assertEqual(widget.geometry()[:2], (WIDTH - 570, 35))
         self.resize(*SMALL)
-        # What is not at its place when it is shown the next time comes back into the screen.
+        # A window outside the screen moves back into it when it is shown the next time.
         widget.toggle_by_tray()
         widget.toggle_by_tray()
         wait_equal(lambda: widget.geometry()[:2], (SMALL[0] - 570, 35), "the widget is in the screen")
@@ -122,13 +122,13 @@ class DesktopChanges(DesktopTest):
         widget.search("Martin")
         widget.control("Créer la fiche patient")
 
-    def test_a_second_start_brings_it_into_a_smaller_screen(self):
+    def test_a_second_start_moves_the_widget_into_a_smaller_screen(self):
         widget = self.start_ready()
         self.resize(*SMALL)
         self.assertEqual(self.start().wait_for_exit(), 0)
         wait_equal(lambda: widget.geometry()[:2], (SMALL[0] - 570, 35), "the widget is in the screen")
 
-    def test_a_larger_screen_leaves_it_where_it_is(self):
+    def test_a_larger_screen_does_not_move_the_widget(self):
         self.resize(*SMALL)
         widget = self.start_ready()
         self.assertEqual(widget.geometry()[:2], (SMALL[0] - 570, 35))

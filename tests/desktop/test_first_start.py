@@ -1,4 +1,4 @@
-"""What the first start of an installation sets up, and what later ones leave alone."""
+"""The settings that the first start of an installation creates, and that later starts keep."""
 
 import re
 
@@ -12,11 +12,11 @@ SIBLING = {"organisation": "Vesk Korrin", "application": "Olmeric"}
 class FirstStart(DesktopTest):
 
     def settings_of_start(self, number):
-        """The settings once the start of that number is on record."""
+        """The settings after the start with that number."""
         wait_equal(lambda: self.home.settings().get("LaunchCounter"), str(number), "the start is counted")
         return self.home.settings()
 
-    def test_a_new_installation(self):
+    def test_a_new_installation_gets_its_settings(self):
         self.start_ready()
         settings = self.settings_of_start(1)
         self.assertTrue(settings["Uuid"])
@@ -26,15 +26,15 @@ class FirstStart(DesktopTest):
             "Label": "com.olmeric.vesktandry", "Program": Tandry.program,
             "ProgramArguments": [Tandry.program, "startup"], "RunAtLoad": True, "Disabled": False})
 
-    def test_the_desktop_starts_it_at_login(self):
+    def test_the_desktop_starts_the_program_at_login(self):
         self.start_ready()
-        wait_until(self.home.login_entry, "the desktop's own entry is there")
+        wait_until(self.home.login_entry, "the autostart entry exists")
         entry = self.home.login_entry()
         self.assertEqual(entry.get("Hidden", "false"), "false")
         self.assertEqual(re.sub('"', "", entry["Exec"]), Tandry.program + " startup")
         self.assertEqual(entry["Type"], "Application")
 
-    def test_the_siblings_identifier_is_taken_over(self):
+    def test_the_identifier_of_the_sibling_is_used(self):
         for identifier in ("{12345678-9abc-def0-1234-56789abcdef0}", "client42"):
             with self.subTest(identifier=identifier):
                 self.setUp()
@@ -56,14 +56,14 @@ class FirstStart(DesktopTest):
             self.assertEqual(after[key], before[key], key)
         self.assertEqual(self.home.login_list(), edited)
 
-    def test_garbage_in_the_settings_is_no_obstacle(self):
+    def test_garbage_in_the_settings_does_not_prevent_a_start(self):
         self.home.write_settings_text("\x01\x02 nonsense\n[[[\nLaunchCounter=many\n=\nUuid\n[General\n")
         widget = self.start_ready()
-        # As if there were no identifier: the first start's switch is set.
+        # Counts as a first start, which switches launch at login on.
         wait_until(self.home.login_list, "launch at login is switched on")
         widget.create("Dupont")
 
-    def test_a_counter_that_is_no_number_starts_again(self):
+    def test_a_counter_that_is_not_a_number_starts_at_1(self):
         self.home.write_settings({"LaunchCounter": "many", "Uuid": "client42", "DontAskBeforeQuit": "perhaps"})
         self.start_ready()
         self.settings_of_start(1)

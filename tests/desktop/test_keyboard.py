@@ -1,4 +1,4 @@
-"""Everything works without a mouse."""
+"""The whole program can be used without a mouse."""
 
 from support.case import DesktopTest, main
 from support.tandry import GATE_1, GATE_2, NAME_FIELD, PHONE_FIELD, QUESTIONS, SEARCH_FIELD
@@ -14,33 +14,33 @@ class Keyboard(DesktopTest):
         super().setUp()
         self.store.seed({"name": "Dupont", "created": "2014-04-10"}, {"name": "Adu"}, {"name": "DURAND"})
         self.widget = self.start_ready(clock="2014-05-12 10:00:00")
-        wait_equal(self.widget.focus_name, SEARCH_FIELD, "the search field has the keyboard at first")
+        wait_equal(self.widget.focus_name, SEARCH_FIELD, "the search field has the focus at first")
 
     def assertRound(self, expected):
-        """Tab goes through `expected` in this order, wherever it begins."""
+        """Asserts that Tab visits `expected` in this order, from any start."""
         names = self.widget.tab_round()
         start = names.index(expected[0]) if expected[0] in names else 0
         self.assertEqual(names[start:] + names[:start], expected)
 
-    def test_tab_goes_through_the_search_in_reading_order(self):
+    def test_tab_visits_the_search_in_reading_order(self):
         self.assertRound(HEADER + ["Rechercher", SEARCH_FIELD, "Effacer la recherche", "Nouvelle fiche patient",
                                    "Liste des patients en attente"])
 
-    def test_tab_goes_through_the_results(self):
+    def test_tab_visits_the_results(self):
         self.widget.type("du")
         wait_equal(self.widget.results, ["Dupont", "DURAND", "Adu"], "the matches are listed")
         self.assertRound(HEADER + ["Rechercher", SEARCH_FIELD, "Effacer la recherche", "Créer la fiche patient",
                                    "Dupont", "DURAND", "Adu", "Liste des patients en attente"])
 
-    def test_tab_goes_through_the_editor(self):
+    def test_tab_visits_the_editor(self):
         self.widget.open_patient("Dupont")
         self.widget.wait_for_question("test")
         self.widget.wait_gone("Créer la fiche patient")
-        wait_equal(self.widget.focus_name, NAME_FIELD, "the name has the keyboard")
+        wait_equal(self.widget.focus_name, NAME_FIELD, "the name has the focus")
         self.assertRound(HEADER + ["Retour", NAME_FIELD, "Sexe : femme", PHONE_FIELD, QUESTIONS["test"], "Oui", "Non",
                                    "Envoyer le SMS de rappel"])
 
-    def test_the_focus_is_seen(self):
+    def test_the_focus_is_visible(self):
         screen = self.desktop.screen
         names = HEADER + ["Rechercher", "Effacer la recherche", "Nouvelle fiche patient",
                           "Liste des patients en attente"]
@@ -54,11 +54,11 @@ class Keyboard(DesktopTest):
                 before.pop(name)
         self.assertEqual(list(before), [])
 
-    def test_down_goes_to_the_results_and_return_opens(self):
+    def test_down_moves_to_the_results_and_return_opens_one(self):
         self.widget.type("du")
         wait_equal(self.widget.results, ["Dupont", "DURAND", "Adu"], "the matches are listed")
         self.widget.press("Down")
-        wait_equal(self.widget.focus_name, "Dupont", "the first result has the keyboard")
+        wait_equal(self.widget.focus_name, "Dupont", "the first result has the focus")
         self.picture("keyboard-result")
         self.widget.press("Tab", "Return")
         wait_equal(lambda: self.widget.control(NAME_FIELD, "text").text, "DURAND", "the second result opens")
@@ -70,15 +70,15 @@ class Keyboard(DesktopTest):
         wait_equal(lambda: self.widget.control(NAME_FIELD, "text").text, "Dupont", "the first result opens")
 
     def expect_stored(self, **columns):
-        """The new patient is stored with these values, and what is not named here is as after the creation."""
+        """Expects the new patient to be stored with these values; all others are as after the creation."""
         columns = {"notification_date": "2014-05-12", **columns}
         wait_equal(lambda: {key: self.store.patient("MARTIN Paul")[key] for key in columns}, columns, "the row")
 
     def expect_focus(self, start):
-        """The keyboard is on the control whose name begins so."""
-        wait_until(lambda: (self.widget.focus_name() or "").startswith(start), f"{start!r} has the keyboard")
+        """Expects the focus on the control whose name begins with `start`."""
+        wait_until(lambda: (self.widget.focus_name() or "").startswith(start), f"{start!r} has the focus")
 
-    def test_the_whole_pathway_without_the_mouse(self):
+    def test_the_whole_pathway_works_without_the_mouse(self):
         press = self.widget.press
         self.widget.type("MARTIN Paul")
         self.go_to("Créer la fiche patient")
@@ -89,10 +89,10 @@ class Keyboard(DesktopTest):
         self.expect_focus(QUESTIONS["test"])
         self.expect_stored()
         self.widget.wait_for_question("test")
-        # A press that was too many may have folded the question.
+        # One press too many may have collapsed the question.
         if not self.widget.answer_box("test", "Non"):
             press("space")
-            wait_until(lambda: self.widget.answer_box("test", "Non"), "the question unfolds")
+            wait_until(lambda: self.widget.answer_box("test", "Non"), "the question expands")
         self.go_to("Non")
         press("space")
         self.expect_focus(QUESTIONS["rdv1"])
@@ -117,7 +117,7 @@ class Keyboard(DesktopTest):
         self.assertEqual(self.widget.asked(), list(QUESTIONS))
         self.go_to("Retour")
         press("space")
-        wait_equal(self.widget.focus_name, SEARCH_FIELD, "the search field has the keyboard again")
+        wait_equal(self.widget.focus_name, SEARCH_FIELD, "the search field has the focus again")
 
     def test_the_header_buttons_work(self):
         self.go_to("Contacts VESK")
@@ -129,19 +129,19 @@ class Keyboard(DesktopTest):
         self.widget.wait_for_window(LIST_WIDTH)
 
     def close_popup(self, width):
-        wait_until(lambda: self.widget.active_width() == width, "the popup has the keyboard")
+        wait_until(lambda: self.widget.active_width() == width, "the popup is active")
         self.go_to("Fermer")
         self.widget.press("Return")
         wait_until(lambda: self.widget.window(width) is None, "the popup closes")
-        wait_until(lambda: self.widget.active_width() == 275, "the widget has the keyboard again")
+        wait_until(lambda: self.widget.active_width() == 275, "the widget is active again")
 
     def go_to(self, name):
-        """Tabs to the control of that name."""
+        """Moves the focus with Tab to the control with that name."""
         for _ in range(40):
             if self.widget.focus_name() == name:
                 return
             self.widget.press("Tab")
-        self.fail(f"Tab does not lead to {name!r}")
+        self.fail(f"Tab does not reach {name!r}")
 
 
 if __name__ == "__main__":

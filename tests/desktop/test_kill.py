@@ -1,5 +1,5 @@
-"""The program is killed while it saves: what its window had confirmed is there at the next start, what was under way is
-there whole or not at all, and the next start works."""
+"""The program is killed while it saves: at the next start everything that its window had confirmed is there, and the save in
+progress is stored completely or not at all."""
 
 import os
 
@@ -14,13 +14,13 @@ UNANSWERED, ANSWERED = (0, "", "2014-05-12"), (1, "2014-05-12", "2014-09-15")
 class Kill(DesktopTest):
 
     def stored(self):
-        """What an answer to the first question changes."""
+        """The columns that an answer to the first question changes."""
         row = self.store.patient("Martin")
         return row["test"], row["test_date"], row["notification_date"]
 
     def kill_at(self, suffix, event, outcomes):
-        """Kills the program as soon as `event` happens to the file of the database with this suffix, while an answer is
-        saved; the next start shows one of `outcomes`, and takes the answer."""
+        """Kills the program at `event` of the database file with this suffix while an answer is saved; the next start must
+        show one of `outcomes`, and store the answer."""
         self.store.make_folder()
         widget = self.start_ready()
         widget.create("Martin")
@@ -37,13 +37,13 @@ class Kill(DesktopTest):
             widget.answer("test", "Oui")
         wait_until(lambda: self.stored() == ANSWERED, "the answer is stored")
 
-    def test_before_a_byte_is_written(self):
+    def test_a_kill_before_the_database_is_written_leaves_all_or_nothing(self):
         self.kill_at("-journal", CREATED, [UNANSWERED, ANSWERED])
 
-    def test_in_the_middle_of_the_database(self):
+    def test_a_kill_while_the_database_is_written_leaves_all_or_nothing(self):
         self.kill_at("", MODIFIED, [UNANSWERED, ANSWERED])
 
-    def test_after_the_commit(self):
+    def test_a_kill_after_the_commit_loses_nothing(self):
         self.kill_at("-journal", DELETED, [ANSWERED])
 
 

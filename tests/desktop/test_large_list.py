@@ -1,4 +1,4 @@
-"""Ten thousand patients in each tab: the list scrolls, ticks and prints, and deletes as far as SQLite goes."""
+"""Ten thousand patients in each tab: the list scrolls, ticks, prints, and deletes up to the limit of SQLite."""
 
 from support.case import DesktopTest, main
 from support.patient_list import ALL, REMOVE, SELECT_ALL, WAITING, PatientList
@@ -6,7 +6,7 @@ from support.waiting import wait_equal, wait_until
 
 COUNT = 10000
 ROW_HEIGHT = 42
-# A person takes a longer pause for a program that hangs.
+# A user takes a longer pause for a hang.
 PATIENCE_FOR_ONE_STEP = 10
 
 
@@ -20,7 +20,7 @@ class LargeList(DesktopTest):
         self.list = PatientList(self.widget).open()
         wait_equal(lambda: self.list.names()[:1], ["Patient 00000"], "the first rows are shown")
 
-    def test_scrolls_while_the_wheel_turns(self):
+    def test_the_list_scrolls_while_the_wheel_turns(self):
         place = self.list.place
         row = self.list.window.find("Ouvrir Patient 00008", "push button")
         before = row.box.y
@@ -30,7 +30,7 @@ class LargeList(DesktopTest):
         wait_until(lambda: (self.list.names() or [""])[0] > "Patient 00010", "the rows move", PATIENCE_FOR_ONE_STEP)
         self.picture("list-scrolled")
 
-    def test_select_all_and_print_in_each_tab(self):
+    def test_select_all_and_print_work_in_each_tab(self):
         for tab in (WAITING, ALL):
             self.list.show_tab(tab)
             self.list.click("Imprimer")
@@ -41,27 +41,27 @@ class LargeList(DesktopTest):
         self.list.click(SELECT_ALL, "check box")
         wait_until(lambda: len(self.list.ticked()) > 5, "the shown rows are ticked", PATIENCE_FOR_ONE_STEP)
 
-    def test_more_than_one_statement_can_delete_are_all_kept(self):
+    def test_more_patients_than_one_statement_can_delete_are_all_kept(self):
         self.complains = True
-        # SQLite takes 999 patients in the one statement that deletes; a longer one fails and deletes nobody.
+        # The statement that deletes can name 999 patients; a longer one fails and deletes none.
         self.list.click(SELECT_ALL, "check box")
         wait_until(self.list.ticked, "the rows are ticked", PATIENCE_FOR_ONE_STEP)
         self.list.click(REMOVE)
-        wait_until(lambda: "Expression tree is too large" in self.widget.log, "the log says what failed")
+        wait_until(lambda: "Expression tree is too large" in self.widget.log, "the log names the error")
         self.assertEqual(len(self.store.patients()), COUNT)
         self.assertTrue(self.list.ticked())
 
 
 class LongList(DesktopTest):
 
-    def test_all_of_999_patients_are_deleted_at_one_click(self):
+    def test_one_click_deletes_999_patients(self):
         self.store.seed(*({"name": f"Patient {number:05}", "created": "2014-04-10", "notification_date": "2014-05-01"}
                           for number in range(999)))
         patients = PatientList(self.start_ready(clock="2014-05-12 10:00:00")).open()
         patients.click(SELECT_ALL, "check box")
         wait_until(patients.ticked, "the rows are ticked", PATIENCE_FOR_ONE_STEP)
         patients.click(REMOVE)
-        wait_equal(self.store.patients, [], "everybody is deleted")
+        wait_equal(self.store.patients, [], "all patients are deleted")
         wait_equal(patients.names, [], "the list is empty")
 
 

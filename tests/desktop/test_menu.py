@@ -1,4 +1,4 @@
-"""The context menu: how it opens and what its three items do."""
+"""The context menu: how it opens, and its three items."""
 
 from support.case import DesktopTest, main
 from support.screen import RIGHT
@@ -19,7 +19,7 @@ class ContextMenu(DesktopTest):
         self.widget.press("Escape")
         wait_until(lambda: self.widget.menu_window() is None, "the menu closes")
 
-    def test_opens_on_the_header_and_on_the_cross(self):
+    def test_the_menu_opens_on_the_header_and_on_the_cross(self):
         self.widget.open_menu()
         self.picture("menu")
         self.close_menu()
@@ -34,7 +34,7 @@ class ContextMenu(DesktopTest):
         self.close_menu()
         self.assertIsNotNone(self.widget.window())
 
-    def test_does_not_open_elsewhere(self):
+    def test_the_menu_does_not_open_elsewhere(self):
         place = self.widget.geometry()
         self.desktop.screen.click(place.x + 100, place.y + 160, RIGHT)
         stays(lambda: self.widget.menu_window() is None, "no menu", 0.5)
@@ -45,27 +45,27 @@ class ContextMenu(DesktopTest):
         self.assertTrue(self.widget.running)
         self.widget.toggle_by_tray()
 
-    def test_launch_at_login_is_switched_off_and_on(self):
+    def test_launch_at_login_can_be_switched_off_and_on(self):
         self.assertIs(self.home.login_list()["Disabled"], False)
         for disabled in (True, False, True):
             self.widget.open_menu()
             self.widget.choose("Lancer au démarrage")
             wait_equal(lambda: self.home.login_list()["Disabled"], disabled, "the property list follows")
             wait_equal(lambda: self.home.login_entry().get("Hidden", "false"), str(disabled).lower(),
-                       "the desktop's own entry follows")
+                       "the autostart entry follows")
 
-    def test_a_list_edited_by_hand_is_seen(self):
+    def test_a_manually_edited_list_is_respected(self):
         self.home.write_login_list({"Label": "com.olmeric.vesktandry", "Disabled": True})
         self.widget.open_menu()
-        # The tick still stands; taking it away asks for what the file already says, so nothing is written.
+        # The menu item is still ticked; unticking it sets the value that the file already has: nothing is written.
         self.widget.choose("Lancer au démarrage")
         stays(lambda: self.home.login_list() == {"Label": "com.olmeric.vesktandry", "Disabled": True},
-              "the list is left alone", 0.5)
+              "the list does not change", 0.5)
         self.home.write_login_list({"Label": "com.olmeric.vesktandry"})
         self.widget = self.restart(self.widget)
         self.widget.open_menu()
         self.widget.choose("Lancer au démarrage")
-        wait_equal(lambda: self.home.login_list()["Disabled"], False, "a list without the key had read as off")
+        wait_equal(lambda: self.home.login_list()["Disabled"], False, "a list without the key counted as off")
 
     def test_about_names_the_version_and_the_installation(self):
         self.widget.open_menu()
@@ -90,7 +90,7 @@ class ContextMenu(DesktopTest):
         self.widget.wait_gone("Fermeture de Tandry")
         self.assertTrue(self.widget.running)
 
-    def test_works_from_the_keyboard(self):
+    def test_the_menu_works_from_the_keyboard(self):
         self.widget.press("F10")
         self.wait_for_menu()
         place, window = self.desktop.screen.geometry(self.widget.menu_window()), self.widget.geometry()

@@ -1,4 +1,4 @@
-"""A name is data: it is stored and shown as typed, whatever it looks like."""
+"""Names are stored and shown exactly as typed."""
 
 from support.case import DesktopTest, main
 from support.tandry import NAME_FIELD, SEARCH_FIELD
@@ -14,20 +14,20 @@ class OddNames(DesktopTest):
         super().setUp()
         self.widget = self.start_ready()
 
-    def test_typed_stored_found_and_shown_as_typed(self):
+    def test_odd_names_are_stored_found_and_shown_as_typed(self):
         for name in NAMES:
             with self.subTest(name=name):
                 self.widget.create(name)
                 self.assertEqual(self.store.patients()[-1]["name"], name)
                 self.widget.back()
                 self.widget.search(name[:4])
-                wait_until(lambda: name in self.widget.results(), "the row bears the name")
+                wait_until(lambda: name in self.widget.results(), "the row shows the name")
                 self.picture(f"odd-name-{NAMES.index(name)}")
                 self.widget.open_patient(name, search=name[:4])
                 self.widget.back()
         self.assertEqual([row["name"] for row in self.store.patients()], NAMES)
 
-    def test_ten_thousand_characters(self):
+    def test_a_name_of_ten_thousand_characters_is_stored(self):
         name = "LONGUE VIE, ANNE" * 625
         self.widget.type("LONGUE VIE, ANNE")
         for _ in range(4):

@@ -1,4 +1,4 @@
-"""A patient is created, answered for and found again; the reminder date moves as the pathway says."""
+"""A patient is created, answered for and found again; the reminder follows the pathway."""
 
 from support.case import DesktopTest, main
 from support.tandry import GATE_1, GATE_2, NAME_FIELD, PHONE_FIELD
@@ -24,7 +24,7 @@ class PatientTest(DesktopTest):
 
 class Pathway(PatientTest):
 
-    def test_from_creation_to_the_last_step_and_back_to_the_second(self):
+    def test_answers_move_the_reminder_from_creation_to_the_last_step_and_back(self):
         name = "DUPONT Marie"
         self.widget = self.start_ready(clock=CLOCK)
         self.widget.search(name)
@@ -38,7 +38,7 @@ class Pathway(PatientTest):
         self.assertEqual((row["created"], row["notification_date"], row["genderMale"]), (TODAY, TODAY, 1))
 
         self.answer_and_expect(name, "test", "Non", "2014-09-15", ["test"])
-        wait_equal(self.widget.asked, ["test", "rdv1"], "the work-up is asked for")
+        wait_equal(self.widget.asked, ["test", "rdv1"], "the question about the work-up is shown")
         self.answer_and_expect(name, "rdv1", "Oui", "2050-05-12", ["test", "rdv1"])
         self.widget.control(GATE_1)
         self.assertEqual(self.widget.asked(), ["test", "rdv1"])
@@ -54,7 +54,7 @@ class Pathway(PatientTest):
         self.answer_and_expect(name, "rdv1", "Non", "2014-09-15", ["test", "rdv1"])
         wait_equal(self.widget.asked, ["test", "rdv1"], "the later questions are gone")
         self.answer_and_expect(name, "test", "Oui", "2014-09-15", ["test"])
-        wait_equal(self.widget.asked, ["test", "confirmation"], "the work-up is left out")
+        wait_equal(self.widget.asked, ["test", "confirmation"], "the work-up is skipped")
         self.answer_and_expect(name, "confirmation", "Non", "2050-05-12", ["test", "confirmation"])
 
     def test_the_new_patient_waits_at_once(self):
@@ -66,7 +66,7 @@ class Pathway(PatientTest):
         wait_equal(lambda: self.home.settings().get("PatientsWaitingCounter"), "1", "the counter is kept")
         self.assertEqual(self.home.settings()["PatientsCounter"], "1")
 
-    def test_switching_an_answer_leaves_the_last_one(self):
+    def test_switching_an_answer_stores_the_last_one(self):
         self.store.seed({"name": "Dupont", "created": "2014-10-02"})
         self.widget = self.start_ready(clock=CLOCK)
         self.widget.open_patient("Dupont")
@@ -75,25 +75,25 @@ class Pathway(PatientTest):
         wait_equal(self.widget.asked, ["test", "rdv1"], "the pathway follows the last answer")
         self.assertEqual(self.store.patient("Dupont")["test"], 0)
 
-    def test_a_folded_question_shows_its_short_answer(self):
+    def test_a_collapsed_question_shows_its_short_answer(self):
         self.store.seed({"name": "Dupont", "created": "2014-04-10"})
         self.widget = self.start_ready(clock=CLOCK)
         self.widget.open_patient("Dupont")
         self.widget.answer("test", "Non")
         self.widget.wait_for_question("rdv1")
         question = self.widget.control("Avez-vous pratiqué des tests cutanés sur le patient ? Non", "push button")
-        wait_until(lambda: self.shows(question.box, RED), "a red answer stands in the folded question")
+        wait_until(lambda: self.shows(question.box, RED), "the collapsed question shows a red answer")
         self.widget.answer("test", "Oui")
         question = self.widget.control("Avez-vous pratiqué des tests cutanés sur le patient ? Oui", "push button")
-        wait_until(lambda: self.shows(question.box, GREEN), "a green answer stands in the folded question")
+        wait_until(lambda: self.shows(question.box, GREEN), "the collapsed question shows a green answer")
         self.assertFalse(self.shows(question.box, RED))
 
     def shows(self, box, colour):
-        """Whether a pixel of this colour is in that place."""
+        """Whether that area contains a pixel of this colour."""
         pixels = self.desktop.screen.region(box)
         return any(pixels[i:i + 3] == colour for i in range(0, len(pixels), 3))
 
-    def test_on_a_31st_september_rolls_over(self):
+    def test_september_rolls_over_on_a_31st(self):
         self.store.seed({"name": "Dupont", "created": "2014-04-10"})
         self.widget = self.start_ready(clock="2014-05-31 10:00:00")
         self.widget.open_patient("Dupont")
@@ -125,7 +125,7 @@ class Pathway(PatientTest):
         self.widget.open_patient("DUPONT Marie", search="du")
         self.widget.control("Avez-vous pratiqué des tests cutanés sur le patient ? Oui")
         self.widget.control("Confirmation de l'allergie au pollen de graminés ? Oui")
-        wait_equal(self.widget.asked, ["test", "confirmation", "rdv2"], "the pathway goes on where it was")
+        wait_equal(self.widget.asked, ["test", "confirmation", "rdv2"], "the pathway continues where it was")
 
 
 class Fields(PatientTest):
@@ -136,7 +136,7 @@ class Fields(PatientTest):
                          "notification_date": "2014-09-15"})
         self.widget = self.start_ready(clock=CLOCK)
 
-    def test_name_phone_and_gender_wait_for_the_button(self):
+    def test_name_phone_and_gender_are_stored_by_the_button(self):
         self.widget.open_patient("Dupont")
         self.widget.control("Date du 1er rendez-vous : 10/04/2014")
         self.widget.replace_text(PHONE_FIELD, "0145670000")
@@ -151,7 +151,7 @@ class Fields(PatientTest):
         self.assertEqual((row["phone"], row["genderMale"], row["created"], row["notification_date"]),
                          ("0145670000", 0, "2014-04-10", "2014-09-15"))
 
-    def test_cancel_drops_what_was_edited(self):
+    def test_cancel_discards_the_edits(self):
         self.widget.open_patient("Dupont")
         self.widget.replace_text(PHONE_FIELD, "0145670000")
         self.widget.click("Annuler")
@@ -164,23 +164,23 @@ class Fields(PatientTest):
         self.widget.replace_text(PHONE_FIELD, "01 23 45 67 89 10")
         self.assertEqual(self.widget.control(PHONE_FIELD).text, "01 23 45 67 89")
 
-    def test_emptying_the_name_deletes_at_one_click(self):
+    def test_clearing_the_name_deletes_the_patient_with_one_click(self):
         self.widget.open_patient("Dupont")
         self.widget.replace_text(NAME_FIELD, "")
         self.picture("patient-delete")
         self.widget.click("Supprimer")
-        wait_equal(self.store.patients, [], "the patient is gone")
+        wait_equal(self.store.patients, [], "the patient is deleted")
         self.widget.wait_gone(NAME_FIELD, "text")
         self.widget.control("Nouvelle fiche patient")
 
-    def test_a_phone_right_after_creation_empties_the_reminder(self):
+    def test_a_phone_saved_right_after_creation_clears_the_reminder(self):
         self.widget.create("MARTIN Paul")
         self.widget.replace_text(PHONE_FIELD, "06")
         self.widget.click("Enregistrer")
         wait_equal(lambda: self.store.patient("MARTIN Paul")["phone"], "06", "the phone is stored")
         self.assertEqual(self.store.patient("MARTIN Paul")["notification_date"], "")
 
-    def test_a_nameless_new_patient_cannot_be_stored(self):
+    def test_a_new_patient_without_a_name_cannot_be_stored(self):
         self.widget.click("Nouvelle fiche patient")
         self.widget.control(NAME_FIELD, "text")
         self.widget.type("X")

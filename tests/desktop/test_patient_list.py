@@ -1,4 +1,4 @@
-"""The list popup: its two tabs, ticks, deletion, and the way to one patient."""
+"""The list popup: its two tabs, ticks, deletion, and opening a patient."""
 
 from support.case import DesktopTest, main
 from support.desktop import WIDTH
@@ -31,7 +31,7 @@ class PatientListTest(DesktopTest):
 
 class Content(PatientListTest):
 
-    def test_the_waiting_patients(self):
+    def test_the_waiting_tab_lists_the_waiting_patients(self):
         wait_equal(self.list.rows, [
             ["adam Léo", "02/03/2014", "Non", "Non"],
             ["DUPONT Marie", "10/04/2014", "?", "0601020304"],
@@ -39,7 +39,7 @@ class Content(PatientListTest):
         self.assertIsNotNone(self.list.window.find("3 patients en attente", "label"), "the badge")
         self.picture("list-waiting")
 
-    def test_all_patients(self):
+    def test_the_other_tab_lists_all_patients(self):
         self.list.show_tab(ALL)
         wait_equal(self.list.rows, [
             ["adam Léo", "02/03/2014", "Non", "Non"],
@@ -48,7 +48,7 @@ class Content(PatientListTest):
             ["ZOLA Émile", "24/12/2013", "Oui", "-", "?"]], "all patients in name order")
         self.picture("list-all")
 
-    def test_the_colours_of_the_tabs(self):
+    def test_each_tab_has_its_colours(self):
         place, pixel = self.list.place, self.desktop.screen.pixel
         wait_equal(lambda: pixel(place.x + 5, place.y + 110), "#e44d5f", "the table header of the waiting tab")
         self.assertEqual([pixel(place.x + 5, place.y + 160 + 42 * row) for row in range(3)],
@@ -61,12 +61,12 @@ class Content(PatientListTest):
                    ["#f9f9f9", "#e5e8ed", "#f9f9f9", "#e5e8ed"], "the rows of the other tab")
         self.assertEqual([pixel(place.x + x, place.y + 60) for x in (20, 780)], ["#fcbbc3", "#f9f9f9"])
 
-    def test_a_change_in_the_widget_is_seen(self):
-        wait_equal(lambda: len(self.list.rows()), 3, "three patients wait")
+    def test_the_list_follows_a_change_in_the_widget(self):
+        wait_equal(lambda: len(self.list.rows()), 3, "three patients are waiting")
         self.widget.create("BERNARD Anne")
         wait_equal(self.list.names, ["adam Léo", "BERNARD Anne", "DUPONT Marie", "ZOLA Émile"], "the new one too")
         self.widget.answer("test", "Non")
-        wait_equal(self.list.names, ["adam Léo", "DUPONT Marie", "ZOLA Émile"], "she does not wait any more")
+        wait_equal(self.list.names, ["adam Léo", "DUPONT Marie", "ZOLA Émile"], "the patient is no longer waiting")
 
     def test_the_sms_button_opens_the_service_and_nothing_else(self):
         self.list.click("Envoi SMS", "push button")
@@ -76,7 +76,7 @@ class Content(PatientListTest):
 
 class Ticks(PatientListTest):
 
-    def test_tick_and_delete_without_a_question(self):
+    def test_ticked_patients_are_deleted_without_a_question(self):
         self.list.tick("DUPONT Marie")
         self.list.tick("ZOLA Émile")
         wait_equal(self.list.ticked, ["DUPONT Marie", "ZOLA Émile"], "two rows are ticked")
@@ -106,7 +106,7 @@ class Ticks(PatientListTest):
 
 class OnePatient(PatientListTest):
 
-    def test_a_row_opens_in_the_widget_wherever_that_is(self):
+    def test_a_row_opens_in_the_widget_even_if_it_is_hidden(self):
         moved = self.widget.drag((120, 20), (1030, 475))
         self.widget.click("Fermer", "push button")
         wait_until(lambda: self.widget.window() is None, "the widget is hidden")
@@ -133,29 +133,29 @@ class OnePatient(PatientListTest):
 class Window(PatientListTest):
 
     def close(self):
-        """Clicks the popup's cross."""
+        """Clicks the popup's close button."""
         self.list.click("Fermer", "push button")
         wait_until(lambda: self.widget.window(LIST_WIDTH) is None, "the cross hides the popup")
 
-    def test_has_its_size_and_is_dragged_by_its_header(self):
+    def test_the_popup_has_its_size_and_is_dragged_by_its_header(self):
         place = self.list.place
         self.assertEqual(place[2:], (800, 650))
         self.list.drag_to(place.x + 50, place.y + 30)
         wait_equal(lambda: self.home.settings().get("ShowListViewCounter"), "1", "the opening is counted")
 
-    def test_comes_back_when_it_has_left_the_screen(self):
+    def test_the_popup_returns_when_it_has_left_the_screen(self):
         self.list.drag_to(-195, 100)
         self.close()
         self.list.open()
         wait_equal(lambda: self.list.place[:2], (WIDTH - 995, 35), "it is at its place left of the widget")
 
-    def test_opens_where_it_was_left(self):
+    def test_the_popup_opens_where_it_was_closed(self):
         self.list.drag_to(130, 250)
         self.close()
         self.list.open()
         self.assertEqual(self.list.place[:2], (130, 250))
 
-    def test_keeps_its_tab_while_it_is_hidden(self):
+    def test_the_popup_keeps_its_tab_while_it_is_hidden(self):
         self.list.show_tab(ALL)
         self.close()
         self.list.open()

@@ -1,4 +1,4 @@
-"""The list is printed through the print dialog, here into a PDF file that is read back."""
+"""The list is printed through the print dialog to a PDF file, which the tests read."""
 
 import os
 import subprocess
@@ -14,7 +14,7 @@ A4_POINTS = (595, 842)
 
 
 def patients(count):
-    """So many patients, every second of them waiting."""
+    """That many patients; every second one is waiting."""
     return [{"name": f"NOM-{number:02} Prénom", "created": "2014-04-10", "phone": "06 01 02 03 04", "test": 0,
              "test_date": "2014-04-10", "rdv1": 1, "date1": "2014-04-11",
              "notification_date": "2014-05-12" if number % 2 == 0 else "2014-09-15"} for number in range(count)]
@@ -27,7 +27,7 @@ class Printing(DesktopTest):
         dialog = self.open_dialog(title)
         field = dialog.find(role="text")
         self.widget.click_found(lambda: field, "the field for the file")
-        wait_until(lambda: field.has("focused"), "the field has the keyboard")
+        wait_until(lambda: field.has("focused"), "the field has the focus")
         self.widget.press("ctrl+a")
         self.widget.type(path)
         wait_equal(lambda: field.text, path, "the file is named")
@@ -44,20 +44,20 @@ class Printing(DesktopTest):
         self.list = PatientList(self.widget).open()
 
     def counter(self):
-        """How often the settings say that something was printed."""
+        """The number of prints in the settings."""
         return self.home.settings().get("PrinterCounter")
 
     def text_of(self, path):
-        """What stands on the printed pages, as it is laid out."""
+        """The text of the printed pages in its layout."""
         return subprocess.run(["pdftotext", "-layout", path, "-"], capture_output=True, check=True,
                               text=True).stdout
 
     def keep_page(self, path, name):
-        """Leaves a picture of the first page among the artefacts."""
+        """Saves a picture of the first page among the artefacts."""
         subprocess.run(["pdftoppm", "-r", "100", "-png", "-singlefile", path, self.artefact(name)[:-len(".png")]],
                        check=True)
 
-    def test_twenty_patients_on_a_readable_page(self):
+    def test_twenty_patients_fit_on_a_readable_page(self):
         self.start_with(*patients(20))
         self.list.show_tab(ALL)
         path = os.path.join(self.home.folder, "liste.pdf")
@@ -78,7 +78,7 @@ class Printing(DesktopTest):
         self.assertA4(path)
 
     def assertA4(self, path):
-        """One page, upright, of the size that the practice's paper has."""
+        """Asserts one portrait page of the paper's size."""
         about = subprocess.run(["pdfinfo", path], capture_output=True, check=True, text=True).stdout
         facts = dict(line.split(":", 1) for line in about.splitlines() if ":" in line)
         self.assertEqual(facts["Pages"].strip(), "1")
@@ -95,7 +95,7 @@ class Printing(DesktopTest):
         self.assertEqual([line.split()[0] for line in text.splitlines() if "NOM-" in line],
                          ["NOM-00", "NOM-02", "NOM-04"])
 
-    def test_an_empty_list_prints_too(self):
+    def test_an_empty_list_can_be_printed_too(self):
         self.start_with({"name": "Dupont", "notification_date": ""})
         path = os.path.join(self.home.folder, "vide.pdf")
         self.print_to(path, WAITING_TITLE)
@@ -109,15 +109,15 @@ class Printing(DesktopTest):
         self.widget.press("Escape")
         self.widget.wait_gone(WAITING_TITLE, "dialog")
         self.widget.click("Contacts VESK", "push button")
-        wait_equal(lambda: self.home.settings().get("ShowContactViewCounter"), "1", "the program goes on")
+        wait_equal(lambda: self.home.settings().get("ShowContactViewCounter"), "1", "the program keeps running")
         self.assertIsNone(self.counter())
 
-    def test_a_folder_that_cannot_be_written_stops_nothing(self):
+    def test_an_unwritable_folder_does_not_stop_the_program(self):
         self.start_with(*patients(2))
         self.print_to("/proc/liste.pdf", WAITING_TITLE)
-        # The dialog either refuses the file in a box of its own or accepts it in vain.
+        # The dialog either rejects the file in a message box or accepts it without effect.
         wait_until(lambda: self.widget.find(role="alert") or self.counter() or self.widget.find(role="dialog") is None,
-                   "the print is answered")
+                   "the print ends in some way")
         self.widget.press("Escape", "Escape")
         self.widget.wait_gone(WAITING_TITLE, "dialog")
         self.list.show_tab(ALL)

@@ -1,4 +1,4 @@
-"""What is known of a patient stands in the database, its copies, the windows and on the paper asked for; nowhere else."""
+"""Patient data is in the database, its copies, the windows and on requested prints; nowhere else."""
 
 import os
 import re
@@ -16,16 +16,16 @@ from support.widget import LIST_WIDTH
 NAME, PHONE = "ZQUIXOTAV Wplimbrond", "0739184620"
 DELETED, DELETED_PHONE = "KRVELSTUN Jhopazdig", "0628451973"
 MARKS = NAME.split() + [PHONE] + DELETED.split() + [DELETED_PHONE]
-DAY_BEFORE = "2014-05-11 10:00:00"  # the program's day: then the service's certificate is valid in every time zone
+DAY_BEFORE = "2014-05-11 10:00:00"  # before the program's date: the service's certificate is valid in every time zone
 PRINT_TITLE = "Liste de tous les patients"
-# The program's own lines and the toolkit's at every level, but the toolkit's inner traces: they name every key press.
+# All log lines of the program and of Qt, except Qt's internal traces, which name every key press.
 EVERYTHING = {"QT_LOGGING_RULES": "*=true;qt.*.debug=false;qt.*.info=false"}
-FRAME, GROWN_HEIGHT = "#002457", 399  # of the editor with two questions, one of them unfolded
+FRAME, GROWN_HEIGHT = "#002457", 399  # of the editor with two questions, one of them expanded
 FILE, FOLDER, SOCKET = "-rw-------", "drwx------", "srwx------"
 
 
 class Privacy(DesktopTest):
-    complains = True  # an answer is refused on the way: what is said then is looked at, too
+    complains = True  # one answer is refused; its log lines are checked, too
 
     def setUp(self):
         super().setUp()
@@ -34,14 +34,14 @@ class Privacy(DesktopTest):
         self.pdf = os.path.join(self.home.folder, "liste.pdf")
 
     def start_looking(self):
-        """Starts the program with every line of its log and waits until it has done what it does by itself."""
+        """Starts the program with full logging and waits until it has finished its own actions."""
         uploads, refreshes = len(self.service.requests), self.log().count("Refreshing icon.")
         self.widget = self.start(environment={**EVERYTHING, **self.service.environment}).wait_until_ready()
         wait_until(lambda: self.log().count("Refreshing icon.") > refreshes, "the first refresh is done")
         wait_until(lambda: len(self.service.requests) > uploads, "the statistics are uploaded")
 
     def log(self):
-        """All that the runs have written to their output."""
+        """The output of all runs."""
         with open(os.path.join(self.home.notes, "program.log"), "ab+") as file:
             file.seek(0)
             return file.read().decode("utf-8", errors="replace")
@@ -54,7 +54,7 @@ class Privacy(DesktopTest):
         wait_equal(lambda: self.store.patient(name)["phone"], phone, "the number is stored")
 
     def answer_while_another_reads(self):
-        """An answer that cannot be stored; the modes of all that lies there while its transaction is open."""
+        """Gives an answer that cannot be stored; returns the modes of all files while its transaction is open."""
         other = self.store.read_lock()
         try:
             self.widget.click_answer("test", "Oui")
@@ -66,8 +66,8 @@ class Privacy(DesktopTest):
         return seen
 
     def open_sms_page(self):
-        """Presses the bar below the questions. It lies at its place before the frame has grown around it, and what the
-        frame does not show yet cannot be pressed."""
+        """Presses the bar below the questions. The bar reaches its position before the frame has grown, and cannot be
+        clicked outside the frame."""
         def frame_has_grown():
             place = self.widget.geometry()
             bottom = self.desktop.screen.pixel(place.x + place.width // 2, place.y + place.height - 3)
@@ -83,7 +83,7 @@ class Privacy(DesktopTest):
         dialog = self.widget.control(PRINT_TITLE, "dialog")
         field = dialog.find(role="text")
         self.widget.click_found(lambda: field, "the field for the file")
-        wait_until(lambda: field.has("focused"), "the field has the keyboard")
+        wait_until(lambda: field.has("focused"), "the field has the focus")
         self.widget.press("ctrl+a")
         self.widget.type(self.pdf)
         wait_equal(lambda: field.text, self.pdf, "the file is named")
@@ -92,13 +92,13 @@ class Privacy(DesktopTest):
         wait_equal(lambda: self.home.settings().get("PrinterCounter"), "1", "the print is counted")
 
     def look_around(self):
-        """Nothing that other programs see of the running one names a patient."""
+        """Asserts that nothing that other programs can see of the running program names a patient."""
         pid = self.widget.process.pid
         self.assertEqual(traces.in_process(MARKS, pid), [])
         self.assertEqual(traces.found(MARKS, self.window_properties(pid)), [])
 
     def window_properties(self, pid):
-        """Titles, classes and whatever else the windows carry."""
+        """Titles, classes and all other window properties."""
         windows = self.desktop.screen.windows(pid)
         self.assertTrue(windows)
         return b"\n".join(subprocess.run(["xprop", "-id", str(window), "-notype"], env=self.desktop.environment,
@@ -110,20 +110,20 @@ class Privacy(DesktopTest):
         return label and label.name
 
     def quit(self):
-        """Ends the program by its menu."""
+        """Quits the program from its menu."""
         self.widget.open_menu()
         self.widget.choose("Quitter")
         self.widget.click("OK", "push button")
         self.assertEqual(self.widget.wait_for_exit(), 0)
 
     def assertOwnersAlone(self, seen, *kinds):
-        """Every file, folder and socket is its owner's; among them is at least one of each kind."""
+        """Asserts that only the owner can access each file, folder and socket, and that each of the patterns matches one."""
         right = {"-": FILE, "d": FOLDER, "s": SOCKET}
         self.assertEqual({path: mode for path, mode in seen.items() if mode != right[mode[0]]}, {})
         for kind in kinds:
             self.assertTrue([path for path in seen if re.search(kind, path)], f"{kind} in {sorted(seen)}")
 
-    def test_a_patients_name_and_number_are_found_nowhere_else(self):
+    def test_a_patients_name_and_number_are_nowhere_else(self):
         self.start_looking()
         self.create(DELETED, DELETED_PHONE)
         self.widget.back()
@@ -133,7 +133,7 @@ class Privacy(DesktopTest):
                                r"LaunchAgents/.*\.plist$", r"autostart/.*\.desktop$", r"tmp/.*-lockfile$",
                                r"tmp/qtsingleapp-\w+-\w+-\w+$")
         self.widget.answer("test", "Oui")
-        wait_until(lambda: self.store.patient(NAME)["test_date"], "the answer is stored once the file is free")
+        wait_until(lambda: self.store.patient(NAME)["test_date"], "the answer is stored once the file is unlocked")
         self.look_around()
         self.open_sms_page()
         self.widget.back()
@@ -150,7 +150,7 @@ class Privacy(DesktopTest):
         self.print_list()
         self.assertIn(NAME, " ".join(subprocess.run(["pdftotext", "-layout", self.pdf, "-"], capture_output=True,
                                                     check=True, text=True).stdout.split()))
-        self.widget.click_found(lambda: self.list.window.find("Fermer"), "the list's cross")
+        self.widget.click_found(lambda: self.list.window.find("Fermer"), "the list's close button")
         wait_until(lambda: self.widget.window(LIST_WIDTH) is None, "the list is closed")
         self.quit()
 
@@ -162,13 +162,13 @@ class Privacy(DesktopTest):
         self.assertNothingIsLeft()
 
     def make_waiting(self):
-        """The patient's day has come."""
+        """Sets the patient's reminder to today."""
         other = self.store.write_lock("UPDATE `Patients` SET notification_date = '2014-05-12'")
         other.execute("COMMIT")
         other.close()
 
     def assertNothingIsLeft(self):
-        """The marks stand in the database and its copies, where this search finds them, and in no other place."""
+        """Asserts that the search finds the marks in the database and its copies, and nowhere else."""
         self.assertEqual(sorted(traces.in_files(MARKS, self.home.folder)),
                          sorted([self.store.file] + self.store.copied_files()))
         self.assertEqual(traces.in_files(MARKS, self.home.notes), [])

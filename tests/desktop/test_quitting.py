@@ -1,4 +1,4 @@
-"""Quitting asks first, until it is told never to ask again."""
+"""Quitting asks first, unless the user has ticked "Ne plus me demander"."""
 
 from support.case import DesktopTest, main
 from support.waiting import stays, wait_equal, wait_until
@@ -25,7 +25,7 @@ class Quitting(DesktopTest):
         widget.click(TICK, "check box")
         wait_equal(self.never_again, stored, "the preference is stored at once")
 
-    def test_the_question(self):
+    def test_the_question_has_its_text_and_buttons(self):
         widget = self.start_ready()
         self.ask(widget)
         box = widget.control(role="alert")
@@ -74,7 +74,7 @@ class Quitting(DesktopTest):
         self.assertEqual(widget.wait_for_exit(), 0)
         self.assertIsNone(self.never_again())
 
-    def test_ticked_and_cancelled_quits_at_once_the_next_time(self):
+    def test_cancel_with_a_tick_quits_at_once_the_next_time(self):
         widget = self.start_ready()
         self.ask(widget)
         self.tick(widget, "true")
@@ -84,7 +84,7 @@ class Quitting(DesktopTest):
         widget.choose("Quitter")
         self.assertEqual(widget.wait_for_exit(), 0)
 
-    def test_ticked_and_ok_never_asks_again(self):
+    def test_ok_with_a_tick_never_asks_again(self):
         widget = self.start_ready()
         self.ask(widget)
         self.tick(widget, "true")
@@ -95,7 +95,7 @@ class Quitting(DesktopTest):
         widget.choose("Quitter")
         self.assertEqual(widget.wait_for_exit(), 0)
 
-    def test_unticked_again_asks_the_next_time(self):
+    def test_an_unticked_box_asks_again_the_next_time(self):
         widget = self.start_ready()
         self.ask(widget)
         self.tick(widget, "true")

@@ -1,4 +1,4 @@
-"""A short random walk through the window: after each step it shows and stores what a model of the rules expects."""
+"""A short random walk through the window: after each step it must show and store what a model of the rules expects."""
 
 import os
 import random
@@ -20,10 +20,10 @@ class RandomWalk(DesktopTest):
         walk.run(STEPS)
         self.assertEqual(walk.counts["steps"], STEPS)
 
-    def test_the_same_walk_every_day(self):
+    def test_a_walk_with_a_fixed_seed_matches_the_model(self):
         self.walk(FIXED_SEED)
 
-    def test_another_walk_every_day(self):
+    def test_a_walk_with_the_seed_of_the_day_matches_the_model(self):
         self.walk(int(os.environ.get(SEED) or random.SystemRandom().randrange(10 ** 9)))
 
 

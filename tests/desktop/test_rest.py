@@ -1,4 +1,4 @@
-"""Hidden, the widget sleeps: a laptop's battery must not pay for a program that waits for tomorrow."""
+"""A hidden widget sleeps, to spare the battery of a laptop."""
 
 import pathlib
 import time
@@ -6,23 +6,23 @@ import time
 from support.case import DesktopTest, main
 from support.waiting import wait_until
 
-# What the toolkit does by itself comes every ten seconds: the watched time has room for two of it.
+# Qt's own timers fire every ten seconds: the observed time covers two of them.
 FALLEN_ASLEEP_SECONDS, WATCHED_SECONDS = 3, 25
 
 
 class Rest(DesktopTest):
 
-    def test_hidden_it_is_woken_by_nothing(self):
+    def test_nothing_wakes_a_hidden_widget(self):
         widget = self.start("startup", clock=None)
         wait_until(lambda: "icon" in widget.log, "the first refresh is done")
-        wait_until(lambda: sleeps(widget.process.pid), "the statistics have given up, the scripts have come to rest")
+        wait_until(lambda: sleeps(widget.process.pid), "the statistics request has failed and the scripts are idle")
         before = wake_ups(widget.process.pid)
         time.sleep(WATCHED_SECONDS)
         self.assertLessEqual(wake_ups(widget.process.pid) - before, 3)
 
 
 def wake_ups(pid):
-    """How often a thread of the process was woken from waiting."""
+    """The number of times that a thread of the process woke up."""
     return sum(int(line.split()[1]) for status in pathlib.Path(f"/proc/{pid}/task").glob("*/status")
                for line in status.read_text(encoding="ascii").splitlines()
                if line.startswith("voluntary_ctxt_switches"))

@@ -1,4 +1,4 @@
-"""The way back: what was deleted or thrown away by mistake returns, through the window of the second program."""
+"""Deleted or dropped patients are restored with the window of tandry-restore."""
 
 import os
 
@@ -15,7 +15,7 @@ class RestoreProgram(Widget):
 
 
 class Restore(DesktopTest):
-    complains = True  # what the store throws away is said
+    complains = True  # the store logs the patients that it drops
 
     def start_restore(self):
         restore = RestoreProgram(self.desktop, self.home, clock=f"{DAY} 12:00:00")
@@ -28,7 +28,7 @@ class Restore(DesktopTest):
         cells = [cell.name for cell in restore.control("Copies").find_all(role="table cell")]
         return [cells[row:row + 3] for row in range(0, len(cells), 3)]
 
-    def test_a_patient_deleted_by_mistake_comes_back_alone(self):
+    def test_a_single_deleted_patient_can_be_restored(self):
         self.store.seed({"name": "Dupont", "created": "2026-04-10", "test": 1, "test_date": "2026-05-12"}, {"name": "Martin"})
         widget = self.start_ready(clock=f"{DAY} 10:00:00")
         widget.open_patient("Dupont")
@@ -51,12 +51,12 @@ class Restore(DesktopTest):
         restore.control("C'est fait : 1 patient est revenu.")
         widget = self.start_ready(clock=f"{DAY} 13:00:00")
         widget.search("dup")
-        wait_equal(widget.results, ["Dupont"], "he is found again")
+        wait_equal(widget.results, ["Dupont"], "the patient is found again")
         dupont = self.store.patient("Dupont")
         self.assertEqual((dupont["id"], dupont["created"], dupont["test"], dupont["test_date"]),
                          (3, "2026-04-10", 1, "2026-05-12"))
 
-    def test_patients_that_an_older_version_cost_all_come_back(self):
+    def test_all_patients_of_an_older_version_can_be_restored(self):
         self.store.seed({"name": "Dupont"}, {"name": "Martin"}, version="1.2")
         self.start_ready(clock=f"{DAY} 10:00:00").stop()
         self.assertEqual(self.store.patients(), [])
@@ -69,7 +69,7 @@ class Restore(DesktopTest):
         restore.control("C'est fait : les patients sont ceux de la copie du samedi 21 novembre 2026, avant la mise à niveau.")
         widget = self.start_ready(clock=f"{DAY} 13:00:00")
         widget.search("mar")
-        wait_equal(widget.results, ["Martin"], "they are found again")
+        wait_equal(widget.results, ["Martin"], "the patients are found again")
         self.assertEqual([row["name"] for row in self.store.patients()], ["Dupont", "Martin"])
 
 

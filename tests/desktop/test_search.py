@@ -1,4 +1,4 @@
-"""Searching: the order of what is found, and how the window follows it."""
+"""Searching: the order of the results, and the height of the window."""
 
 from support.case import DesktopTest, main
 from support.tandry import NAME_FIELD, SEARCH_FIELD
@@ -28,12 +28,12 @@ class Search(DesktopTest):
         self.assertGreater(shrunk.seconds, 0.8)
         self.assertEqual(self.widget.results(), [])
 
-    def test_the_frame_inside_is_animated(self):
+    def test_the_frame_is_animated(self):
         place = self.widget.geometry()
         screen = self.desktop.screen
         self.widget.type("d")
         self.widget.watch_height(326)
-        # The frame's lower border has reached the window's.
+        # The frame's lower border has reached that of the window.
         wait_equal(lambda: screen.pixel(place.x + 100, place.y + 322), "#002457", "the frame fills the window")
         self.widget.press("BackSpace")
         wait_until(lambda: screen.pixel(place.x + 100, place.y + 322) != "#002457", "the frame shrinks")
@@ -49,16 +49,16 @@ class Search(DesktopTest):
         self.assertEqual(self.widget.control(SEARCH_FIELD, "text").text, "")
         self.assertEqual(self.widget.focus_name(), SEARCH_FIELD)
 
-    def test_a_result_opens_in_the_editor_and_the_arrow_leads_back(self):
+    def test_a_result_opens_in_the_editor_and_the_arrow_returns(self):
         self.widget.open_patient("Dupont", search="du")
         self.widget.control("Sexe : femme")
         self.widget.back()
         self.assertEqual(self.widget.control(SEARCH_FIELD, "text").text, "")
-        wait_equal(self.widget.focus_name, SEARCH_FIELD, "the search field has the keyboard again")
+        wait_equal(self.widget.focus_name, SEARCH_FIELD, "the search field has the focus again")
         self.widget.watch_height(174)
         self.assertIsNone(self.widget.find(NAME_FIELD, "text"))
 
-    def test_a_percent_sign_finds_everybody(self):
+    def test_a_percent_sign_finds_all_patients(self):
         self.widget.type("%")
         wait_equal(self.widget.results, ["Adu", "Dupont", "DURAND", "Martin"], "everybody is listed")
 

@@ -1,4 +1,4 @@
-"""The icon in a tray of the session bus, which can be clicked while a dialog is open."""
+"""The icon in a StatusNotifier tray, which can be clicked while a dialog is open."""
 
 from support.case import DesktopTest, main
 from support.notifier import Notifier
@@ -26,7 +26,7 @@ class StatusNotifier(DesktopTest):
         wait_until(lambda: self.widget.window() is None, "the widget is hidden")
 
     def close_dialog(self, key):
-        """Presses a key in the open dialog; the program must live on and show its widget again."""
+        """Presses a key in the open dialog; the program must keep running and show its widget again."""
         self.widget.press(key)
         wait_until(lambda: not self.dialog(), "the dialog closes")
         stays(lambda: self.widget.running, "the program runs", 0.5)
@@ -56,7 +56,7 @@ class StatusNotifier(DesktopTest):
 class LateNotifier(DesktopTest):
     tray = False
 
-    def test_a_program_that_starts_before_the_notifier_keeps_to_the_x11_tray(self):
+    def test_a_program_that_starts_before_the_notifier_stays_in_the_x11_tray(self):
         self.desktop.start_tray()
         self.addCleanup(self.desktop.stop_tray)
         widget = self.start_ready()
@@ -65,7 +65,7 @@ class LateNotifier(DesktopTest):
         self.addCleanup(notifier.stop)
         stays(lambda: widget.tray_window() and not notifier.has_icon(widget), "the icon stays where it is", 0.5)
         widget = self.restart(widget)
-        wait_until(lambda: notifier.has_icon(widget), "the next start takes the notifier")
+        wait_until(lambda: notifier.has_icon(widget), "the next start uses the notifier")
         self.assertIsNone(widget.tray_window())
 
 

@@ -23,7 +23,7 @@ class Tray(DesktopTest):
         return label and label.name
 
     def first_refresh(self, widget):
-        """Waits until the program has done all that it does by itself after a start."""
+        """Waits until the program has finished its own actions after a start."""
         wait_until(lambda: "icon 0." in widget.log, "the first refresh is done")
 
     def test_a_click_shows_and_hides_the_widget(self):
@@ -47,7 +47,7 @@ class Tray(DesktopTest):
         widget.click_tray(MIDDLE)
         stays(lambda: widget.window() is not None and widget.menu_window() is None, "nothing happens", 0.7)
 
-    def test_nobody_waits(self):
+    def test_without_waiting_patients_there_is_no_badge_or_message(self):
         self.store.seed({"name": "Dupont", **NOT_YET})
         widget = self.start_ready(clock=CLOCK)
         self.first_refresh(widget)
@@ -65,10 +65,10 @@ class Tray(DesktopTest):
             seen.append(self.icon(widget))
             self.picture(f"tray-{number}")
         self.assertIn("icon 2", widget.log)
-        # A change of the user's own is no news.
+        # A change by the user shows no message.
         self.assertIsNone(self.message(widget))
 
-    def test_more_than_99_wait(self):
+    def test_the_message_shows_numbers_above_99(self):
         self.store.seed(*({"name": f"Patient {number:03}", **WAITING_SINCE} for number in range(150)))
         widget = self.start_ready(clock=CLOCK)
         wait_equal(lambda: self.message(widget), "Vous avez 150 patients en attente", "the message has the number")
@@ -77,7 +77,7 @@ class Tray(DesktopTest):
         self.assertTrue(any(0 < text.y - title.y < 60 for title in titles), f"no title right above {text}: {titles}")
         self.picture("tray-99-plus")
 
-    def test_the_message_leads_to_the_list(self):
+    def test_the_message_opens_the_list(self):
         self.store.seed({"name": "Dupont", **WAITING_SINCE})
         widget = self.start_ready(clock=CLOCK)
         wait_equal(lambda: self.message(widget), "Vous avez 1 patient en attente", "the message is shown")

@@ -1,4 +1,4 @@
-"""Preferences that cannot be stored: everything works on, with what the file held, and the file stays as it is."""
+"""Preferences that cannot be stored: the program keeps working with the old values, and the file does not change."""
 
 import os
 
@@ -23,7 +23,7 @@ class UnwritableSettings(DesktopTest):
         self.addCleanup(isolation.release_disk, self.folder)
 
     def assertWorks(self, widget):
-        """Patients are stored, the popups open, and the program ends when it is asked to."""
+        """Asserts that patients are stored, the popups open, and the program quits."""
         widget.create("Martin")
         self.assertIsNotNone(self.store.patient("Martin"), "the patient is stored")
         widget.back()
@@ -35,7 +35,7 @@ class UnwritableSettings(DesktopTest):
         widget.click("OK", "push button")
         self.assertEqual(widget.wait_for_exit(), 0)
 
-    def test_a_read_only_folder(self):
+    def test_preferences_in_a_read_only_folder_are_not_changed(self):
         self.home.write_settings(KEPT)
         before = self.text()
         isolation.read_only_disk(self.folder)
@@ -43,16 +43,16 @@ class UnwritableSettings(DesktopTest):
         self.assertIn("{12345678-9abc-def0-1234-56789abcdef0}", first.log)
         self.assertWorks(first)
         widget = self.start_ready()
-        # Each start adds one to what the file holds.
+        # Each start adds one to the value in the file.
         wait_until(lambda: widget.log.count(EIGHTH_START) == 2, "the second start counts as the first did")
-        # The question was not answered for good: it could not be stored.
+        # The question appears again: the preference could not be stored.
         widget.open_menu()
         widget.choose("Quitter")
         widget.control(QUESTION, "label")
         self.assertEqual(self.text(), before)
         self.assertEqual(os.listdir(self.folder), ["Olmeric.conf"])
 
-    def test_a_full_disk(self):
+    def test_preferences_on_a_full_disk_are_not_changed(self):
         self.home.write_settings(KEPT)
         before = self.text()
         isolation.fill_disk(self.folder)
@@ -60,7 +60,7 @@ class UnwritableSettings(DesktopTest):
         self.assertEqual(self.text(), before)
 
     def text(self):
-        """The settings file as it is."""
+        """The content of the settings file."""
         with open(os.path.join(self.folder, "Olmeric.conf"), encoding="utf-8") as file:
             return file.read()
 

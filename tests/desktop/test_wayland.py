@@ -11,7 +11,7 @@ from support.waiting import wait_until
 
 class Wayland(unittest.TestCase):
 
-    def test_the_window_is_shown(self):
+    def test_the_window_is_shown_without_an_x_server(self):
         isolation.enter()
         home = Home()
         self.addCleanup(home.remove)
@@ -32,7 +32,7 @@ class Wayland(unittest.TestCase):
                 return file.read()
 
         wait_until(lambda: 'set_title("Vesk Tandry")' in said(), "the window has its title")
-        # The compositor gives the picture back once it has shown it.
+        # The compositor releases the buffer once it has shown it.
         wait_until(lambda: ", 275, 174, " in said() and ".release()" in said(), "the window is drawn and shown")
 
     def start(self, command, environment, **streams):

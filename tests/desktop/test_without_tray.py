@@ -1,4 +1,4 @@
-"""On a desktop without a tray everything else works."""
+"""On a desktop without a tray, everything else works."""
 
 from support.case import DesktopTest, main
 from support.patient_list import PatientList
@@ -8,7 +8,7 @@ from support.waiting import wait_equal, wait_until
 class WithoutTray(DesktopTest):
     tray = False
 
-    def test_the_widget_works(self):
+    def test_the_widget_works_without_a_tray(self):
         self.store.seed({"name": "Dupont", "created": "2014-04-10", "notification_date": "2014-05-01"})
         widget = self.start_ready(clock="2014-05-12 10:00:00")
         wait_until(lambda: "icon 1" in widget.log, "the first refresh is done")

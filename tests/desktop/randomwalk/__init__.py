@@ -1,1 +1,1 @@
-"""The program used at random beside a model of what it stores and shows."""
+"""Uses the program at random and compares it with a model of what it must store and show."""

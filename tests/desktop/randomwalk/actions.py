@@ -1,4 +1,4 @@
-"""How a control of either window is pressed: by mouse, by keys or over the accessibility bus."""
+"""Presses controls of both windows with the mouse, with keys or through the accessibility bus."""
 
 import time
 
@@ -13,16 +13,16 @@ _FOCUSABLE = ("push button", "text", "check box", "page tab", "link")
 
 
 class Actions:
-    """Of a walk, which has `_widget`, `_random`, `_view` (the last look), `_say` and `counts`."""
+    """Part of a walk, which has `_widget`, `_random`, `_view` (the last view), `_say` and `counts`."""
 
-    # How often of ten a control is pressed by mouse, keys and bus.
+    # How many of ten presses use the mouse, keys and the bus.
     ways = (3, 3, 4)
 
     def _press(self, name, role="push button", in_list=False):
         frame = self._view.list if in_list else self._view.widget
         found = [each for each in frame.controls if each.name == name and each.role == role]
         if not found:
-            raise NeverHappened(f"{role} {name!r} is not shown; there are "
+            raise NeverHappened(f"{role} {name!r} is not visible; there are "
                                 f"{[(each.role, each.name) for each in frame.controls]}")
         self._press_control(found[0], repr(name), in_list)
 
@@ -46,14 +46,14 @@ class Actions:
             self._widget.press(self._random.choice(("Return", "space", "KP_Enter")))
 
     def _at_rest(self, shown):
-        """The middle of a control once neither it nor what lies around it moves any more."""
+        """The centre of a control, once neither it nor the controls around it move any more."""
         view = self._view
         self._resting_boxes()
         self._view = view
         return self._widget.resting_place(lambda: shown.control, shown.name)
 
     def _covered(self, place):
-        """Whether the widget, which stays above, lies over that place."""
+        """Whether the widget, which stays on top, covers that position."""
         over = self._widget.geometry(MAIN_WIDTH)
         return over.x <= place[0] < over.x + over.width and over.y <= place[1] < over.y + over.height
 
@@ -70,19 +70,19 @@ class Actions:
             if keys:
                 self._widget.press(*keys)
             try:
-                return wait_until(lambda: self._has_keyboard(shown.control), "it has the keyboard", limit=1)
+                return wait_until(lambda: self._has_keyboard(shown.control), "it has the focus", limit=1)
             except NeverHappened:
-                # Not every control of that order is reached by Tab.
+                # Tab does not reach every control of that order.
                 pass
-        # Tab enters a table at its current row: the rows above that are reached backwards.
+        # Tab enters a table at its current row; Shift+Tab reaches the rows above it.
         for key in ["Tab"] * 40 + ["shift+Tab"] * 40:
             if self._has_keyboard(shown.control):
                 return None
             self._press_tab(key)
-        raise NeverHappened(f"Tab does not lead to {shown.name!r}")
+        raise NeverHappened(f"Tab does not reach {shown.name!r}")
 
     def _press_tab(self, key):
-        """Presses Tab, alone or with Shift; returns when the keyboard is elsewhere."""
+        """Presses Tab, alone or with Shift; returns when the focus has moved."""
         def place():
             view = look(self._widget.root)
             focused = view and view.active and view.active.focused()
@@ -90,7 +90,7 @@ class Actions:
 
         before = place()
         self._widget.press(key)
-        wait_until(lambda: place() not in (before, []), "Tab leads on")
+        wait_until(lambda: place() not in (before, []), "Tab moves the focus")
 
     @staticmethod
     def _has_keyboard(control):
@@ -103,8 +103,8 @@ class Actions:
         shown = self._view.widget.named(field, "text")
         if not (self._view.widget.active and "focused" in shown.states and self._random.random() < 0.6):
             self._widget.screen.click(*self._at_rest(shown))
-            wait_until(lambda: shown.control.has("focused"), f"{field} has the keyboard")
-        # Keys go to the window that is active.
+            wait_until(lambda: shown.control.has("focused"), f"{field} has the focus")
+        # Keys go to the active window.
         wait_until(lambda: self._widget.active_width() == MAIN_WIDTH, "the widget is active")
         self._widget.press("ctrl+a", "BackSpace")
         if text:
@@ -126,5 +126,5 @@ class Actions:
             self._view = view or self._view
             return view and time.monotonic() - since[0] >= _STILL_SECONDS
 
-        wait_until(at_rest, "the widget keeps still")
+        wait_until(at_rest, "the widget stops moving")
         return self._view.boxes()

@@ -1,4 +1,4 @@
-"""What the windows show and the database holds, beside what the model expects."""
+"""Compares the windows and the database with the model."""
 
 from support import tree
 from support.waiting import NeverHappened, wait_until
@@ -15,8 +15,8 @@ class Strayed(AssertionError):
 
 
 class Comparison:
-    """Of a walk, which has `_widget`, `_store`, `_model` and `counts`. Leaves the look that it found equal in `_view`;
-    `_focus` names the control that must have the keyboard, None for any that is shown."""
+    """Part of a walk, which has `_widget`, `_store`, `_model` and `counts`. Stores the matching view in `_view`; `_focus` is the
+    name of the control that must have the focus, None for any visible one."""
 
     _view = _focus = None
 
@@ -35,10 +35,10 @@ class Comparison:
         self._focus = None
 
     def _difference(self):
-        """What differs, None when nothing does."""
+        """The difference, or None."""
         view = look(self._widget.root)
         if view is None:
-            return "the windows do not keep still"
+            return "the windows do not stop moving"
         self._view = view
         problems, states = [], self._model.gate_states
         for state in states:
@@ -52,7 +52,7 @@ class Comparison:
             pairs = [("stored", self._stored(), self._expected_rows()), *self._widget_pairs(view),
                      ("list", view.list_content(), self._expected_list())]
         except (tree.Vanished, LookupError, AttributeError) as problem:
-            return f"the windows do not keep still: {type(problem).__name__} {problem}"
+            return f"the windows do not stop moving: {type(problem).__name__} {problem}"
         for what, seen, expected in pairs:
             if seen != expected:
                 return f"{what}:\n   expected {expected}\n   seen     {seen}"
@@ -72,7 +72,7 @@ class Comparison:
             yield "gates", view.gates(), model.gates()
             yield from self._box_pairs(view)
         else:
-            yield "questions of a patient who is gone", \
+            yield "questions of a deleted patient", \
                 {key: view.asked().get(key) for key in view.asked() if key in DATES}, model.asked() or {}
 
     def _box_pairs(self, view):
@@ -82,7 +82,7 @@ class Comparison:
             ticked = [name for name in ("Oui", "Non") if name in pair and "checked" in pair[name].states]
             yield f"boxes of {key}", ticked, [answer for answer in [model.asked().get(key)] if answer]
         if model.unfolded in model.asked():
-            yield "the unfolded question", list(boxes), [model.unfolded]
+            yield "the expanded question", list(boxes), [model.unfolded]
 
     def _expected_editor(self):
         editor = self._model.editor
@@ -106,21 +106,21 @@ class Comparison:
 
     @staticmethod
     def _known(number, row):
-        """What a row means: the flag of a step without a date means nothing."""
+        """The meaning of a row: the flag of a step without a date is ignored."""
         return (number, row["name"], row["genderMale"], row["phone"], row["created"], row["notification_date"],
                 answers_of(row), [row[DATES[key]] for key in STEPS])
 
     def _focus_problem(self, view):
         if view.active is None:
-            return "no window has the keyboard"
+            return "no window is active"
         focused = view.active.focused()
         if len(focused) > 1:
             focused = focused[-1:]
         if not focused and view.active.width == LIST_WIDTH:
-            # It comes without one; the first Tab gives it.
+            # It opens without a focused control; the first Tab focuses one.
             return None
         if not focused:
-            return "nothing that is shown has the keyboard"
+            return "no visible control has the focus"
         if self._focus and view.active.width == MAIN_WIDTH and focused[0].name != self._focus:
-            return f"{focused[0].name!r} has the keyboard instead of {self._focus!r}"
+            return f"{focused[0].name!r} has the focus instead of {self._focus!r}"
         return None

@@ -1,4 +1,4 @@
-"""What another process does with the database meanwhile."""
+"""Changes of the database by another process."""
 
 import sqlite3
 import threading
@@ -11,7 +11,7 @@ _SHORT_LOCK_SECONDS = 0.3
 
 
 class Elsewhere:
-    """Of a walk, which has `_store`, `_model`, `_random`, `_new_name`, `_say` and `counts`."""
+    """Part of a walk, which has `_store`, `_model`, `_random`, `_new_name`, `_say` and `counts`."""
 
     def _happens_elsewhere(self):
         self.counts["elsewhere"] += 1
@@ -49,7 +49,7 @@ class Elsewhere:
             other.close()
 
     def _lock_for_a_moment(self):
-        """Another process holds the file, for less time than the program waits."""
+        """Another process locks the file for a shorter time than the program waits."""
         self._say("behind a short lock:")
         self.counts["short locks"] += 1
         held = threading.Event()

@@ -1,5 +1,5 @@
-"""What the window must show and the database hold, as far as a random walk goes: written from the rules, apart from the
-program. The clock stands at one day in May, far from every month's end."""
+"""What the windows must show and the database must hold during a random walk, written from the rules and independent of
+the program. The date is a fixed day in May, far from the end of a month."""
 
 import copy
 import re
@@ -23,22 +23,22 @@ def new_row(**columns):
 
 
 def answers_of(row):
-    """The answers that a row holds, by step."""
+    """The answers in a row, by step."""
     return {key: "Oui" if row[key] else "Non" for key in STEPS if row[DATES[key]]}
 
 
 def waits(row):
-    """Whether the patient waits."""
+    """Whether the patient is waiting."""
     return row["notification_date"] != "" and row["notification_date"] <= TODAY
 
 
 def by_name(rows):
-    """The ids of rows in name order, capitals and small letters alike."""
+    """The ids of rows in the order of their names, ignoring case."""
     return sorted(rows, key=lambda number: _folded(rows[number]["name"]))
 
 
 def cells(row):
-    """The texts of a row of the list, without the empty ones."""
+    """The non-empty texts of a row of the list."""
     given = answers_of(row)
     test = given.get("test", "?")
     rdv1 = given.get("rdv1") or ("" if test == "?" else "-" if test == "Oui" else "?")
@@ -50,19 +50,19 @@ def cells(row):
 
 
 def _folded(text):
-    """As the database compares: the letters A to Z only."""
+    """Lower case as the database compares: only the letters A to Z."""
     return re.sub("[A-Z]", lambda letter: letter.group().lower(), text)
 
 
 def _like(text, pattern):
-    """The database's LIKE."""
+    """Matches like LIKE in the database."""
     parts = {"%": ".*", "_": "."}
     expression = "".join(parts.get(character) or re.escape(character) for character in _folded(pattern))
     return re.fullmatch(expression, _folded(text), re.DOTALL) is not None
 
 
 def reminder_after(key, answer, created):
-    """The reminder that an answer sets; `created` is the day of the first appointment."""
+    """The reminder that an answer sets; `created` is the date of the first appointment."""
     year, month = int(created[:4]), int(created[5:7])
     season_end = f"{year}-09-15" if 3 <= month <= 8 else f"{year}-12-15" if month >= 9 else TODAY
     return {("test", "Oui"): season_end, ("test", "Non"): season_end,
@@ -73,11 +73,11 @@ def reminder_after(key, answer, created):
 
 
 class Editor:
-    """The form: `number` is the patient's id, None for a new one; `alive` is whether it takes anything."""
+    """The form: `number` is the patient's id, None for a new patient; `alive` is whether the form is enabled."""
 
     def __init__(self, number, row, alive=True):
         self.number, self.alive = number, alive
-        # Whether the fields have been changed since they were loaded or stored.
+        # Whether the fields were changed since they were loaded or stored.
         self.buttons = False
         self.show(row)
 
@@ -91,7 +91,7 @@ class Editor:
 
 
 class PatientList:
-    """The popup: `rows` is what it loaded last, as copies by id."""
+    """The popup: `rows` are the rows it loaded last, copied, by id."""
 
     def __init__(self):
         self.shown, self.waiting_tab, self.tick_all = False, True, False
@@ -99,16 +99,16 @@ class PatientList:
 
 
 class Model:
-    """The database by id in `rows`, and the windows. What an action changes follows from the rules alone."""
+    """The database rows by id in `rows`, and the windows. Only the rules determine the effects of actions."""
 
     def __init__(self, rows):
         self.rows = {number: dict(row) for number, row in enumerate(rows, 1)}
         self._last_number = len(rows)
         self.search, self.results, self.waiting = "", [], 0
         self.editor = None
-        # Whether gates 1 and 2 are open: all that may be. An answer that finds its patient gone leaves it open.
+        # The possible states of gates 1 and 2 (open or not). An answer for a deleted patient can leave either state.
         self.gate_states = [(True, True)]
-        # The question that has just unfolded, None when any may be.
+        # The question that has just expanded, None if unknown.
         self.unfolded = None
         self.list = PatientList()
         self._refresh()
@@ -126,7 +126,7 @@ class Model:
         return self.gate_states[0][1]
 
     def asked(self):
-        """The questions that are shown, each with its answer or ""."""
+        """The visible questions, each with its answer or ""."""
         editor = self.editor
         if editor is None or editor.number is None or editor.buttons:
             return {}
@@ -143,7 +143,7 @@ class Model:
         return shown
 
     def gates(self):
-        """Which gates are shown, closed."""
+        """The visible closed gates."""
         editor = self.editor
         if editor is None or editor.number is None or editor.buttons:
             return []
@@ -160,10 +160,10 @@ class Model:
         return [cells(self.list.rows[number]) for number in by_name(self.list.rows)]
 
     def list_ticks(self):
-        """The names that are ticked in the list."""
+        """The ticked names in the list."""
         return [self.list.rows[number]["name"] for number in by_name(self.list.rows) if number in self.list.ticked]
 
-    # What the user does in the widget
+    # Actions of the user in the widget
 
     def type_search(self, text):
         """Another text in the search field."""
@@ -180,10 +180,10 @@ class Model:
         self.unfolded = None
 
     def open(self, number):
-        """Opens the patient of that id, who may be gone."""
+        """Opens the patient with that id, who may have been deleted."""
         self.unfolded = None
         before = self.editor
-        # A patient who is gone leaves on the form what was there, and it takes nothing any more.
+        # For a deleted patient the form keeps its content and is disabled.
         alive = number in self.rows
         self.editor = Editor(number, self.rows[number] if alive else self._as_shown(), alive)
         self.editor.buttons = before.buttons if before else False
@@ -194,7 +194,7 @@ class Model:
         self.search, self.results = "", []
 
     def change(self, field, value):
-        """Another name, gender ("male") or phone in the form."""
+        """Changes the name, gender ("male") or phone in the form."""
         if getattr(self.editor, field) != value:
             setattr(self.editor, field, value)
             self.editor.buttons = True
@@ -223,7 +223,7 @@ class Model:
             self._store(editor.reminder)
 
     def answer(self, key, answer):
-        """An answer to a question that is shown; nothing when it is the one that is ticked."""
+        """Answers a visible question; a ticked answer changes nothing."""
         editor = self.editor
         if not editor.alive or editor.answers.get(key) == answer:
             return
@@ -243,12 +243,12 @@ class Model:
         self._unfold_what_is_new(before)
 
     def open_gate(self, number):
-        """A press on a closed gate."""
+        """Presses a closed gate."""
         before = self.asked()
         self._move_gates(**{"first" if number == 1 else "second": True})
         self._unfold_what_is_new(before)
 
-    # What the user does in the list
+    # Actions of the user in the list
 
     def show_tab(self, waiting):
         """One of the two tabs."""
@@ -261,12 +261,12 @@ class Model:
         self.list.ticked ^= {number}
 
     def tick_everyone(self):
-        """The box above them."""
+        """The box in the header."""
         self.list.tick_all = not self.list.tick_all
         self.list.ticked = set(self.list.rows) if self.list.tick_all else set()
 
     def delete_ticked(self):
-        """The dustbin."""
+        """The delete button."""
         gone = set(self.list.ticked)
         for number in gone:
             self.rows.pop(number, None)
@@ -275,10 +275,10 @@ class Model:
         if self.editor and self.editor.number in gone:
             self.leave()
 
-    # What another process does
+    # Actions of another process
 
     def insert_elsewhere(self, **columns):
-        """Another process stores a patient; his id."""
+        """Another process stores a patient; returns the id."""
         self._last_number += 1
         self.rows[self._last_number] = new_row(**columns)
         return self._last_number
@@ -291,7 +291,7 @@ class Model:
         """Another process deletes a row."""
         del self.rows[number]
 
-    # What follows
+    # Consequences
 
     def _move_gates(self, first=None, second=None):
         self.gate_states = sorted({(gate1 if first is None else first, gate2 if second is None else second)

@@ -1,4 +1,4 @@
-"""What the windows show at one moment, read from the accessibility bus."""
+"""The content of the windows at one moment, read from the accessibility bus."""
 
 from support import tree
 from support.tandry import GATE_1, GATE_2, NAME_FIELD, PHONE_FIELD, QUESTIONS, SEARCH_FIELD, WAITING_LINK
@@ -8,13 +8,13 @@ _FIRST_DAY = "Date du 1er rendez-vous : "
 _LEAVES = ("push button", "check box", "text", "label", "image", "page tab", "scroll bar", "status bar")
 
 
-# The roles of what lives as long as its window: each question that need not be put again makes a look shorter. The rows
-# of a list take the places of others on the bus.
+# The roles of controls that exist as long as their window: caching them makes reading faster. Rows of a list reuse the
+# bus objects of others.
 _roles = {}
 
 
 class Shown:
-    """A control with what it answered when it was looked at."""
+    """A control with its properties at one moment."""
 
     def __init__(self, node, role, states):
         self.control, self.role, self.states = tree.Control(node), role, states
@@ -22,7 +22,7 @@ class Shown:
 
 
 def _shown_below(node, lasting=True):
-    """The shown controls below a node, in reading order."""
+    """The visible controls below a node, in reading order."""
     for index in range(node.get_child_count()):
         child = node.get_child_at_index(index)
         if child is None:
@@ -40,7 +40,7 @@ def _shown_below(node, lasting=True):
 
 
 class Frame:
-    """One window: its shown controls, in reading order."""
+    """One window: its visible controls, in reading order."""
 
     def __init__(self, frame):
         self.active = frame.has("active")
@@ -48,15 +48,15 @@ class Frame:
         self.controls = list(_shown_below(frame.node))
 
     def named(self, name, role=None):
-        """The shown control of that name, or None."""
+        """The visible control with that name, or None."""
         return next((each for each in self.controls if each.name == name and role in (None, each.role)), None)
 
     def starting(self, start, role="push button"):
-        """The shown control whose name starts so, or None."""
+        """The visible control whose name starts with the text, or None."""
         return next((each for each in self.controls if each.name.startswith(start) and each.role == role), None)
 
     def focused(self):
-        """The shown controls with the keyboard."""
+        """The visible focused controls."""
         return [each for each in self.controls if "focused" in each.states]
 
 
@@ -73,12 +73,12 @@ class View:
     # The widget
 
     def in_editor(self):
-        """True or False, None on the way from one to the other."""
+        """True or False, None during the change."""
         searching, editing = (self.widget.named(name, "text") for name in (SEARCH_FIELD, NAME_FIELD))
         return None if bool(searching) == bool(editing) else bool(editing)
 
     def search(self):
-        """What the search shows."""
+        """The content of the search."""
         link = self.widget.starting(WAITING_LINK)
         rest = link.name[len(WAITING_LINK):].strip(" ()") if link else None
         return {"typed": self.widget.named(SEARCH_FIELD, "text").control.text,
@@ -86,7 +86,7 @@ class View:
                 "waiting": None if link is None else int(rest or 0)}
 
     def result_rows(self):
-        """The rows in the result list that are in sight, from the top."""
+        """The visible rows of the result list, from the top."""
         names = [each.name for each in self.widget.controls]
         start = names.index("Patients trouvés") if "Patients trouvés" in names else len(names)
         rows = [each for each in self.widget.controls[start:]
@@ -94,7 +94,7 @@ class View:
         return sorted(rows, key=lambda row: row.control.box.y)
 
     def editor(self):
-        """What the form shows beside the questions."""
+        """The content of the form without the questions."""
         labels = [each.name for each in self.widget.controls if each.name.startswith(_FIRST_DAY)]
         buttons = [each.name for each in self.widget.controls if each.name in ("Enregistrer", "Supprimer", "Annuler")]
         return {"name": self.widget.named(NAME_FIELD, "text").control.text,
@@ -117,7 +117,7 @@ class View:
         return [number for number, text in ((1, GATE_1), (2, GATE_2)) if self.widget.named(text)]
 
     def boxes(self):
-        """The boxes that are shown, below their questions: {key: {"Oui": box, "Non": box}}."""
+        """The visible boxes by question: {key: {"Oui": box, "Non": box}}."""
         found, key = {}, None
         for each in self.widget.controls:
             if each.role == "push button":
@@ -129,13 +129,13 @@ class View:
     # The list
 
     def list_content(self):
-        """What the popup shows, None while it is hidden."""
+        """The content of the popup, None while it is hidden."""
         if self.list is None:
             return None
         rows = []
         for each in self._table():
             if each.role == "check box":
-                # The box begins its row; rows come as they were made, not as they lie.
+                # The box is the first control of its row; rows come in the order of their creation, not of their position.
                 rows.append((each.control.box.y, []))
             elif each.role == "label" and rows and each.name:
                 rows[-1][1].append(each.name)
@@ -150,13 +150,13 @@ class View:
                 "all ticked": "checked" in next(each for each in ticks if each.name == "Tout sélectionner").states,
                 "number": int(badge.split()[0])}
     def _table(self):
-        """What the list's rows consist of."""
+        """The controls of the list's rows."""
         start = next(index for index, each in enumerate(self.list.controls) if each.role == "list")
         return self.list.controls[start + 1:]
 
 
 def look(root):
-    """The view of this moment, or None when something vanished during the look."""
+    """The current view, or None when a control vanished while it was read."""
     try:
         return View(root)
     except (tree.Vanished, StopIteration):

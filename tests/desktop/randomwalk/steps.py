@@ -1,4 +1,4 @@
-"""What can be done with the program, each in the window and in the model."""
+"""The actions of a walk, each in the window and in the model."""
 
 from support.tandry import GATE_1, GATE_2, NAME_FIELD, PHONE_FIELD, QUESTIONS, SEARCH_FIELD
 from support.waiting import NeverHappened, wait_until
@@ -12,7 +12,7 @@ _SURNAMES = ("DURAND", "Petit", "ARNAUD", "Éluard", "MARTINEZ")
 
 
 class Steps(Actions, Comparison):
-    """The steps of a walk by its user."""
+    """The steps of a walk that the user performs."""
 
     _names = _locked = _said_gone = 0
 
@@ -47,7 +47,7 @@ class Steps(Actions, Comparison):
 
     def _open(self, number):
         self._model.open(number)
-        # Where the name cannot be changed the keyboard goes elsewhere.
+        # When the name cannot be changed, another control has the focus.
         self._focus = NAME_FIELD if self._model.editor.alive else None
         self._expect_gone_to_be_said()
 
@@ -65,7 +65,7 @@ class Steps(Actions, Comparison):
     def _change_name(self):
         text = self._new_name() if self._random.random() < 0.7 else ""
         self._say(f"name {text!r}")
-        # Nothing to change where nothing stands.
+        # An empty field has no text to change.
         if text or self._model.editor.name:
             self._replace(NAME_FIELD, text)
             self._model.change("name", text)
@@ -115,7 +115,7 @@ class Steps(Actions, Comparison):
             self._expect_gone_to_be_said()
 
     def _answer_behind_a_lock(self):
-        """Another process holds the file for so long that the answer cannot be stored."""
+        """Another process locks the file until the answer fails."""
         asked = self._model.asked()
         key = list(asked)[-1]
         answer = {"Oui": "Non", "Non": "Oui"}.get(asked[key]) or self._random.choice(("Oui", "Non"))
@@ -137,7 +137,7 @@ class Steps(Actions, Comparison):
         self._model.unfolded = None
 
     def _unfold(self, key, answer):
-        """The box of an answer; None when the form takes nothing and the question is folded."""
+        """The box of an answer; None when the form is disabled and the question is collapsed."""
         for _ in range(3):
             boxes = self._resting_boxes()
             if answer in boxes.get(key, {}):
@@ -147,7 +147,7 @@ class Steps(Actions, Comparison):
             self._press(self._name_of(key))
             self._model.unfolded = key
             self._compare()
-        raise NeverHappened(f"{key} does not unfold")
+        raise NeverHappened(f"{key} does not expand")
 
     def _name_of(self, key):
         return (QUESTIONS[key] + " " + self._model.asked()[key]).strip()
@@ -190,9 +190,9 @@ class Steps(Actions, Comparison):
     def _expect_gone_to_be_said(self):
         editor = self._model.editor
         if editor and not editor.alive:
-            self.counts["patients found gone"] += 1
+            self.counts["deleted patients found"] += 1
             said = self._widget.log.count(GONE)
-            wait_until(lambda: self._widget.log.count(GONE) > self._said_gone, "the log says that the patient is gone")
+            wait_until(lambda: self._widget.log.count(GONE) > self._said_gone, "the log says that the patient does not exist")
             self._said_gone = max(said, self._widget.log.count(GONE))
 
     def _new_name(self):

@@ -1,4 +1,4 @@
-"""One random walk: a step by mouse, keys or accessibility bus, or one of another process; then a comparison."""
+"""One random walk: after each step, by the user or by another process, compares the program with the model."""
 
 import collections
 import random
@@ -28,7 +28,7 @@ _PATIENTS = (
 
 
 class Walk(Steps, Elsewhere):
-    """A run of the program in a home of its own. `seed` decides on every step."""
+    """A run of the program in its own home. `seed` determines every step."""
 
     def __init__(self, desktop, seed, environment):
         self.counts = collections.Counter()
@@ -41,14 +41,14 @@ class Walk(Steps, Elsewhere):
         self._widget = Tandry(desktop, self._home, clock=CLOCK, environment=environment)
 
     def close(self):
-        """Ends the program and throws its home away."""
+        """Ends the program and deletes its home."""
         self._widget.stop()
         self._home.remove()
 
     def run(self, steps):
-        """Makes so many steps; Strayed holds the last ones and the difference."""
+        """Performs that many steps; Strayed holds the last steps and the difference."""
         self._widget.wait_until_ready()
-        # Two seconds after its start the program shows its first message and counts anew.
+        # Two seconds after its start the program shows its first message and counts again.
         wait_until(lambda: "Refreshing icon." in self._widget.log, "the first refresh is done")
         self._history.append("start")
         self._compare()
@@ -62,7 +62,7 @@ class Walk(Steps, Elsewhere):
         unexpected = [line for line in complaints(self._widget.log)
                       if not (LOCKED in line and self._locked or GONE in line)]
         if unexpected:
-            raise Strayed(f"the log complains: {unexpected}")
+            raise Strayed(f"the log has unexpected lines: {unexpected}")
 
     def _step(self):
         self.counts["steps"] += 1

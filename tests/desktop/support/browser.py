@@ -1,11 +1,11 @@
-"""A stand-in for the user's web browser: it writes down what it was asked to open."""
+"""A stand-in for the user's web browser: records the addresses of the pages to open."""
 
 import os
 import stat
 
 
 class Browser:
-    """Set as the browser of one home, for every way in which a desktop may look for it."""
+    """The browser of one home, installed for every way in which a desktop may look for it."""
 
     def __init__(self, home):
         self._visits = os.path.join(home.notes, "visited")
@@ -20,7 +20,7 @@ class Browser:
         self._tools = tools
 
     def break_down(self):
-        """From now on no browser can be started."""
+        """Removes the browser: from now on none can be started."""
         for name in os.listdir(self._tools):
             self._script(os.path.join(self._tools, name), "exit 3\n")
 

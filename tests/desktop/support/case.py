@@ -1,4 +1,4 @@
-"""The base of every test in a real window."""
+"""The base class of every test in a real window."""
 
 import os
 import re
@@ -13,23 +13,23 @@ from .home import Home
 from .store import Store
 from .tandry import Tandry
 
-# What Qt says when the window manager takes a closing dialog's frame away a moment too early for it.
+# Qt logs this when the window manager removes the frame of a closing dialog too early.
 _HARMLESS = ("QXcbConnection: XCB error: 3 (BadWindow)",)
 _COMPLAINT = re.compile(r"^(warning|critical|fatal): .*|.*(QML|TypeError|ReferenceError|Binding loop|Cannot assign).*")
 
 
 _ALL_SKIPPED = 77  # SKIP_RETURN_CODE of these tests
-# The day of each test that does not choose another: none depends on when it runs.
+# The day of every test that sets no other: no test depends on the day on which it runs.
 CLOCK = "2014-05-12 10:00:00"
 
 
 class DesktopTest(unittest.TestCase):
-    """Gives each test a home, a store and a browser; ends its programs; takes a picture when it fails."""
+    """Gives each test a home, a store and a browser, ends its programs, and takes a screenshot on failure."""
 
     tray = True
-    # Half the work of drawing with OpenGL where there is no graphics card; "" draws as for the user.
+    # Without a graphics card this takes half the time of OpenGL; "" uses the user's renderer.
     renderer = "software"
-    # A test that breaks something on purpose says so: its program's log may then complain.
+    # True in tests that cause errors: the program's log may then contain complaints.
     complains = False
 
     @classmethod
@@ -46,7 +46,7 @@ class DesktopTest(unittest.TestCase):
         self.browser = Browser(self.home)
         self._widgets = []
         self.addCleanup(self._stop_all)
-        # The mouse rests where it hovers over nothing.
+        # Moves the mouse away from all windows.
         self.desktop.screen.move(5, 1000)
 
     def start(self, *arguments, clock=CLOCK, speed=1, environment=None):
@@ -58,31 +58,31 @@ class DesktopTest(unittest.TestCase):
         return widget
 
     def start_ready(self, *arguments, clock=CLOCK):
-        """Starts the program and waits until it can be used."""
+        """Starts the program and waits until it is ready."""
         return self.start(*arguments, clock=clock).wait_until_ready()
 
     def restart(self, widget, clock=CLOCK):
-        """Ends a run the hard way and starts the next one in the same home."""
+        """Kills the program and starts it again in the same home."""
         widget.stop()
         return self.start_ready(clock=clock)
 
     def picture(self, name):
-        """Leaves a picture of the screen, once it is still, among the build's artefacts."""
+        """Saves a screenshot among the build's artefacts, once nothing moves."""
         self.desktop.screen.still_picture(self.artefact(name))
 
     @staticmethod
     def artefact(name):
-        """The path of a picture among the build's artefacts."""
+        """The path of a picture in the folder of artefacts."""
         folder = os.environ.get("TANDRY_ARTEFACTS") or os.path.join(os.getcwd(), "desktop-artefacts")
         os.makedirs(folder, exist_ok=True)
         return os.path.join(folder, name + ".png")
 
     def assertNoComplaint(self, widget):
-        """The log holds no warning of Qt and no error of a document."""
+        """Asserts that the log holds no warning of Qt and no error of a document."""
         self.assertEqual(complaints(widget.log), [])
 
     def run(self, result=None):
-        """As ever, with a picture and the program's log of a failure, taken before anything is torn down."""
+        """Runs the test; on failure, saves a screenshot and prints the program's log before the teardown."""
         names = ("setUp", self._testMethodName)
         originals = [getattr(self, name) for name in names]
 
@@ -120,7 +120,7 @@ class DesktopTest(unittest.TestCase):
             for widget in self._widgets:
                 state = "runs" if widget.running else f"ended with {widget.process.returncode}"
                 print(f"--- the program {state}; its log ends:\n{widget.log[-3000:]}", file=sys.stderr)
-        except Exception:  # A failed picture must not hide the failure it was to show.
+        except Exception:  # An error while taking the screenshot must not hide the test's failure.
             traceback.print_exc()
 
     def _stop_all(self):
@@ -129,13 +129,13 @@ class DesktopTest(unittest.TestCase):
 
 
 def complaints(log):
-    """The lines of a log that report something wrong."""
+    """The lines of a log that report an error."""
     return [line for line in log.splitlines() if _COMPLAINT.match(line) and not any(h in line for h in _HARMLESS)]
 
 
 def main():
-    """Runs the tests of the file that calls it. Where the system refuses what all of them need, the status says so to ctest,
-    and the reason is the last line."""
+    """Runs the tests of the calling file. When the system lacks what all of them need, exits with the status that ctest counts
+    as skipped; the last line is the reason."""
     result = unittest.main(module="__main__", verbosity=2, warnings="ignore", exit=False).result
     reasons = sorted({reason for _, reason in result.skipped})
     if reasons:

@@ -1,4 +1,4 @@
-"""Clocks of a program under test that differ from ours."""
+"""Clocks for programs under test."""
 
 import os
 
@@ -7,13 +7,13 @@ _LIBRARIES = ("/usr/lib/x86_64-linux-gnu/faketime/libfaketime.so.1",
 
 
 def moved(start, speed=1):
-    """The environment of a program whose clock stands at `start` ("2014-05-12 10:00:00") when it begins, and runs, with
-    its timers, `speed` times as fast as ours."""
+    """The environment of a program whose clock starts at `start` ("2014-05-12 10:00:00") and runs, like its timers, at
+    `speed` times the normal speed."""
     faked = {"LD_PRELOAD": _library(), "FAKETIME": f"@{start}"}
     if speed != 1:
         faked["FAKETIME"] += f" x{speed}"
     else:
-        # The monotonic clock is left alone: timers and animations keep their pace.
+        # Does not change the monotonic clock: timers and animations keep their speed.
         faked["FAKETIME_DONT_FAKE_MONOTONIC"] = "1"
     return faked
 
@@ -26,7 +26,7 @@ def environment_of(clock, speed=1):
 
 
 class SetClock:
-    """A clock that someone sets while the program runs; between two settings it stands still. Timers run on."""
+    """A clock that the test sets while the program runs; it stands still in between. Timers keep running."""
 
     def __init__(self, home, time):
         self._file = os.path.join(home.notes, "clock")

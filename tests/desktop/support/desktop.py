@@ -15,13 +15,13 @@ from .waiting import NeverHappened, wait_until
 
 WIDTH, HEIGHT = 1280, 1024
 _AT_SPI_LAUNCHER = "/usr/libexec/at-spi-bus-launcher"
-# What a developer's session may carry and what would change the program under test.
+# Variables of a developer's session that would affect the program under test.
 _FOREIGN = ("QT_", "QML_", "XDG_", "DBUS_", "AT_SPI_", "WAYLAND_", "LC_", "LANG", "DISPLAY", "XAUTHORITY", "http_proxy",
             "LD_PRELOAD", "FAKETIME")
 
 
 class Desktop:
-    """One per test process, see `shared`. `environment` is what a program needs to live on it."""
+    """One for each test process, see `shared`. `environment` holds the variables for programs on this desktop."""
 
     _shared = None
 
@@ -37,7 +37,7 @@ class Desktop:
         self._processes = []
         self.folder = tempfile.mkdtemp(prefix="tandry-desktop-")
         atexit.register(self.stop)
-        # Leaving through an exception runs the clean-up; the default of the signal would not.
+        # An exception runs the clean-up; the default action of the signal would not.
         signal.signal(signal.SIGTERM, lambda *_: sys.exit(143))
         self.environment = self._own_environment()
         self.keyboard = Keyboard(self.environment)
@@ -60,27 +60,27 @@ class Desktop:
         shutil.rmtree(self.folder, ignore_errors=True)
 
     def start(self, command, environment=None, **streams):
-        """Starts one more program on this desktop."""
+        """Starts another program on this desktop."""
         return processes.start(command, environment or self.environment, **streams)
 
     def stop_tray(self):
-        """Ends the tray; `start_tray` brings a new one."""
+        """Ends the tray; `start_tray` starts a new one."""
         self._stop("trayer")
 
     def start_tray(self):
-        """Starts a tray at the bottom right, where there is none."""
+        """Starts a tray at the bottom right, unless there is one."""
         self._start_tray()
 
     def stop_window_manager(self):
-        """Ends the window manager; `start_window_manager` brings a new one."""
+        """Ends the window manager; `start_window_manager` starts a new one."""
         self._stop("openbox")
 
     def start_window_manager(self):
-        """Starts a window manager where there is none."""
+        """Starts a window manager unless there is one."""
         self._start_window_manager()
 
     def pause_window_manager(self):
-        """Lets what programs ask of the window manager wait, as on a busy machine."""
+        """Pauses the window manager: requests of programs wait, as on a busy machine."""
         self._process("openbox").send_signal(signal.SIGSTOP)
 
     def continue_window_manager(self):
@@ -88,15 +88,15 @@ class Desktop:
         self._process("openbox").send_signal(signal.SIGCONT)
 
     def resize(self, width, height):
-        """Changes the size of the screen, which can be no larger than it was at first."""
+        """Changes the size of the screen, at most to its initial size."""
         mode = f"{width}x{height}"
         if mode not in self._answer("xrandr"):
-            # The server has no beam to keep to: any timing with this visible part will do.
+            # Xvfb has no real display: any timing with this visible size works.
             numbers = [1] + [width + step for step in range(0, 40, 10)] + [height + step for step in range(0, 40, 10)]
             self._answer("xrandr", "--newmode", mode, *map(str, numbers))
             self._answer("xrandr", "--addmode", "screen", mode)
         self._answer("xrandr", "--output", "screen", "--mode", mode)
-        # Until the window manager has told everyone, a program may still reckon with the old size.
+        # Programs may still use the old size until the window manager has announced the new one.
         wait_until(lambda: f"0, 0, {width}, {height}" in self.screen.property("root", "_NET_WORKAREA"),
                    f"the screen is {mode}")
 
@@ -120,7 +120,7 @@ class Desktop:
         return environment
 
     def _start_server(self):
-        # Two that start at the same moment may reach for the same number: the loser tries again.
+        # Two servers that start at the same moment may choose the same number: try again.
         for _ in range(5):
             number = self._server_number()
             if number:
@@ -131,7 +131,7 @@ class Desktop:
 
     def _server_number(self):
         reader, writer = os.pipe()
-        # -noreset: without it the server forgets its properties when its last client leaves.
+        # -noreset: otherwise the server drops its properties when its last client disconnects.
         self._run(["Xvfb", "-displayfd", str(writer), "-noreset", "-nolisten", "tcp",
                    "-screen", "0", f"{WIDTH}x{HEIGHT}x24"], pass_fds=(writer,))
         os.close(writer)
@@ -144,9 +144,9 @@ class Desktop:
         wait_until(lambda: os.path.exists(os.path.join(self.folder, "bus")), "the session bus listens")
         self.environment["DBUS_SESSION_BUS_ADDRESS"] = address
         self._run([_AT_SPI_LAUNCHER, "--launch-immediately"])
-        # Qt looks for the bus once, when the program starts: it must be named by then.
+        # Qt looks for the bus once, when the program starts: the property must be set by then.
         wait_until(lambda: "unix:" in self.screen.property("root", "AT_SPI_BUS"), "the accessibility bus is named")
-        # The accessibility library of this process finds its bus through these two.
+        # The accessibility library of this process finds its bus through these variables.
         for name in ("DISPLAY", "DBUS_SESSION_BUS_ADDRESS", "XDG_RUNTIME_DIR"):
             os.environ[name] = self.environment[name]
 
@@ -154,12 +154,12 @@ class Desktop:
         self._run(["openbox", "--sm-disable"])
         wait_until(lambda: "window id" in self.screen.property("root", "_NET_SUPPORTING_WM_CHECK"),
                    "the window manager runs")
-        # On a busy machine openbox overlooks windows that appear while it starts, until later ones wake it.
+        # On a busy machine openbox misses windows that appear while it starts, until other windows follow.
         for _ in range(2):
             wait_until(self._window_is_shown, "the window manager shows windows")
 
     def _window_is_shown(self):
-        """Whether the window of a small program comes up."""
+        """Whether the window of a small program appears."""
         self._run(["xev", "-name", "probe", "-geometry", "9x9+0+0"])
         try:
             return wait_until(lambda: "IsViewable" in self._answer("xwininfo", "-name", "probe"), "a window", limit=1)
@@ -171,7 +171,7 @@ class Desktop:
     def _start_tray(self):
         self._run(["trayer", "--edge", "bottom", "--align", "right", "--widthtype", "request",
                    "--heighttype", "pixel", "--height", "32", "--SetDockType", "true", "--SetPartialStrut", "false"])
-        wait_until(self._tray_is_there, "the tray is there")
+        wait_until(self._tray_is_there, "the tray is shown")
 
     def _tray_is_there(self):
         return "IsViewable" in self._answer("xwininfo", "-name", "panel")

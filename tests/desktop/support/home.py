@@ -1,4 +1,4 @@
-"""The test user's home folder, and what the program and the tests leave in it."""
+"""The test user's home folder, and the files of the program and the tests in it."""
 
 import configparser
 import os
@@ -12,8 +12,8 @@ LOGIN_ENTRY = "autostart/com.olmeric.vesktandry.desktop"
 
 
 class Home:
-    """A fresh home with configuration, data and temporary folders; `environment` points a program at it. What the
-    test itself keeps, as the program's log, lies beside it in `notes`."""
+    """A new home with configuration, data and temporary folders; `environment` makes a program use it. Files of the test,
+    such as the program's log, are beside it in `notes`."""
 
     def __init__(self):
         self._place = tempfile.mkdtemp(prefix="tandry-home-")
@@ -29,7 +29,7 @@ class Home:
         }
 
     def remove(self):
-        """Throws the home away."""
+        """Deletes the home."""
         shutil.rmtree(self._place, ignore_errors=True)
 
     def path(self, below):
@@ -37,19 +37,19 @@ class Home:
         return os.path.join(self.folder, below)
 
     def settings(self, organisation="Vesk Tandry", application="Olmeric"):
-        """The keys of a settings store as text, as they stand in its file; empty when there is none."""
+        """The keys of a settings file with their raw text; empty when there is no file."""
         reader = configparser.ConfigParser(interpolation=None, strict=False)
         reader.optionxform = str
         reader.read(self._settings_file(organisation, application), encoding="utf-8")
         return dict(reader["General"]) if reader.has_section("General") else {}
 
     def write_settings(self, keys, organisation="Vesk Tandry", application="Olmeric"):
-        """Writes a settings store with these keys, before the program starts."""
+        """Writes a settings file with these keys, before the program starts."""
         lines = ["[General]"] + [f"{key}={value}" for key, value in keys.items()]
         self.write_settings_text("\n".join(lines) + "\n", organisation, application)
 
     def write_settings_text(self, text, organisation="Vesk Tandry", application="Olmeric"):
-        """Writes a settings file as it is given, good or bad."""
+        """Writes a settings file with this content, valid or not."""
         path = self._settings_file(organisation, application)
         os.makedirs(os.path.dirname(path), exist_ok=True)
         with open(path, "w", encoding="utf-8") as file:
@@ -64,13 +64,13 @@ class Home:
             return None
 
     def write_login_list(self, content):
-        """Edits the property list by hand."""
+        """Replaces the property list, like a manual edit."""
         os.makedirs(os.path.dirname(self.path(LOGIN_LIST)), exist_ok=True)
         with open(self.path(LOGIN_LIST), "wb") as file:
             plistlib.dump(content, file)
 
     def login_entry(self):
-        """The lines of the desktop's own launch-at-login entry as a dictionary; empty when there is none."""
+        """The lines of the desktop's autostart entry as a dictionary; empty when there is none."""
         try:
             with open(os.path.join(self.config, LOGIN_ENTRY), encoding="utf-8") as file:
                 return dict(line.strip().split("=", 1) for line in file if "=" in line)
@@ -78,7 +78,7 @@ class Home:
             return {}
 
     def open_to_others(self):
-        """Files and folders that the program made and that someone other than the owner may read."""
+        """Files and folders of the program that users other than the owner can read."""
         found = []
         for folder, _, names in os.walk(self.folder):
             for path in [folder] + [os.path.join(folder, name) for name in names]:

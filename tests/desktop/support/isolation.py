@@ -1,4 +1,4 @@
-"""Cuts the test process, and all it starts, off from the network and gives it mounts of its own, where the system allows it."""
+"""Cuts the test process and its children off from the network and gives them a mount namespace, where the system allows it."""
 
 import ctypes
 import fcntl
@@ -17,8 +17,8 @@ _SIOCGIFFLAGS = 0x8913
 _SIOCSIFFLAGS = 0x8914
 _IFF_UP = 1
 
-# The sockets of the X servers, which take the same number in two networks, and the shared memory, in which the library of
-# the moved clock leaves something behind of each killed program.
+# The sockets of the X servers, which choose the same number in two network namespaces, and the shared memory, in which
+# libfaketime leaves files of each killed program.
 _SHARED_PLACES = ("/tmp/.X11-unix", "/dev/shm")
 
 _libc = ctypes.CDLL(None, use_errno=True)
@@ -27,9 +27,9 @@ _own_network = _own_mounts = False
 
 
 def enter():
-    """Once in a process, before its first thread: from here on only the loopback interface exists, and what is mounted is
-    seen by this process and its children alone. Where the system refuses that, as an ordinary container does, the process
-    stays where it is; only a disk of its own cannot be had then."""
+    """Call it once in a process, before its first thread. From then on only the loopback interface exists, and only this
+    process and its children see new mounts. Where the system refuses this, as ordinary containers do, nothing changes;
+    only `small_disk` is not available then."""
     global _entered, _own_network, _own_mounts
     if _entered:
         return
@@ -44,7 +44,7 @@ def enter():
         _write("/proc/self/gid_map", f"{group} {group} 1")
     _raise_loopback()
     _own_network = True
-    # Where "/" is no mount point, as below a bare chroot, what is mounted would be seen outside.
+    # When "/" is not a mount point, as in a plain chroot, mounts would be visible outside.
     _own_mounts = _libc.mount(b"none", b"/", None, _MS_REC_PRIVATE, None) == 0
     if _own_mounts:
         for place in _SHARED_PLACES:
@@ -53,8 +53,8 @@ def enter():
 
 
 def claim_port(port):
-    """Waits until no other test on this machine has claimed this port, and claims it until the file that is returned is
-    closed. A network of this process's own has its own ports. The service's tests claim theirs in the same file."""
+    """Waits until no other test on this machine uses this port, and reserves it until the returned file is closed. Not needed
+    in a network namespace, which has its own ports. The service's tests use the same lock file."""
     path = f"/tmp/tandry-test-port-{port}" if not _own_network else os.devnull
     try:
         file = open(path, encoding="ascii")
@@ -66,19 +66,19 @@ def claim_port(port):
 
 
 def small_disk(folder, size):
-    """Puts a file system of `size` bytes on `folder`; it goes with the process. Skips the test where the system refuses."""
+    """Mounts a file system of `size` bytes on `folder` until the end of the process. Skips the test where the system refuses."""
     if not _own_mounts:
         raise unittest.SkipTest("needs a disk of its own, and this system refuses to mount one")
     _mount(b"tmpfs", os.fsencode(folder), b"tmpfs", 0, f"size={size},mode=700".encode())
 
 
 def read_only_disk(folder):
-    """Makes a folder that `small_disk` made read-only, for root too."""
+    """Makes a file system of `small_disk` read-only, also for root."""
     _mount(b"tmpfs", os.fsencode(folder), b"tmpfs", _MS_REMOUNT | _MS_RDONLY, None)
 
 
 def fill_disk(folder):
-    """Leaves no byte free on what `small_disk` made."""
+    """Fills a file system of `small_disk` completely."""
     with open(os.path.join(folder, "ballast"), "wb", buffering=0) as ballast:
         try:
             while True:
@@ -88,7 +88,7 @@ def fill_disk(folder):
 
 
 def release_disk(folder):
-    """Takes away what `small_disk` put there, at once even if something still holds a file of it."""
+    """Unmounts a file system of `small_disk` at once, even if a file on it is still open."""
     lazily = 2
     _libc.umount2(os.fsencode(folder), lazily)
 

@@ -2,8 +2,8 @@
 
 import subprocess
 
-# Characters that the server's own map lacks are given a key once, before any program reads the map: a map that changes
-# while a program runs is read too late for the key that follows it.
+# Characters that the server's keyboard map lacks are bound once, before any program reads the map: programs read a changed
+# map too late for the next key.
 _ADDED_CHARACTERS = "éèêàçôïÉŒ’€😀שלוםمريض"
 
 
@@ -14,9 +14,9 @@ class Keyboard:
         self._environment = environment
 
     def learn_characters(self):
-        """Binds the characters that French names, and the tests of odd names, need."""
+        """Binds the characters of French names and of the tests of odd names."""
         table = self._run(["xmodmap", "-pke"], capture=True)
-        # Keys without a meaning first, then those of media keyboards, which nobody here presses.
+        # First unused keys, then those of media keyboards, which no test presses.
         free = [line.split()[1] for line in table.splitlines() if "XF86" in line]
         free += [line.split()[1] for line in table.splitlines() if line.rstrip().endswith("=")]
         wanted = sorted(set(_ADDED_CHARACTERS))
@@ -25,7 +25,7 @@ class Keyboard:
         self._run(["xmodmap", "-"], text="\n".join(lines) + "\n")
 
     def type(self, text):
-        """Types `text` into whatever has the focus."""
+        """Types `text` into the focused control."""
         self._run(["xdotool", "type", "--clearmodifiers", "--delay", "4", "--", text])
 
     def press(self, *keys):

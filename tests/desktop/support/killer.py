@@ -1,4 +1,4 @@
-"""Ends a program as a crash would, at a moment that is chosen beforehand."""
+"""Kills a program at a given moment, like a crash."""
 
 import os
 import signal
@@ -9,7 +9,7 @@ from .watch import Watch
 
 
 class Killer:
-    """Kills `process`, once. `killed_at` is the time of it, None before."""
+    """Kills `process` once. `killed_at` is the time of the kill, None before."""
 
     def __init__(self, process):
         self.killed_at = None
@@ -18,12 +18,12 @@ class Killer:
         self._over = threading.Event()
 
     def after(self, seconds):
-        """Kills so long from now."""
+        """Kills after that many seconds."""
         threading.Thread(target=lambda: self._over.wait(seconds) or self.now(), daemon=True).start()
 
     def at_event(self, folder, name, event, count=1, delay=0):
         """Kills `delay` seconds after `event` has happened `count` times to the file `name` in `folder`."""
-        # From now on, not from when the thread runs.
+        # Watches from now on, not from the start of the thread.
         watch = Watch(folder, event)
 
         def wait_and_kill():
@@ -32,7 +32,7 @@ class Killer:
                 for found in watch.events(self._over.is_set):
                     left -= found.name == name
                     if left == 0:
-                        # A thread that sleeps so short a time would oversleep.
+                        # Sleeping would take longer than such a short delay.
                         end = time.monotonic() + delay
                         while time.monotonic() < end:
                             pass
@@ -42,10 +42,10 @@ class Killer:
         threading.Thread(target=wait_and_kill, daemon=True).start()
 
     def now(self):
-        """Kills at once, unless it is done."""
+        """Kills at once, unless already done."""
         with self._lock:
             if self.killed_at is None:
-                # First the time: who sees the death looks at it at once.
+                # Set the time first: it is read as soon as the process has died.
                 self.killed_at = time.monotonic()
                 os.kill(self._process.pid, signal.SIGKILL)
         self._over.set()

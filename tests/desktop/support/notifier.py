@@ -1,5 +1,5 @@
-"""A tray as KDE, Xfce, MATE, LXQt and GNOME's extension have it: icons are on the session bus, and a click on one
-reaches its program whatever dialog is open. Run as a program, this file is its watcher."""
+"""A StatusNotifier tray, as in KDE, Xfce, MATE, LXQt and GNOME's extension: icons register on the session bus, and a click
+reaches the program even while a dialog is open. Run as a program, this file is the watcher."""
 
 import atexit
 import os
@@ -23,7 +23,7 @@ _INTERFACE = f"""<node><interface name="{_NAME}">
 
 
 class Notifier:
-    """The watcher on a desktop's bus, and the icons that programs registered there."""
+    """The watcher on a desktop's bus, and the icons that programs have registered."""
 
     def __init__(self, desktop):
         self._desktop = desktop
@@ -33,7 +33,7 @@ class Notifier:
                                                 _NAME, "IsStatusNotifierHostRegistered"), "the watcher is on the bus")
 
     def stop(self):
-        """Takes the watcher from the bus; a second call does nothing."""
+        """Ends the watcher; a second call does nothing."""
         processes.stop(self._watcher)
 
     def has_icon(self, widget):
@@ -43,7 +43,7 @@ class Notifier:
             "RegisteredStatusNotifierItems")
 
     def click(self, widget):
-        """Clicks the program's icon: the message that a panel sends."""
+        """Clicks the program's icon, by the message that a panel sends."""
         wait_until(lambda: self.has_icon(widget), "the icon is registered")
         self._call(self._item(widget), "/StatusNotifierItem", "org.kde.StatusNotifierItem.Activate", "0", "0")
 

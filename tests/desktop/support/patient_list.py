@@ -16,7 +16,7 @@ class PatientList:
         self.widget = widget
 
     def open(self):
-        """Opens the popup by the header's button."""
+        """Opens the popup with the header's button."""
         self.widget.click_until(lambda: self._find(WAITING, "page tab"), "the list shows its tabs",
                                 "Liste de tous les patients", "push button")
         return self
@@ -29,11 +29,11 @@ class PatientList:
 
     @property
     def place(self):
-        """Place and size on the screen."""
+        """Position and size on the screen."""
         return self.widget.geometry(LIST_WIDTH)
 
     def drag_to(self, x, y):
-        """Drags the popup by its header until its corner is there."""
+        """Drags the popup by its header to a position."""
         self.widget.drag((200, 15), (x + 200, y + 15), LIST_WIDTH)
 
     def click(self, name, role=None):

@@ -1,4 +1,4 @@
-"""Starting helpers that cannot outlive the test."""
+"""Helper processes that cannot outlive the test."""
 
 import ctypes
 import os
@@ -10,12 +10,12 @@ _libc = ctypes.CDLL(None)
 
 
 def start(command, environment, **streams):
-    """Starts `command` in a process group of its own, which dies with this process however that ends."""
+    """Starts `command` in its own process group, which ends with this process in any case."""
     return subprocess.Popen(command, env=environment, start_new_session=True, preexec_fn=_die_with_parent, **streams)
 
 
 def stop(process, gently=True, limit=5):
-    """Ends the whole group: asks first, and after `limit` seconds insists."""
+    """Ends the whole group: terminates it, and kills it after `limit` seconds."""
     if process is None:
         return
     if gently and process.poll() is None:
@@ -40,8 +40,8 @@ def _signal_group(process, number):
 
 
 def _forget_clock(pid):
-    """Removes what the library of the moved clock leaves in the shared memory of a program that is killed: a later process
-    of the same number would not start."""
+    """Removes the shared memory that libfaketime leaves after the kill of a program: a later process with the same id would not
+    start."""
     for name in (f"faketime_shm_{pid}", f"sem.faketime_sem_{pid}"):
         try:
             os.remove(os.path.join("/dev/shm", name))

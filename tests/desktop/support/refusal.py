@@ -1,4 +1,4 @@
-"""A store that takes no change: what the program has to do then."""
+"""The required behaviour with a store that cannot be written."""
 
 from .case import DesktopTest, complaints
 from .tandry import PHONE_FIELD, QUESTIONS
@@ -8,16 +8,16 @@ PATIENT = {"name": "Dupont", "created": "2014-04-10", "phone": "0601020304"}
 
 
 class RefusingStore(DesktopTest):
-    """The base of tests in which the store refuses what the user does."""
+    """The base class of tests in which the store refuses changes."""
 
     complains = True
 
     def wait_for_complaint(self, widget, count=0):
         """Waits until the log reports more than `count` failures."""
-        wait_until(lambda: len(complaints(widget.log)) > count, "the log says what failed")
+        wait_until(lambda: len(complaints(widget.log)) > count, "the log names the error")
 
     def assertNotStored(self, widget):
-        """An answer and a phone number are refused: said in the log, not shown as stored, and nothing is lost."""
+        """Asserts that an answer and a phone number are refused, logged and not shown as stored, and that nothing is lost."""
         before = self.store.patients()
         widget.open_patient("Dupont")
         said = len(complaints(widget.log))

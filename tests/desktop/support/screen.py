@@ -10,30 +10,30 @@ LEFT, MIDDLE, RIGHT = 1, 2, 3
 
 
 class Screen:
-    """Windows, mouse and pictures of one display; `environment` names it."""
+    """Windows, mouse and screenshots of the display in `environment`."""
 
     def __init__(self, environment):
         self._environment = environment
 
     def windows(self, pid):
-        """Ids of the windows that process `pid` shows."""
+        """The ids of the visible windows of process `pid`."""
         found = self._ask("xdotool", "search", "--all", "--onlyvisible", "--pid", str(pid))
         return [int(line) for line in found.split()]
 
     def geometry(self, window):
-        """Where the window is on the screen, or None when it has just gone."""
+        """The window's position and size, or None when it has just been closed."""
         answer = self._ask("xwininfo", "-id", str(window))
         labels = ("Absolute upper-left X", "Absolute upper-left Y", "Width", "Height")
         values = [re.search(label + r":\s+(-?\d+)", answer) for label in labels]
         return Geometry(*(int(value.group(1)) for value in values)) if all(values) else None
 
     def activate(self, window):
-        """Gives the keyboard to a window; whether it has it."""
+        """Activates a window; returns whether it is active."""
         self._do("windowactivate", str(window))
         return hex(window) in self.property("root", "_NET_ACTIVE_WINDOW")
 
     def unmanaged(self, window):
-        """Whether the window goes past the window manager, as a menu does."""
+        """Whether the window bypasses the window manager, like a menu."""
         return "Override Redirect State: yes" in self._ask("xwininfo", "-id", str(window))
 
     def title(self, window):
@@ -46,13 +46,13 @@ class Screen:
         return self._ask("xprop", *which, name).strip()
 
     def stacked_above(self, upper, lower):
-        """Whether `upper` is nearer to the eye than `lower`, by the window manager's own list."""
+        """Whether `upper` is above `lower` in the window manager's stacking list."""
         listed = self.property("root", "_NET_CLIENT_LIST_STACKING")
         order = [int(part, 16) for part in re.findall(r"0x[0-9a-f]+", listed)]
         return order.index(upper) > order.index(lower)
 
     def minimise(self, window):
-        """Minimises a window, as a taskbar does."""
+        """Minimises a window, like a taskbar."""
         self._do("windowminimize", str(window))
 
     def move(self, x, y):
@@ -68,7 +68,7 @@ class Screen:
         self._do("mousemove", str(x), str(y), "mousedown", str(button))
 
     def release(self, button=LEFT):
-        """Lets a button go."""
+        """Releases a button."""
         self._do("mouseup", str(button))
 
     def drag(self, start, end, button=LEFT, steps=5):
@@ -82,17 +82,17 @@ class Screen:
                  *moves, "mouseup", str(button))
 
     def wheel(self, x, y, notches):
-        """Turns the wheel at a place: up when `notches` is positive."""
+        """Turns the wheel at a position, up when `notches` is positive."""
         self._do("mousemove", str(x), str(y), "click", "--repeat", str(abs(notches)), "--delay", "15",
                  "4" if notches > 0 else "5")
 
     def picture(self, path):
-        """Saves what is on the screen."""
+        """Saves a screenshot."""
         with open(path, "wb") as file:
             file.write(self._grab())
 
     def still_picture(self, path, limit=3):
-        """Saves what is on the screen once nothing moves any more."""
+        """Saves a screenshot once nothing moves any more."""
         before, deadline = None, time.monotonic() + limit
         while time.monotonic() < deadline:
             now = self._grab()
@@ -107,13 +107,13 @@ class Screen:
                               env=self._environment, check=True, capture_output=True, timeout=60).stdout
 
     def pixel(self, x, y):
-        """The colour on the screen at a place, as "#rrggbb"."""
+        """The colour of a pixel of the screen, as "#rrggbb"."""
         raw = subprocess.run(["import", "-window", "root", "-crop", f"1x1+{x}+{y}", "-depth", "8", "rgb:-"],
                              env=self._environment, check=True, capture_output=True, timeout=60).stdout
         return "#" + raw[:3].hex()
 
     def region(self, box):
-        """The pixels on the screen inside a box, to be compared."""
+        """The pixels of a screen area, for comparison."""
         return subprocess.run(["import", "-window", "root", "-crop", f"{box.width}x{box.height}+{box.x}+{box.y}",
                                "-depth", "8", "rgb:-"], env=self._environment, check=True, capture_output=True,
                               timeout=60).stdout

@@ -1,4 +1,4 @@
-"""The statistics service of test builds: a TLS server on the loopback, whose certificate the program under test trusts."""
+"""The statistics service of test builds: a TLS server on the loopback interface; the program under test trusts its certificate."""
 
 import collections
 import os
@@ -11,16 +11,16 @@ import threading
 
 from . import isolation
 
-HOST, PORT = "127.0.0.1", 47443  # what test builds post to, see CMakePresets.json
+HOST, PORT = "127.0.0.1", 47443  # the host of test builds, see CMakePresets.json
 ANSWER = b'HTTP/1.1 200 OK\r\nContent-Type: application/json\r\nContent-Length: 15\r\n\r\n{"status":"ok"}'
 
-Request = collections.namedtuple("Request", "line head body")  # line: of the head the first
+Request = collections.namedtuple("Request", "line head body")  # line: the first line of the head
 
 
 class StatisticsService:
-    """Keeps every request that arrives whole in `requests`, and what went wrong in `failures`. Made after the desktop,
-    which may give this process a network of its own. Programs that have `environment` trust its certificate, which is valid
-    for `days` from the time that `clock` (an environment) gives, from now on without."""
+    """Records complete requests in `requests` and errors in `failures`. Create it after the desktop, which may move this
+    process to a network namespace. Programs with `environment` trust its certificate, which is valid for `days` from the
+    time of `clock` (an environment), by default from now."""
 
     def __init__(self, days=2, clock=None):
         self.requests, self.failures = [], []
@@ -40,7 +40,7 @@ class StatisticsService:
 
     def stop(self):
         """Ends the service."""
-        # Closing alone would not wake the thread that waits for a connection.
+        # close() alone would not wake the thread that waits for a connection.
         self._listener.shutdown(socket.SHUT_RDWR)
         self._listener.close()
         self._claim.close()

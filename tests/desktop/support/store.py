@@ -1,4 +1,4 @@
-"""The program's patient database as a second reader, and as the one who fills it before a start."""
+"""The program's patient database: reads it beside the program, and fills it before a start."""
 
 import configparser
 import hashlib
@@ -6,7 +6,7 @@ import os
 import sqlite3
 
 _NAME = hashlib.md5(b"Tandry").hexdigest()
-# The layout as it stands in existing installations, written down here on its own.
+# The table of existing installations, written independently of the program.
 _TABLE = """CREATE TABLE `Patients`(`id` INTEGER PRIMARY KEY AUTOINCREMENT,`genderMale` tinyint(1) NOT NULL DEFAULT "0",
 `name` TEXT COLLATE NOCASE NOT NULL,`phone` TEXT DEFAULT "",`created` date,`test` tinyint(1) DEFAULT 0,
 `test_date` date DEFAULT "",`rdv1` tinyint(1) DEFAULT 0,`date1` date DEFAULT "",`confirmation` tinyint(1) DEFAULT 0,
@@ -36,33 +36,33 @@ class Store:
         self.write_version(version)
 
     def execute(self, statement):
-        """Changes the database as another process does."""
+        """Changes the database as another process."""
         with sqlite3.connect(self.file, timeout=5) as database:
             database.execute(statement)
         database.close()
 
     def lose_record(self):
-        """Takes the version record away."""
+        """Deletes the version record."""
         os.remove(self._record)
 
     def make_folder(self):
-        """Creates the folders down to the database's."""
+        """Creates the database's folder and its parents."""
         os.makedirs(self.folder, mode=0o700, exist_ok=True)
 
     def write_version(self, version):
-        """Records a version beside the data, as the local storage does."""
+        """Writes the version record like the local storage module."""
         with open(self._record, "w", encoding="utf-8") as file:
             file.write("[General]\nDescription=Tandry widget storage\nDriver=QSQLITE\nEstimatedSize=500000\n"
                        f"Name=Tandry\nVersion={version}\n")
 
     def version(self):
-        """The version on record."""
+        """The recorded version."""
         reader = configparser.ConfigParser(interpolation=None)
         reader.read(self._record, encoding="utf-8")
         return reader.get("General", "Version", fallback=None)
 
     def patients(self):
-        """Every row, in the order of its id, as dictionaries; empty while there is no table."""
+        """All rows as dictionaries, in the order of their ids; empty while there is no table."""
         if not os.path.exists(self.file):
             return []
         try:
@@ -71,7 +71,7 @@ class Store:
             return []
 
     def copies(self):
-        """The names of the copies, in their order."""
+        """The names of the copies in order."""
         return sorted(os.listdir(self.copies_folder)) if os.path.isdir(self.copies_folder) else []
 
     def copied_files(self):
@@ -84,34 +84,34 @@ class Store:
             return [name for name, in database.execute("SELECT name FROM `Patients` ORDER BY id")]
 
     def patient(self, name):
-        """The one row with this name, or None."""
+        """The only row with this name, or None."""
         rows = [row for row in self.patients() if row["name"] == name]
         assert len(rows) <= 1, f"{len(rows)} patients are called {name!r}"
         return rows[0] if rows else None
 
     def lock(self):
-        """Another process's hold on the file: nobody else may read or write until the connection is closed."""
+        """Another process locks the file exclusively: others can neither read nor write until the connection is closed."""
         other = sqlite3.connect(self.file, isolation_level=None)
         other.execute("PRAGMA locking_mode = EXCLUSIVE")
         other.execute("BEGIN EXCLUSIVE")
         return other
 
     def read_lock(self):
-        """Another process in the middle of a read: nobody may commit until the connection is closed."""
+        """Another process reads: others cannot commit until the connection is closed."""
         other = sqlite3.connect(self.file, isolation_level=None)
         other.execute("BEGIN")
         other.execute("SELECT * FROM `Patients`").fetchall()
         return other
 
     def write_lock(self, statement):
-        """Another process in the middle of a write, with `statement` done and not committed: nobody else may write."""
+        """Another process has run `statement` and not committed: others cannot write."""
         other = sqlite3.connect(self.file, isolation_level=None)
         other.execute("BEGIN IMMEDIATE")
         other.execute(statement)
         return other
 
     def _query(self, statement):
-        # Only looking: neither this reader nor a journal it might make may get in the program's way.
+        # Read-only: neither this reader nor a journal may disturb the program.
         database = sqlite3.connect(f"file:{self.file}?mode=ro", uri=True, timeout=5)
         try:
             database.row_factory = sqlite3.Row

@@ -1,4 +1,4 @@
-"""What a physician does with the widget, as verbs."""
+"""User actions in the widget."""
 
 import collections
 import time
@@ -32,7 +32,7 @@ class Tandry(Widget):
     # Searching
 
     def search(self, text):
-        """Types over what stands in the search field."""
+        """Replaces the text of the search field."""
         self.replace_text(SEARCH_FIELD, text)
         wait_equal(lambda: self.control(SEARCH_FIELD, "text").text, text, "the search field holds what was typed")
 
@@ -46,7 +46,7 @@ class Tandry(Widget):
             return []
 
     def open_patient(self, name, search=None):
-        """Searches a patient and opens the row of that name."""
+        """Searches a patient and opens the result with that name."""
         self.search(name if search is None else search)
         self.repeat(lambda: self.click_found(lambda: self._uncovered_result(name), f"the result {name!r}"),
                     lambda: self.edits(name), f"the editor shows {name!r}")
@@ -57,7 +57,7 @@ class Tandry(Widget):
         return field and field.text == name
 
     def _uncovered_result(self, name):
-        """The row of that name once the link at the frame's foot has slid from over it."""
+        """The result with that name, once the link at the bottom of the frame no longer covers it."""
         found = self.find("Patients trouvés", "list")
         row = found and found.find(name, "push button")
         if not row:
@@ -68,7 +68,7 @@ class Tandry(Widget):
     # Editing
 
     def create(self, name):
-        """Creates a patient out of the search field and stores it."""
+        """Creates a patient from the search field and stores it."""
         self.search(name)
         self.click_until(lambda: self.find(NAME_FIELD, "text"), "the editor is open", "Créer la fiche patient")
         self.click_until(lambda: self._question("test"), "the first question is asked", "Enregistrer")
@@ -85,7 +85,7 @@ class Tandry(Widget):
 
     def wait_for_question(self, key):
         """Waits until a question is shown."""
-        wait_until(lambda: self._question(key), f"the question {key!r} is asked")
+        wait_until(lambda: self._question(key), f"the question {key!r} is shown")
 
     def answer(self, key, answer):
         """Answers a question "Oui" or "Non"; returns when the box is ticked, or folded away with its question."""
@@ -104,25 +104,25 @@ class Tandry(Widget):
                 place = self.resting_place(lambda: self.answer_box(key, answer), what, lambda: self._below(key), may_go=True)
                 return self.screen.click(*place)
             except Gone:
-                # Folded, or folding since another question has just unfolded.
+                # Collapsed, or collapsing because another question has just expanded.
                 self.click_found(lambda: self._question(key), f"the question {key!r}")
-                wait_until(lambda: self.answer_box(key, answer), f"the question {key!r} unfolds")
-        raise NeverHappened(f"{what} is not to be reached")
+                wait_until(lambda: self.answer_box(key, answer), f"the question {key!r} expands")
+        raise NeverHappened(f"{what} cannot be clicked")
 
     def _question(self, key):
         shown = self.find_all(role="push button")
         return next((control for control in shown if control.name.startswith(QUESTIONS[key])), None)
 
     def answer_box(self, key, answer):
-        """The check box of a question, if it is unfolded."""
+        """The check box of a question, if the question is expanded."""
         return next((c for c in self._after(key) if c.role == "check box" and c.name == answer), None)
 
     def _below(self, key):
-        """What comes below a question and moves when that folds."""
+        """The control below a question, which moves when the question collapses."""
         return next((c for c in self._after(key) if c.role == "push button"), None)
 
     def _after(self, key):
-        """What is shown from a question on, up to the next button, in reading order."""
+        """The visible controls from a question to the next button, in reading order."""
         found = []
         reached = False
         for control in self.root.walk(showing=True):
@@ -138,8 +138,8 @@ class Tandry(Widget):
                 continue
         return found
 
-    # The context menu is a window of its own, which the toolkit keeps off the accessibility bus: its rows are equally
-    # high.
+    # The context menu is a separate window, which Qt does not expose on the accessibility bus: its rows have equal
+    # heights.
 
     def menu_window(self):
         """The id of the open context menu, or None."""
@@ -157,7 +157,7 @@ class Tandry(Widget):
                     "the context menu closes")
 
     def open_menu(self):
-        """Opens the context menu by a right click on the header."""
+        """Opens the context menu with a right click on the header."""
         place = self.geometry()
         self.repeat(lambda: self.screen.click(place.x + 120, place.y + 20, RIGHT), self.menu_window,
                     "the context menu opens")
@@ -186,7 +186,7 @@ class Tandry(Widget):
     # Watching
 
     def watch_height(self, until, limit=10):
-        """Every height that the main window has on its way to `until`, and the seconds it took."""
+        """All heights of the main window up to `until`, and the seconds until then."""
         start, values = time.monotonic(), []
 
         def reached():

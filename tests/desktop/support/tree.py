@@ -1,4 +1,4 @@
-"""The program as a screen reader meets it: controls with role, name, state and place."""
+"""The program as a screen reader sees it: controls with role, name, state and position."""
 
 import collections
 
@@ -8,20 +8,20 @@ gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib  # noqa: E402  (the version must be named first)
 
 Box = collections.namedtuple("Box", "x y width height")
-# What a control can answer that vanishes while it is being asked.
+# The errors of calls to a control that vanishes meanwhile.
 Vanished = GLib.Error
 _CALL_LIMIT_MS = 5000
 
 
 def role_of(node):
-    """The role of a node of the library, by the names that its older versions gave."""
+    """The role of a node, with the names of older versions of the library."""
     name = node.get_role_name()
-    # So since version 2.56.
+    # Called so since version 2.56.
     return "push button" if name == "button" else name
 
 
 class Control:
-    """One node of the accessibility tree. Every question goes to the program: nothing is remembered."""
+    """One node of the accessibility tree. Every call goes to the program: nothing is cached."""
 
     def __init__(self, node, is_application=False):
         self._node = node
@@ -29,7 +29,7 @@ class Control:
 
     @property
     def node(self):
-        """The accessibility library's own object."""
+        """The object of the accessibility library."""
         return self._node
 
     @property
@@ -44,45 +44,45 @@ class Control:
 
     @property
     def box(self):
-        """The place on the screen."""
+        """Position and size on the screen."""
         place = Atspi.Component.get_extents(self._node, Atspi.CoordType.SCREEN)
         return Box(place.x, place.y, place.width, place.height)
 
     @property
     def middle(self):
-        """Where to click it."""
+        """The position to click."""
         box = self.box
         return box.x + box.width // 2, box.y + box.height // 2
 
     @property
     def text(self):
-        """What stands in a text field."""
+        """The text of a text field."""
         if "Text" not in self._node.get_interfaces():
             return ""
         return Atspi.Text.get_text(self._node, 0, Atspi.Text.get_character_count(self._node))
 
     def has(self, state):
-        """Whether a state holds: "showing", "checked", "focused", "focusable", "enabled"…"""
+        """Whether the control has a state: "showing", "checked", "focused", "focusable", "enabled"…"""
         return self._node.get_state_set().contains(getattr(Atspi.StateType, state.upper()))
 
     @property
     def actions(self):
-        """Names of what a screen reader can do with it."""
+        """The names of its accessible actions."""
         if "Action" not in self._node.get_interfaces():
             return []
         return [Atspi.Action.get_action_name(self._node, i) for i in range(Atspi.Action.get_n_actions(self._node))]
 
     def act(self, action="Press"):
-        """Does what a screen reader would do with it."""
+        """Performs an accessible action, like a screen reader."""
         Atspi.Action.do_action(self._node, self.actions.index(action))
 
     def children(self):
-        """The nodes right below."""
+        """The child nodes."""
         nodes = (self._node.get_child_at_index(i) for i in range(self._node.get_child_count()))
         return [Control(node) for node in nodes if node is not None]
 
     def walk(self, showing=False):
-        """This node and all below it, from the top down; without hidden windows when `showing`."""
+        """This node and all nodes below it, in document order; without hidden windows when `showing`."""
         yield self
         try:
             below = self.children()
@@ -94,7 +94,7 @@ class Control:
             yield from child.walk()
 
     def find_all(self, name=None, role=None, showing=True):
-        """The controls below with this name and role, as far as they are given."""
+        """The controls below with this name and this role; None matches any."""
         return list(self._matching(name, role, showing))
 
     def find(self, name=None, role=None, showing=True):
@@ -111,7 +111,7 @@ class Control:
                 continue
 
     def outline(self, depth=0):
-        """The tree as text, for a failure's report."""
+        """The tree as text, for failure messages."""
         try:
             shown = "" if self.has("showing") else " (hidden)"
             lines = [f"{'  ' * depth}{self.role} {self.name!r}{shown}"]
@@ -137,8 +137,8 @@ def application(pid):
 
 
 def connect():
-    """Joins the accessibility bus of the desktop that the environment names; once in a process."""
+    """Connects to the accessibility bus of the desktop in the environment; call it once in a process."""
     Atspi.init()
     Atspi.set_timeout(_CALL_LIMIT_MS, _CALL_LIMIT_MS)
-    # A first question starts the registry, for which the program would otherwise wait at its start.
+    # The first call starts the registry; otherwise the program would wait for it at its start.
     Atspi.get_desktop(0).get_child_count()

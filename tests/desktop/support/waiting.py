@@ -1,4 +1,4 @@
-"""Waiting for something to become true, never for time to pass."""
+"""Waits for conditions, never for a fixed time."""
 
 import time
 
@@ -11,7 +11,7 @@ class NeverHappened(AssertionError):
 
 
 def wait_until(condition, what, limit=PATIENCE_SECONDS):
-    """Asks `condition` again and again and returns its first true answer; fails with `what` after `limit` seconds."""
+    """Polls `condition` and returns its first true result; fails with `what` after `limit` seconds."""
     deadline = time.monotonic() + limit
     while True:
         answer = condition()
@@ -23,7 +23,7 @@ def wait_until(condition, what, limit=PATIENCE_SECONDS):
 
 
 def wait_equal(read, expected, what, limit=PATIENCE_SECONDS):
-    """Waits until `read()` gives `expected`; the failure names the last value seen."""
+    """Waits until `read()` returns `expected`; the failure shows the last value."""
     seen = [None]
 
     def matches():
@@ -38,11 +38,11 @@ def wait_equal(read, expected, what, limit=PATIENCE_SECONDS):
 
 
 def stays(condition, what, seconds):
-    """Fails as soon as `condition` is false during `seconds`: for what must *not* happen."""
+    """Fails as soon as `condition` is false within `seconds`: for events that must *not* happen."""
     deadline = time.monotonic() + seconds
     while time.monotonic() < deadline:
         if not condition():
-            raise AssertionError(f"Did not stay so for {seconds} s: {what}")
+            raise AssertionError(f"Did not hold for {seconds} s: {what}")
         time.sleep(_GLANCE_SECONDS)
 
 

@@ -1,4 +1,4 @@
-"""What happens to the files of a folder, told by the system as it happens."""
+"""The file events of a folder, reported by the kernel (inotify)."""
 
 import collections
 import ctypes
@@ -17,7 +17,7 @@ Event = collections.namedtuple("Event", "name mask")
 
 
 class Watch:
-    """The events of one folder from now on; to be used in a `with`."""
+    """The events of one folder from now on; use it in a `with` statement."""
 
     def __init__(self, folder, mask=ALL):
         self._handle = _libc.inotify_init1(os.O_CLOEXEC | os.O_NONBLOCK)
@@ -31,13 +31,13 @@ class Watch:
         os.close(self._handle)
 
     def events(self, over=lambda: False):
-        """Gives one event after another until `over()`."""
+        """Yields events until `over()`."""
         while not over():
             if select.select([self._handle], [], [], _GLANCE_SECONDS)[0]:
                 yield from self._read()
 
     def pending(self):
-        """The events that have happened and were not given yet, without waiting."""
+        """The events that have happened and were not yielded yet, without waiting."""
         try:
             return list(self._read())
         except BlockingIOError:

@@ -11,18 +11,18 @@ from .screen import LEFT, RIGHT
 from .waiting import PATIENCE_SECONDS, NeverHappened, wait_until
 
 MAIN_WIDTH, LIST_WIDTH, CONTACT_WIDTH = 275, 800, 500
-# An animation moves by less than a pixel in its first 40 ms.
+# An animation moves less than a pixel in its first 40 ms.
 _STILL_SECONDS = 0.12
 _CLICK_SECONDS, _NUDGE_SECONDS, _DRAG_STEPS = 5, 0.5, 5
 
 
 class Gone(AssertionError):
-    """A control is not there, or not any more."""
+    """A control does not exist, or no longer exists."""
 
 
 class Widget:
     """One run of the program, on a desktop and in a home. `clock` is the time at its start, "2014-05-12 10:00:00", or a
-    `SetClock`; `speed` is how many times as fast as ours it and the program's timers run."""
+    `SetClock`; `speed` is the speed of this clock and of the program's timers, as a multiple of real time."""
 
     program = os.environ.get("TANDRY_PROGRAM", "")
 
@@ -39,28 +39,28 @@ class Widget:
 
     @property
     def log(self):
-        """What the program has written so far, in this and earlier runs in the same home."""
+        """The log up to now, of this and earlier runs in the same home."""
         with open(self._log_path, encoding="utf-8", errors="replace") as file:
             return file.read()
 
     @property
     def running(self):
-        """Whether the process lives."""
+        """Whether the process is running."""
         return self.process.poll() is None
 
     def stop(self):
-        """Ends the program the hard way, as a power cut would."""
+        """Kills the program, like a power cut."""
         processes.stop(self.process, gently=False)
 
     def wait_for_exit(self, limit=10):
-        """Waits for the program to end by itself; its exit status."""
+        """Waits until the program ends by itself; returns its exit status."""
         wait_until(lambda: not self.running, "the program ends", limit)
         return self.process.returncode
 
     # Windows
 
     def window(self, width=MAIN_WIDTH):
-        """The id of the shown window of this width, or None."""
+        """The id of the visible window of this width, or None."""
         for candidate in self.screen.windows(self.process.pid):
             place = self.screen.geometry(candidate)
             if place and place.width == width:
@@ -68,28 +68,28 @@ class Widget:
         return None
 
     def wait_for_window(self, width=MAIN_WIDTH):
-        """Waits until the window of this width is shown; its id."""
+        """Waits until the window of this width is visible; returns its id."""
         return wait_until(lambda: self._alive() and self.window(width), f"a window {width} wide is shown")
 
     def geometry(self, width=MAIN_WIDTH):
-        """Place and size of the window of this width."""
+        """Position and size of the window of this width."""
         return self.screen.geometry(self.wait_for_window(width))
 
     def wait_until_ready(self):
-        """Waits until the main window is shown, its controls are known and it has the keyboard."""
+        """Waits until the main window is visible, on the accessibility bus and has the focus."""
         self.wait_for_window()
         self.control("Fermer", "push button")
-        wait_until(lambda: self._focus(), "something in the window has the keyboard")
+        wait_until(lambda: self._focus(), "a control of the window has the focus")
         return self
 
     def active_place(self):
-        """Place and size of the program's window that has the keyboard, or None."""
+        """Position and size of the program's active window, or None."""
         found = re.search(r"0x[0-9a-f]+", self.screen.property("root", "_NET_ACTIVE_WINDOW"))
         window = int(found.group(), 16) if found else 0
         return self.screen.geometry(window) if window in self.screen.windows(self.process.pid) else None
 
     def active_width(self):
-        """The width of the program's window that has the keyboard, or None."""
+        """The width of the program's active window, or None."""
         place = self.active_place()
         return place.width if place else None
 
@@ -124,14 +124,14 @@ class Widget:
         wait_until(lambda: self.find(name, role) is None, f"no {role or 'control'} called {name!r} any more")
 
     def focus_name(self):
-        """The name of the control that has the keyboard, or None."""
+        """The name of the focused control, or None."""
         control = self._focus()
         return control.name if control else None
 
     # Actions
 
     def click(self, name, role=None, button=LEFT):
-        """Clicks the middle of a control, once it keeps still."""
+        """Clicks the centre of a control, once it stops moving."""
         self.control(name, role)
         self.click_found(lambda: self.find(name, role), repr(name), button)
 
@@ -140,12 +140,12 @@ class Widget:
         self.click(name, role, RIGHT)
 
     def click_found(self, find, what, button=LEFT):
-        """Clicks the control that `find` gives, once it keeps still; `what` names it in a failure."""
+        """Clicks the control that `find` returns, once it stops moving; `what` names it in failure messages."""
         self.screen.click(*self.resting_place(find, what), button)
 
     def resting_place(self, find, what, beside=None, may_go=False):
-        """The middle of a control after it has stopped moving and is inside its window; `beside` finds a second
-        control that must keep still, too. Waits for the control, or fails with `Gone` where it `may_go`."""
+        """The centre of a control, once it has stopped moving and is inside its window; `beside` finds a second control
+        that must stop moving, too. Waits for the control, or fails with `Gone` if it `may_go`."""
         last, since = [None], [0]
 
         def settled():
@@ -157,13 +157,13 @@ class Widget:
                 last[0], since[0] = here, now
             return here and now - since[0] >= _STILL_SECONDS and self._inside_a_window(here[0])
 
-        wait_until(settled, f"{what} stands still inside its window")
+        wait_until(settled, f"{what} stops moving inside its window")
         box = last[0][0]
         return box.x + box.width // 2, box.y + box.height // 2
 
     @staticmethod
     def _boxes(find, beside):
-        """Where both are, empty while the first has no size; None when it is not there."""
+        """The positions of both controls; empty while the first has no size, None when it does not exist."""
         try:
             control, neighbour = find(), beside and beside()
             boxes = [each.box for each in (control, neighbour) if each]
@@ -193,8 +193,9 @@ class Widget:
                     raise
 
     def drag(self, grip, end, width=MAIN_WIDTH):
-        """Drags a window by its point `grip` to the point `end` of the screen; its new geometry. Moves only once the window
-        has followed the last move: the program reckons from where it is, and would overtake the mouse on a busy machine."""
+        """Drags a window by its point `grip` to the point `end` of the screen; returns its new geometry. Each move waits until
+        the window has followed the last one: the program moves relative to its position, and would overtake the mouse on a
+        busy machine."""
         place = self.geometry(width)
         start = place.x + grip[0], place.y + grip[1]
         self.screen.press(*start)
@@ -221,7 +222,7 @@ class Widget:
         wait_until(follows, f"the window follows the mouse to {expected}")
 
     def type(self, text):
-        """Types into what has the focus."""
+        """Types into the focused control."""
         self.keyboard.type(text)
 
     def press(self, *keys):
@@ -229,20 +230,20 @@ class Widget:
         self.keyboard.press(*keys)
 
     def tab_round(self):
-        """Presses Tab until the keyboard is back where it was; the names on the way, that one last."""
+        """Presses Tab until the focus is back where it was; returns the names of the focused controls, that one last."""
         start = here = self._focus_place()
         names = []
         while len(names) < 60:
             last = here
             self.press("Tab")
-            here = wait_until(lambda: self._moved_focus(last), f"Tab leads on from {last}")
+            here = wait_until(lambda: self._moved_focus(last), f"Tab moves the focus from {last}")
             names.append(here[0])
             if here == start:
                 return names
-        raise AssertionError(f"Tab does not come back to {start}: {names}")
+        raise AssertionError(f"Tab does not return to {start}: {names}")
 
     def _focus_place(self):
-        control = wait_until(self._focus, "something has the keyboard")
+        control = wait_until(self._focus, "a control has the focus")
         return control.name, control.box
 
     def _moved_focus(self, last):
@@ -250,14 +251,14 @@ class Widget:
         return here if here != last else None
 
     def replace_text(self, name, text, role="text"):
-        """Clicks a field, and types over what stood in it."""
-        self.click_until(lambda: self.control(name, role).has("focused"), f"{name!r} has the keyboard", name, role)
+        """Clicks a field and replaces its text."""
+        self.click_until(lambda: self.control(name, role).has("focused"), f"{name!r} has the focus", name, role)
         self.press("ctrl+a", "BackSpace")
         if text:
             self.type(text)
 
     def _focus(self):
-        """The control with the keyboard: the innermost, since what it lies in counts as focused with it."""
+        """The focused control: the innermost, because its parents are also reported as focused."""
         try:
             controls = self.root.walk(showing=True)
             focused = [c for c in controls if c.has("focused") and c.role not in ("application", "frame")]

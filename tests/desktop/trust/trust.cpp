@@ -3,8 +3,8 @@
 #include <QSslCertificate>
 #include <QSslConfiguration>
 
-/// Makes the unchanged program trust the certificate in TANDRY_TRUSTED_CERTIFICATE, a test's own statistics service's,
-/// and no other.
+/// Makes the unchanged program trust only the certificate in TANDRY_TRUSTED_CERTIFICATE, that of a test's statistics
+/// service.
 class TrustPlugin : public QGenericPlugin
 {
     Q_OBJECT
