@@ -1,4 +1,4 @@
-"""The Debian package puts the right files in the right places, and its papers agree with each other."""
+"""The Debian package installs the right files in the right places, and its documents agree with each other."""
 
 import configparser
 import gzip
@@ -37,10 +37,10 @@ TREE = sorted([
     "share/man/man1/tandry.1.gz",
     f"share/metainfo/{APPLICATION_ID}.metainfo.xml",
 ])
-# Found by no tool: only the documents name the modules, and only the store's driver is loaded by name.
+# No tool finds these: only the documents name the modules, and Qt loads the SQL driver by name.
 DEPENDS = ["qml-module-qtquick2", "qml-module-qtquick-controls", "qml-module-qtquick-localstorage",
            "qml-module-qtquick-window2", "libqt5sql5-sqlite", "fonts-liberation | fonts-liberation2"]
-# One for each import of the documents; what is imported without a module of its own comes with another.
+# The package of each imported module; some packages provide several modules.
 PACKAGE_OF_IMPORT = {"QtQuick": "qml-module-qtquick2", "QtQuick.Controls": "qml-module-qtquick-controls",
                      "QtQuick.Controls.Styles": "qml-module-qtquick-controls",
                      "QtQuick.LocalStorage": "qml-module-qtquick-localstorage",
@@ -66,20 +66,20 @@ class DebianPackage(unittest.TestCase):
             return file.read()
 
     def packager_settings(self):
-        """What the build tells the packager, by name."""
+        """The CPack variables of the build, by name."""
         with open(os.path.join(given("TANDRY_BUILD"), "CPackConfig.cmake"), encoding="utf-8") as file:
             return dict(re.findall(r'^set\((\w+) "(.*?)"\)$', file.read(), re.MULTILINE))
 
-    def test_the_tree_is_as_written_here(self):
+    def test_the_package_has_the_expected_files(self):
         found = [os.path.relpath(os.path.join(folder, name), self.prefix)
                  for folder, _, names in os.walk(self.prefix) for name in names]
         self.assertEqual(sorted(found), TREE)
 
-    def test_only_the_programs_can_be_executed(self):
+    def test_only_the_programs_are_executable(self):
         executable = [below for below in TREE if os.stat(self.path(below)).st_mode & stat.S_IXUSR]
         self.assertEqual(executable, ["bin/tandry", "bin/tandry-restore"])
 
-    def test_the_icons_have_the_sizes_that_their_folders_say(self):
+    def test_the_icons_have_the_sizes_of_their_folders(self):
         for below in TREE:
             if not below.endswith(".png") or "/icons/" not in below:
                 continue
@@ -95,7 +95,7 @@ class DebianPackage(unittest.TestCase):
         reader.read_string(self.read(f"share/applications/{name}.desktop"))
         return reader
 
-    def test_the_manual_is_whole_and_the_menu_opens_it(self):
+    def test_the_manual_is_complete_and_the_menu_opens_it(self):
         entry = self.menu_entry(APPLICATION_ID)
         self.assertEqual(entry["Desktop Entry"]["Actions"], "manuel;")
         action = entry["Desktop Action manuel"]
@@ -110,20 +110,20 @@ class DebianPackage(unittest.TestCase):
             for target in targets:
                 self.assertTrue(os.path.exists(self.path(f"share/doc/vesk-tandry/{target}")), target)
 
-    def test_the_menu_entry_of_the_way_back(self):
+    def test_the_menu_entry_of_tandry_restore_is_complete(self):
         entry = self.menu_entry(f"{APPLICATION_ID}.restore")["Desktop Entry"]
         self.assertEqual(entry["Name"], "Vesk Tandry – revenir à une copie")
         self.assertEqual(entry["Exec"], "tandry-restore")
         self.assertEqual(entry["StartupWMClass"], "tandry-restore")
 
-    def test_the_menu_entry(self):
+    def test_the_menu_entry_of_tandry_is_complete(self):
         entry = self.menu_entry(APPLICATION_ID)["Desktop Entry"]
         self.assertEqual(entry["Type"], "Application")
         self.assertEqual(entry["Name"], "Vesk Tandry")
         self.assertEqual(entry["Exec"], "tandry")
         self.assertEqual(entry["Icon"], APPLICATION_ID)
         self.assertEqual(entry["Terminal"], "false")
-        # By it a desktop finds the entry of a window, and with it the icon and the name.
+        # A desktop finds the entry of a window, with its icon and name, by this key.
         self.assertEqual(entry["StartupWMClass"], "tandry")
         self.assertTrue(entry["Categories"].endswith(";"))
 
@@ -144,7 +144,7 @@ class DebianPackage(unittest.TestCase):
         self.assertEqual([os.path.basename(image.text) for image in component.findall("screenshots/screenshot/image")],
                          ["widget.png", "liste.png"])
 
-    def test_every_paper_names_this_version_first(self):
+    def test_every_document_names_this_version_first(self):
         version = given("TANDRY_VERSION")
         component = xml.fromstring(self.read(f"share/metainfo/{APPLICATION_ID}.metainfo.xml"))
         self.assertEqual(component.find("releases/release").get("version"), version, "metainfo")
@@ -162,12 +162,12 @@ class DebianPackage(unittest.TestCase):
                          "manuel.md")
         self.assertEqual(self.packager_settings()["CPACK_PACKAGE_VERSION"], version)
 
-    def test_the_package_asks_for_what_no_tool_finds(self):
+    def test_the_package_depends_on_modules_that_no_tool_finds(self):
         settings = self.packager_settings()
         self.assertEqual(settings["CPACK_DEBIAN_PACKAGE_DEPENDS"].split(", "), DEPENDS)
         self.assertEqual(settings["CPACK_DEBIAN_PACKAGE_SHLIBDEPS"], "ON")
 
-    def test_every_import_of_the_documents_is_in_a_package_that_is_asked_for(self):
+    def test_every_import_of_the_documents_is_in_a_dependency(self):
         documents = list((ROOT / "src" / "qml").rglob("*.qml")) + list((ROOT / "src" / "js").glob("*.js"))
         imported = set()
         for document in documents:
@@ -177,7 +177,7 @@ class DebianPackage(unittest.TestCase):
         self.assertLessEqual(imported, set(PACKAGE_OF_IMPORT))
         self.assertLessEqual({PACKAGE_OF_IMPORT[name] for name in imported}, set(DEPENDS))
 
-    def test_french_papers_keep_their_accents(self):
+    def test_french_documents_keep_their_accents(self):
         self.assertIn("désensibilisation", self.read("share/man/man1/tandry.1.gz"))
         self.assertIn("désensibilisation", self.read(f"share/metainfo/{APPLICATION_ID}.metainfo.xml"))
 

@@ -1,4 +1,4 @@
-"""The script that makes the macOS bundle prints its steps in the order in which they have to be done."""
+"""make-bundle --dry-run prints the steps of the macOS bundle in the required order."""
 
 import os
 import shlex
@@ -9,7 +9,7 @@ import unittest
 from support.project import PACKAGING, given
 
 SCRIPT = str(PACKAGING / "macos" / "make-bundle")
-# The code of a real bundle, as macdeployqt and the update framework leave it; some is a file, some a folder.
+# The code in a real bundle after macdeployqt, with the update framework: files and folders.
 FILES = ["MacOS/tandry", "MacOS/tandry-restore",
          "PlugIns/platforms/libqcocoa.dylib",
          "Resources/qml/QtQuick.2/libqtquick2plugin.dylib",
@@ -39,7 +39,7 @@ class MakeBundle(unittest.TestCase):
                 pass
 
     def signed(self, *arguments):
-        """What is signed, in order, below the bundle's Contents; "" is the bundle itself."""
+        """The signed paths below the bundle's Contents, in order; "" is the bundle itself."""
         found = [step[-1] for step in steps("--output", self.output, *arguments)
                  if step[0] == "codesign" and "--sign" in step and step[-1].startswith(self.bundle)]
         return [path[len(self.bundle):].replace("/Contents/", "", 1) for path in found]
@@ -51,7 +51,7 @@ class MakeBundle(unittest.TestCase):
         self.assertEqual(set(words[6:-4]), {"codesign"})
         self.assertEqual(words[-4:], ["ditto", "ln", "hdiutil", "rm"])
 
-    def test_the_documents_folder_is_searched_for_modules(self):
+    def test_macdeployqt_searches_the_documents_folder(self):
         deploy = next(step for step in steps() if step[0] == "macdeployqt")
         self.assertEqual(deploy[1:4], ["build/macos/Vesk Tandry.app", "-qmldir=src/qml",
                                        "-executable=build/macos/Vesk Tandry.app/Contents/MacOS/tandry-restore"])
@@ -62,7 +62,7 @@ class MakeBundle(unittest.TestCase):
         image = next(step for step in all_steps if step[0] == "hdiutil")
         self.assertEqual(image[-1], f"out/vesk-tandry-{given('TANDRY_VERSION')}.dmg")
 
-    def test_everything_is_signed_and_the_inside_first(self):
+    def test_everything_is_signed_from_the_inside_out(self):
         self.make_bundle()
         signed = self.signed()
         self.assertEqual(sorted(signed), sorted([
@@ -75,7 +75,7 @@ class MakeBundle(unittest.TestCase):
             inside = [other for other in signed[earlier + 1:-1] if other.startswith(path + "/")]
             self.assertEqual(inside, [], f"{path} is signed before what it holds")
 
-    def test_ad_hoc_is_the_default_and_goes_without_the_hardened_runtime(self):
+    def test_the_default_is_an_ad_hoc_signature_without_the_hardened_runtime(self):
         for step in steps():
             if "--sign" in step:
                 self.assertEqual(step[step.index("--sign") + 1], "-")
@@ -88,7 +88,7 @@ class MakeBundle(unittest.TestCase):
         self.assertTrue(all("runtime" in step for step in signings[:-1]))
         self.assertTrue(signings[-1][-1].endswith(".dmg"))
 
-    def test_a_dry_run_touches_nothing(self):
+    def test_a_dry_run_changes_nothing(self):
         self.make_bundle()
         steps("--output", self.output)
         self.assertEqual(os.listdir(self.output), ["Vesk Tandry.app"])

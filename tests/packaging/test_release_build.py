@@ -1,4 +1,4 @@
-"""The build that is shipped."""
+"""The release build."""
 
 import json
 import os
@@ -12,7 +12,7 @@ from support.project import ROOT, given
 
 class ReleaseBuild(unittest.TestCase):
 
-    def test_its_assertions_are_active(self):
+    def test_assertions_are_active(self):
         with tempfile.TemporaryDirectory(prefix="tandry-release-") as folder:
             subprocess.run([given("TANDRY_CMAKE"), "--preset", "release", "-B", folder], cwd=ROOT, check=True,
                            capture_output=True)

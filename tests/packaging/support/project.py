@@ -9,8 +9,8 @@ APPLICATION_ID = "com.olmeric.vesktandry"
 
 
 def given(name):
-    """A value that the build hands to its tests."""
+    """A value that the build passes to its tests."""
     value = os.environ.get(name)
     if not value:
-        raise RuntimeError(f"{name} is not set: run these tests by ctest")
+        raise RuntimeError(f"{name} is not set: run these tests through ctest")
     return value
