@@ -1,1 +1,1 @@
-"""What the tests of the program in a real window stand on: a desktop of their own, and verbs for what a user does and sees."""
+"""The support of the desktop tests: a desktop for each test process, and functions that use and read the windows."""

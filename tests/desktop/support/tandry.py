@@ -52,7 +52,7 @@ class Tandry(Widget):
                     lambda: self.edits(name), f"the editor shows {name!r}")
 
     def edits(self, name):
-        """Whether the editor shows the patient of that name."""
+        """Whether the editor shows the patient with that name."""
         field = self.find(NAME_FIELD, "text")
         return field and field.text == name
 
@@ -71,7 +71,7 @@ class Tandry(Widget):
         """Creates a patient from the search field and stores it."""
         self.search(name)
         self.click_until(lambda: self.find(NAME_FIELD, "text"), "the editor is open", "Créer la fiche patient")
-        self.click_until(lambda: self._question("test"), "the first question is asked", "Enregistrer")
+        self.click_until(lambda: self._question("test"), "the first question is shown", "Enregistrer")
 
     def back(self):
         """Leaves the editor."""
@@ -88,7 +88,7 @@ class Tandry(Widget):
         wait_until(lambda: self._question(key), f"the question {key!r} is shown")
 
     def answer(self, key, answer):
-        """Answers a question "Oui" or "Non"; returns when the box is ticked, or folded away with its question."""
+        """Answers a question "Oui" or "Non"; returns when the box is ticked, or its question has collapsed."""
         def is_given():
             box = self.answer_box(key, answer)
             return not box or box.has("checked")
@@ -96,7 +96,7 @@ class Tandry(Widget):
         self.repeat(lambda: self.click_answer(key, answer), is_given, f"{answer!r} is given to the question {key!r}")
 
     def click_answer(self, key, answer):
-        """Clicks "Oui" or "Non" below a question, which is unfolded if need be: for an answer that is not to be taken."""
+        """Clicks "Oui" or "Non" below a question, and expands the question if necessary. For answers that must be refused."""
         self.wait_for_question(key)
         what = f"{answer!r} below the question {key!r}"
         for _ in range(_UNFOLDINGS):

@@ -1,4 +1,4 @@
-"""Where things are, for the tests of the packages."""
+"""The paths that the packaging tests use."""
 
 import os
 import pathlib
