@@ -1,6 +1,6 @@
-"""The changes that no test can see, each with the reason, from equivalents.txt.
+"""The mutants that no test can detect, each with its reason, from equivalents.txt.
 
-An entry is a file and a function, the change as the report writes it, and why nothing changes by it:
+An entry is a file and a function, the change as in the report, and the reason why it has no effect:
 
     Bdd.js:init
         before => after
@@ -31,7 +31,7 @@ def read_equivalents(path):
             place = text
         elif text.startswith("because "):
             if not place or not change:
-                raise ValueError(f"{path.name}: a reason for nothing: {text}")
+                raise ValueError(f"{path.name}: a reason without a change: {text}")
             found.append(Equivalent(place, change, text.removeprefix("because ")))
             change = None
         elif change:

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Changes one thing at a time in the program's rules and sees whether a test fails. See scripts/check mutate."""
+"""Mutation testing: changes one thing at a time in the program and checks that a test fails. See scripts/check mutate."""
 
 import argparse
 import collections
@@ -26,7 +26,7 @@ def all_mutants(root, paths):
 
 
 class Trials:
-    """Mutants shared out among sandboxes, each worked off by a thread of its own."""
+    """Mutants distributed among sandboxes, one thread for each sandbox."""
 
     def __init__(self, root, folder, plan, targets, jobs):
         self.plan = plan
@@ -48,7 +48,7 @@ class Trials:
             for thread in threads:
                 thread.join()
         except KeyboardInterrupt as interruption:
-            self.failure = interruption  # which the others see before their next mutant
+            self.failure = interruption  # the other threads check it before their next mutant
         if self.failure:
             raise self.failure
 
@@ -75,7 +75,7 @@ def chosen_paths(paths, names):
     chosen = [path for path in paths if not names or pathlib.PurePath(path).name in names or path in names]
     unknown = [name for name in names if not any(path.endswith(name) for path in chosen)]
     if unknown:
-        sys.exit(f"not among the files that are changed: {', '.join(unknown)}; there are {', '.join(paths)}")
+        sys.exit(f"not a file of the plan: {', '.join(unknown)}; the plan has {', '.join(paths)}")
     return chosen
 
 
@@ -83,28 +83,28 @@ def arguments():
     parser = argparse.ArgumentParser(prog="scripts/check mutate", description=__doc__)
     parser.add_argument("files", nargs="*", help="only the mutants of these files, such as Bdd.js")
     parser.add_argument("--sample", type=int, metavar="N", help="only N of the mutants, drawn at random")
-    parser.add_argument("--seed", type=int, default=1, metavar="S", help="another draw (default: %(default)s)")
+    parser.add_argument("--seed", type=int, default=1, metavar="S", help="seed of the random sample (default: %(default)s)")
     parser.add_argument("--jobs", type=int, default=min(2, os.cpu_count() or 1), metavar="J",
-                        help="sandboxes that work at the same time (default: %(default)s)")
+                        help="number of parallel sandboxes (default: %(default)s)")
     parser.add_argument("--folder", type=pathlib.Path, default=HERE.parents[1] / "build" / "mutation",
-                        help="where the sandboxes and the report are (default: build/mutation)")
+                        help="folder of the sandboxes and the report (default: build/mutation)")
     parser.add_argument("--list", action="store_true", help="only list the mutants")
     return parser.parse_args()
 
 
 def draw(mutants, count, seed):
-    """In the order of the draw, so that a run that is ended early has seen a sample, too."""
+    """The mutants in random order: a run that is stopped early has tried a sample."""
     return random.Random(seed).sample(mutants, count) if count and count < len(mutants) else mutants
 
 
 def claim(folder):
-    """Keeps a second run out of the folder as long as what is returned is open."""
+    """Locks the folder against a second run until the returned file is closed."""
     folder.mkdir(parents=True, exist_ok=True)
     claimed = (folder / "lock").open("w", encoding="utf-8")
     try:
         fcntl.flock(claimed, fcntl.LOCK_EX | fcntl.LOCK_NB)
     except BlockingIOError:
-        sys.exit(f"another run is at work in {folder}")
+        sys.exit(f"another run uses {folder}")
     return claimed
 
 

@@ -1,4 +1,4 @@
-"""The operators: each takes a source and yields (name, start, end, replacement), one change at a time."""
+"""The mutation operators. Each takes a source and yields its changes as (name, start, end, replacement)."""
 
 import collections
 import re
@@ -51,7 +51,7 @@ class Mutant:
 
     @property
     def change(self):
-        """What identifies the change in a function, whatever its line is."""
+        """Identifies the change in its function, independent of the line."""
         again = f" #{self.occurrence}" if self.occurrence > 1 else ""
         return f"{squeeze(self.before)} => {squeeze(self.after) or 'nothing'}{again}"
 
@@ -59,7 +59,7 @@ class Mutant:
 def binary_operators(source):
     for match in BINARY.finditer(source.code):
         first, last = source.whole_lines(*match.span())
-        # Joining texts is no arithmetic; that a text is needed is seen when it is emptied.
+        # Joining strings is not arithmetic; the operator that empties strings covers it.
         if match.group() in "+%" and '"' in source.code[first:last] or _is_seen_by_conditions(source, match):
             continue
         for other in SWAPPED[match.group()]:
@@ -78,7 +78,7 @@ def unary_operators(source):
 
 
 def _is_seen_by_conditions(source, match):
-    """Whether a whole condition is turned round: whoever sees it always and never fulfilled sees that as well."""
+    """Whether the change negates a whole condition: tests that detect "if (true)" and "if (false)" detect that as well."""
     line = source.code[slice(*source.whole_lines(*match.span()))]
     return match.group() in ("!", "===", "!==", "==", "!=") and "if (" in line and not re.search(r"&&|\|\|", line)
 
@@ -91,10 +91,10 @@ def _returns_truth(source, position):
 def numbers(source):
     for match in NUMBER.finditer(source.code):
         first, last = source.whole_lines(*match.span())
-        # Nobody feels a millisecond.
+        # A duration is doubled: one millisecond more would go unnoticed.
         is_duration = re.search(r"\w+Ms\b|[dD]uration:|\binterval:", source.code[first:last])
         number = float(match.group()) if "." in match.group() else int(match.group())
-        if number and "opacity" in source.code[first:last]:  # more than 1 is 1
+        if number and "opacity" in source.code[first:last]:  # values above 1 act like 1
             other = number / 2
         else:
             other = number * 2 if is_duration and number else number + 1
@@ -152,7 +152,7 @@ def removed_statements(source):
     for start, end in source.bindings():
         yield "removed", start, end, ""
     for start, end in source.statements():
-        # A function that leaves without its value does anything.
+        # A function that returns without its value has undefined behaviour.
         if source.is_script or not re.match(r"return [^;]", source.code[start:end]):
             yield "removed", start, end, ""
 
@@ -171,13 +171,13 @@ def _can_be_swapped(source, first, second):
     are_neighbours = first[1] <= second[0] and not source.code[first[1]:second[0]].strip()
     codes = [source.code[start:end] for start, end in (first, second)]
     leave = any(LEAVING.match(code) for code in codes)
-    # Nothing is emitted between two connections in a row.
+    # No signal is emitted between two consecutive connections.
     connect = all(code.startswith("connect(") for code in codes)
     return are_neighbours and not leave and not connect and not _set_two_properties(source, *codes)
 
 
 def _set_two_properties(source, *codes):
-    """Whether two properties of one object of Qt are set. A script's date is another matter."""
+    """Whether both statements set properties of the same Qt object. Not for scripts: the setters of a date depend on each other."""
     setters = [SETTER.match(code) for code in codes]
     return not source.is_script and all(setters) and setters[0]["object"] == setters[1]["object"]
 
@@ -187,7 +187,7 @@ OPERATORS = (binary_operators, unary_operators, numbers, truth_values, texts, st
 
 
 def mutants_of(source):
-    """All mutants of a source in the order of its lines, each text once."""
+    """All mutants of a source in the order of its lines, without duplicates."""
     seen, found = {source.text}, []
     for operator in OPERATORS:
         for name, start, end, replacement in operator(source):
@@ -203,7 +203,7 @@ def mutants_of(source):
 
 
 def _numbered(mutants):
-    """Tells apart the changes of a function that read the same."""
+    """Numbers the changes of a function that have the same text."""
     times = collections.Counter()
     for mutant in mutants:
         times[mutant.function, mutant.change] += 1

@@ -1,4 +1,4 @@
-"""What is changed, and which tests are asked: the quick ones first, since the first that fails ends the trial."""
+"""The files to mutate and the tests to run for each: quick ones first, because the first failure ends the trial."""
 
 STORE = ("tst_StoreStatements", "tst_StoreReading", "tst_StoreWriting", "tst_ReminderDates", "tst_StoreOpening",
          "tst_StoreMigration", "tst_StoreFileErrors", "tst_StoreErrors")
@@ -22,7 +22,7 @@ LIST = ("tst_PatientTableRow", "tst_ListPopup", "tst_ListPopupKeyboard", "tst_Li
 MAIN = ("tst_MainLoading", "tst_MainMenu", "tst_MainSearch", "tst_MainAnimations", "tst_MainKeyboard",
         "tst_MainEditor", "tst_MainHeights")
 CONTROLS = ("tst_Controls", "tst_Activation", "tst_PlainText")
-# Asked about every document, after those of its own.
+# Run for every document, after its own tests.
 DOCUMENTS = ("tst_DocumentInterfaces", "tst_Looks", "tst_LargerTexts")
 
 PLAN = {
@@ -95,14 +95,14 @@ PLAN = {
     "src/service": SERVICE,
 }
 
-# What is built for a test, where it is not called like the test.
+# The targets of tests whose target has another name.
 TARGETS = {"desktop_restore": ("tandry", "tandry-restore")} | dict.fromkeys(
     (*EDITOR, *LIST, *MAIN, *CONTROLS, "tst_Autocomplete", "tst_ContactPopup", "tst_LargerTexts", "tst_Looks",
      "tst_PatientsResults", "tst_Question"), ("tandry_document_tests",))
 
 
 def changed_files(root, plan):
-    """The files that are changed: those of the plan, and all sources below its folders. The macOS half is not built here."""
+    """The files to mutate: those of the plan and all sources below its folders, except the macOS sources."""
     return {
         path.relative_to(root).as_posix(): tests_of(path.relative_to(root).as_posix(), plan)
         for place in plan for path in sorted([root / place] if (root / place).is_file() else (root / place).rglob("*"))
@@ -110,7 +110,7 @@ def changed_files(root, plan):
 
 
 def tests_of(path, plan):
-    """The tests of the plan's entry for this file, or for the nearest folder above it."""
+    """The tests of this file in the plan, or of its nearest parent folder."""
     place = path
     while place not in plan:
         place = place.rpartition("/")[0]

@@ -1,4 +1,4 @@
-"""What came of the mutants: a line for each while they are tried, a file at the end."""
+"""The results of the mutants: one line for each during the run, and a file at the end."""
 
 import collections
 
@@ -32,7 +32,7 @@ class Report:
             print("\n".join(difference(mutant)), flush=True)
 
     def faults(self, is_complete):
-        """What makes the run fail: a line for each."""
+        """The reasons why the run fails, one line each."""
         faults = [f"survived: {mutant.path}:{mutant.line} {mutant.function}: {mutant.change}"
                   for mutant, verdict, _ in self.results if verdict == "survived"]
         for entry in self.equivalents:

@@ -1,4 +1,4 @@
-"""A copy of the tree with a build of its own, in which one change after another is made, built and tested."""
+"""A copy of the tree with its own build, in which changes are made, built and tested one after another."""
 
 import contextlib
 import json
@@ -18,23 +18,23 @@ CONFIGURATION = (
 BUILD_LIMIT_S = 900
 FIRST_BUILD_LIMIT_S = 7200
 IN_MEMORY = pathlib.Path("/dev/shm")
-# A test that never ends is told from one on a busy machine by this, and by how long it takes with nothing changed.
+# Distinguishes endless tests from slow ones, together with the duration of the unchanged test.
 SHORTEST_LIMIT_S = 10
 LIMIT_FACTOR = 6
 FAILED_FUNCTION = re.compile(rb"^(?:FAIL!|XPASS|QFATAL)\s*: (\S+?)\(", re.MULTILINE)
-# A change may ask for memory without end.
+# A change may cause endless allocations.
 GUARDED = ("nice", "-n", "10", "sh", "-c", 'ulimit -c 0; ulimit -v 12000000; exec "$@"', "sh")
 
 
 def folder_for_tests():
-    """Where tests keep their files: in memory, where that may be, since their databases wait for the disk."""
+    """The folder for the tests' files: in memory where possible, because syncing their databases is slow on disk."""
     if IN_MEMORY.is_dir() and os.access(IN_MEMORY, os.W_OK) and not os.statvfs(IN_MEMORY).f_flag & os.ST_NOEXEC:
         return IN_MEMORY
     return None
 
 
 class BrokenTree(Exception):
-    """The unchanged tree does not build, or one of its tests fails: nothing can be said about changes to it."""
+    """The unchanged tree does not build, or one of its tests fails: no mutant can be judged."""
 
 
 class Sandbox:
@@ -50,25 +50,25 @@ class Sandbox:
         self.original = b""
 
     def prepare(self, names):
-        """Copies, configures, builds what the tests need and runs each of them once, unchanged."""
+        """Copies, configures and builds the tests, and runs each of them once without a change."""
         self.tree.mkdir(parents=True, exist_ok=True)
         self.build.mkdir(exist_ok=True)
         self._copy_tree()
         self._expect(["cmake", "-S", self.tree, "-B", self.build, *CONFIGURATION])
         targets = sorted({target for name in names for target in self._targets(name)})
         self._expect(["cmake", "--build", self.build, "--target", *targets,
-                      "--parallel", "1"])  # the other sandboxes are at it, too
-        # What a test runs is only known once it is there.
+                      "--parallel", "1"])  # the other sandboxes build as well
+        # ctest knows the command of a test only after the build.
         listing = subprocess.run(["ctest", "--show-only=json-v1"], cwd=self.build, stdout=subprocess.PIPE, check=True)
         self.tests = {test["name"]: test for test in json.loads(listing.stdout)["tests"]}
         for name in names:
             started = time.monotonic()
             if self._test(name, BUILD_LIMIT_S) != 0:
-                raise BrokenTree(f"{name} fails with nothing changed, see {self.log}")
+                raise BrokenTree(f"{name} fails without a change, see {self.log}")
             self.limits[name] = SHORTEST_LIMIT_S + LIMIT_FACTOR * (time.monotonic() - started)
 
     def try_out(self, path, text, names):
-        """Puts the text into the file and returns (verdict, by whom): killed, timed out, not compiled or survived."""
+        """Writes the text to the file and returns (verdict, test): killed, timed out, not compiled or survived."""
         self._change(path, text)
         for name in names:
             if self._build(name) != 0:
@@ -93,7 +93,7 @@ class Sandbox:
         (self.tree / path).write_bytes(text.encode())
 
     def _copy_tree(self):
-        """Copies what differs, so that a build that is already there is gone on with."""
+        """Copies only files that differ: an existing build stays up to date."""
         wanted = set()
         for folder, folders, files in os.walk(self.root):
             folders[:] = [name for name in folders if name not in NOT_COPIED]
@@ -109,7 +109,7 @@ class Sandbox:
                 path.unlink()
 
     def _targets(self, name):
-        """What is built for a test: what is called like it, where nothing else is said."""
+        """The targets of a test; by default the target with its name."""
         return self.targets.get(name, (name,))
 
     def _test(self, name, limit_s):
@@ -121,7 +121,7 @@ class Sandbox:
         return self._run(["cmake", "--build", self.build, "--target", *self._targets(name)], BUILD_LIMIT_S)
 
     def _await(self, process, end):
-        """The exit status of a process, 1 as soon as a function of a test has failed, None at the end of its time."""
+        """The exit status of a process; 1 as soon as a test function has failed, None after the time limit."""
         while time.monotonic() < end:
             with contextlib.suppress(subprocess.TimeoutExpired):
                 return process.wait(0.2)
@@ -131,14 +131,14 @@ class Sandbox:
 
     def _expect(self, command):
         if self._run(command, FIRST_BUILD_LIMIT_S) != 0:
-            raise BrokenTree(f"{' '.join(map(str, command[:3]))} fails with nothing changed, see {self.log}")
+            raise BrokenTree(f"{' '.join(map(str, command[:3]))} fails without a change, see {self.log}")
 
     def _run(self, command, limit_s, environment=None, folder=None):
-        """The exit status, or None when the limit was reached. What the command started ends with it."""
+        """The exit status, or None after the time limit. Ends all processes that the command started."""
         with tempfile.TemporaryDirectory(
                 prefix="mutation-", dir=folder_for_tests(), ignore_cleanup_errors=True) as temporary, \
                 self.log.open("wb") as log:
-            os.chmod(temporary, 0o1777)  # like the system's own: a test run by root lays its rights down
+            os.chmod(temporary, 0o1777)  # like the system's own: tests run by root switch to another user
             process = subprocess.Popen(
                 [*GUARDED, *map(str, command)], cwd=folder or self.build,
                 stdin=subprocess.DEVNULL, stdout=log, stderr=log, start_new_session=True,

@@ -1,10 +1,10 @@
-"""A source file as the operators see it: its code without comments, log lines, room made and the inside of texts."""
+"""A source file as the operators see it: its code without comments, log statements, reservations and string contents."""
 
 import re
 
 QUOTED = re.compile(r"//[^\n]*|/\*.*?\*/|\"(?:\\.|[^\"\\\n])*\"|'(?:\\.|[^'\\\n])*'", re.DOTALL)
 PREPROCESSOR = re.compile(r"^\s*#.*$|^\.?(?:import|pragma)\b.*$|\bQT_WARNING_\w+(?:\(.*\))?", re.MULTILINE)
-# What goes to the log, what a release build leaves out, and what only makes room.
+# Log statements, code that a release build leaves out, and calls that only reserve memory.
 UNSEEN = re.compile(r"\b(?:console\.\w+|qDebug|qWarning|Q_ASSERT(?:_X)?|\w+\.reserve)\s*\(")
 FUNCTION = re.compile(r"^(?:function |(?=\w)[^;={}()\n]*?\b)(?P<name>~?\w+)\(", re.MULTILINE)
 FUNCTION_OF_DOCUMENT = re.compile(r"^[ \t]*(?:function (?=\w+\()|(?=on[A-Z]\w*:))(?P<name>\w+)", re.MULTILINE)
@@ -24,7 +24,7 @@ def squeeze(text):
 
 
 class Source:
-    """`code` is `text` with everything blanked that is not changed; `strings` are the spans of the texts left in it."""
+    """`code` is `text` with everything blanked that is not mutated; `strings` are the spans of the remaining strings."""
 
     def __init__(self, path, text):
         self.path = path
@@ -63,12 +63,12 @@ class Source:
         return self.text.count("\n", 0, position) + 1
 
     def whole_lines(self, start, end):
-        """The span widened to whole lines."""
+        """The span extended to whole lines."""
         last = self.text.find("\n", end)
         return self.text.rfind("\n", 0, start) + 1, len(self.text) if last < 0 else last
 
     def function_at(self, position):
-        """The name of the function around the position; "-" above the first one and where none is open."""
+        """The name of the function around the position; "-" outside all functions."""
         match = None
         if self.is_document:
             for match in FUNCTION_OF_DOCUMENT.finditer(self.code, 0, position):
@@ -84,7 +84,7 @@ class Source:
         return re.search(r"^\}", self.code[start:position], re.MULTILINE) is not None
 
     def closing(self, position):
-        """The place of the bracket that closes the one at the position."""
+        """The position of the bracket that closes the one at the given position."""
         depth = 0
         for place in range(position, len(self.code)):
             depth += (self.code[place] in OPENING) - (self.code[place] in CLOSING)
@@ -93,9 +93,9 @@ class Source:
         return len(self.code) - 1
 
     def bindings(self):
-        """The spans of a document's bindings that stand on one line, without its declarations."""
+        """The spans of a document's single-line bindings, without its declarations."""
         for match in BINDING.finditer(self.code) if self.is_document else ():
-            # What goes over several lines would leave its rest behind.
+            # Removing the first of several lines would leave the others behind.
             if not match.group().rstrip().endswith(tuple("([{,?:&|+")) and not self._goes_on_below(match.end()):
                 yield match.start(), match.end()
 
@@ -103,7 +103,7 @@ class Source:
         return re.match(r"\s*(?:[?:+|&*]|-\s)", self.code[end:]) is not None
 
     def statements(self):
-        """The spans of the simple statements: no declarations, nothing that begins a block."""
+        """The spans of simple statements: no declarations, and none that begins a block."""
         for match in re.finditer(r"^[ \t]+(?=\S)", self.code, re.MULTILINE):
             start = match.end()
             if not self._begins_a_statement(start):

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""What the driver of scripts/check mutate changes, and what it says of changes that are seen, unseen, endless and broken."""
+"""Tests the driver of scripts/check mutate: its changes, and its verdicts on killed, surviving, endless and broken mutants."""
 
 import contextlib
 import io

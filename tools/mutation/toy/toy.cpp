@@ -1,4 +1,4 @@
-/// Whether "many" has been reached; a > b in a comment is no operator.
+/// Whether "many" has been reached; "a > b" in a comment is not an operator.
 bool isMany(int count)
 {
     return count > 10;

@@ -4,7 +4,7 @@ bool isMany(int count);
 int countDown(int count);
 void greet(const char *&greeting);
 
-/// Looks at neither side of the border of isMany(), so that some changes to it go unseen.
+/// Does not test the boundary of isMany(): some of its mutants survive.
 int main()
 {
     const char *greeting = nullptr;
