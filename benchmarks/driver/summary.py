@@ -29,5 +29,5 @@ def line(result):
     return "| " + " | ".join(cells) + f" | {len(result.values)} |"
 
 
-HEAD = ("| # | What | Program | Bare | Ratio | Reach | Runs |\n"
+HEAD = ("| # | What | Program | Bare | Ratio | Limit | Runs |\n"
         "|---|---|---|---|---|---|---|")

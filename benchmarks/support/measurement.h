@@ -7,7 +7,7 @@
 
 #include <functional>
 
-/// The application of a benchmark in a home of its own, with the options `--pairs N --patients N` of its command line.
+/// The application of a benchmark in a temporary home, with the options `--pairs N --patients N` of its command line.
 struct Measurement
 {
     const TestHome home;

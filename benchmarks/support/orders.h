@@ -9,8 +9,8 @@
 
 #include <unistd.h>
 
-/// Obeys the orders on standard input, a line each, while it lives, and answers each with "done". The application ends
-/// with the input.
+/// Executes orders from standard input, one on each line, and answers each with "done". The application ends with the
+/// input.
 class Orders
 {
     Q_DISABLE_COPY(Orders)

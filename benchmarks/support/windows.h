@@ -23,10 +23,10 @@ QQuickItem *findItem(QQuickItem *root, const char *type, const char *property = 
 /// Whether there is an item of that type below \a root.
 bool hasItem(QQuickItem *root, const char *type);
 
-/// Shows the tab of all patients in the list.
+/// Switches the list to the tab of all patients.
 void showAllPatients(const QQuickView &list);
 
-/// Presses the key of that letter in a window at rest; the milliseconds until the window has painted what it does.
+/// Presses the key of that letter in an idle window; returns the milliseconds until the window has painted the effect.
 double pressKeyMs(QQuickView &view, char letter);
 
 /// Runs the work and returns once each window has painted a frame after it; ends the process after 60 s.
