@@ -174,12 +174,12 @@ class Widget:
         return boxes if boxes[0].width > 0 and boxes[0].height > 0 else []
 
     def click_until(self, effect, what, name, role=None):
-        """Clicks a control until `effect` holds, for one whose second click changes nothing more."""
+        """Clicks a control until `effect` holds; a second click must have no further effect."""
         return self.repeat(lambda: self.click(name, role), effect, what)
 
     def repeat(self, action, effect, what):
-        """Does `action` until `effect` holds, and returns what that gives: the window system may lose a click beside a
-        window that is just moving. For an action that changes nothing more the second time."""
+        """Repeats `action` until `effect` holds and returns its result: the window system may lose a click near a moving
+        window. A second action must have no further effect."""
         deadline = time.monotonic() + PATIENCE_SECONDS
         while True:
             try:
