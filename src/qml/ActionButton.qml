@@ -1,5 +1,6 @@
 import QtQuick 2.2
 import "base"
+import "style"
 
 // A wide coloured button with an optional icon.
 Rectangle {

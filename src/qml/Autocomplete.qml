@@ -1,5 +1,6 @@
 import QtQuick 2.2
 import "base"
+import "style"
 import "../js/AutocompleteLogic.js" as AutocompleteLogic
 import "../js/Bdd.js" as Bdd
 

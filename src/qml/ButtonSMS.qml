@@ -1,5 +1,6 @@
 import QtQuick 2.2
 import "base"
+import "style"
 import "../js/BuildSettings.js" as BuildSettings
 
 // The button of a row that opens the SMS service's page: the same for every patient, nothing of him goes with it.

@@ -1,5 +1,6 @@
 import QtQuick 2.2
 import "base"
+import "style"
 import "../js/BuildSettings.js" as BuildSettings
 
 // The contact popup: the brand's telephone, addresses and web sites.

@@ -1,6 +1,7 @@
 import QtQuick 2.2
 import QtQuick.Controls 1.1
 import "base"
+import "style"
 
 // The frame of the main widget: header with its buttons and menu, and the area that holds the panes.
 WindowFrame {

@@ -1,6 +1,7 @@
 import QtQuick 2.2
 import QtQuick.Window 2.2
 import "base"
+import "style"
 import "../js/Bdd.js" as Bdd
 import "../js/EditorLogic.js" as EditorLogic
 

@@ -2,6 +2,7 @@ import QtQuick 2.2
 import QtQuick.Controls 1.1
 import QtQuick.Window 2.2
 import "base"
+import "style"
 import "../js/Bdd.js" as Bdd
 import "../js/ListLogic.js" as ListLogic
 

@@ -1,5 +1,6 @@
 import QtQuick 2.2
 import "base"
+import "style"
 
 // The name bar of the patient editor: back, the name, the gender.
 Rectangle {

@@ -1,6 +1,7 @@
 import QtQuick 2.2
 import QtQuick.Controls 1.1
 import "base"
+import "style"
 import "../js/Bdd.js" as Bdd
 
 // The five questions of the pathway and its two gates.

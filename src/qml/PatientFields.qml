@@ -1,5 +1,6 @@
 import QtQuick 2.2
 import "base"
+import "style"
 
 // The top block of the editor: phone, first appointment and, once something is edited, the two buttons.
 Rectangle {

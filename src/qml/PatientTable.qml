@@ -1,5 +1,6 @@
 import QtQuick 2.2
 import "base"
+import "style"
 
 // The scrolling rows of the patient list, in the colours of the waiting patients or of all.
 Rectangle {

@@ -1,5 +1,6 @@
 import QtQuick 2.2
 import "base"
+import "style"
 import "../js/StepCells.js" as StepCells
 
 // One patient of the table: tick, cells and the SMS button.

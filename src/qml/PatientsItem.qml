@@ -1,5 +1,6 @@
 import QtQuick 2.2
 import "base"
+import "style"
 
 // One row of the main widget: icon, text, an optional counter and a chevron.
 Item {

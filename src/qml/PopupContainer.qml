@@ -1,5 +1,6 @@
 import QtQuick 2.2
 import "base"
+import "style"
 
 // The frame of the popups: header with an extra area and the close cross, and the content area.
 WindowFrame {

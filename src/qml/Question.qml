@@ -1,6 +1,7 @@
 import QtQuick 2.2
 import QtQuick.Controls 1.1
 import "base"
+import "style"
 
 // One step of the pathway: a question that unfolds to its two answers.
 Item {

@@ -1,5 +1,6 @@
 import QtQuick 2.2
 import "base"
+import "style"
 import "../js/BuildSettings.js" as BuildSettings
 
 // The bar at the foot of the editor that opens the SMS service's page. Nothing of the patient goes with it.

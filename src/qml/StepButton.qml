@@ -1,5 +1,6 @@
 import QtQuick 2.2
 import "base"
+import "style"
 
 // A gate of the pathway: what must have happened before the next question is asked.
 Item {

@@ -1,5 +1,6 @@
 import QtQuick 2.2
 import "base"
+import "style"
 
 // The cell of one step of the pathway: bold when it wants attention, and red too where the list is the waiting one.
 TableCell {

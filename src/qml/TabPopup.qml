@@ -1,6 +1,7 @@
 import QtQuick 2.2
 import QtQuick.Controls 1.1
 import "base"
+import "style"
 
 // One tab of the patient list. Its children stand left of its title.
 Rectangle {

@@ -1,5 +1,6 @@
 import QtQuick 2.2
 import "base"
+import "style"
 
 // The text of one cell of the patient table.
 WidgetText {

@@ -1,5 +1,6 @@
 import QtQuick 2.2
 import "base"
+import "style"
 
 // The foot of the patient list: the bar that prints it and the button that deletes the ticked patients.
 Rectangle {

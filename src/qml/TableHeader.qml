@@ -1,5 +1,6 @@
 import QtQuick 2.2
 import "base"
+import "style"
 
 // The header of the patient table: its default content is the box at the left, then come the titles of the columns.
 Rectangle {

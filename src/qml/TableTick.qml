@@ -1,5 +1,6 @@
 import QtQuick 2.2
 import "base"
+import "style"
 
 // The tick box at the left of the patient table, in its column. A row's zone is wider and begins at the row's edge.
 Clickable {

@@ -1,5 +1,6 @@
 import QtQuick 2.2
 import "base"
+import "style"
 
 // The title of one column of the patient table. A title may be wider than its column, it then uses the gaps beside it.
 Item {

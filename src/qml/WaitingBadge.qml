@@ -1,5 +1,6 @@
 import QtQuick 2.2
 import "base"
+import "style"
 
 // The number of waiting patients on its round badge. It keeps its place when there is none.
 Image {

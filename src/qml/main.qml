@@ -1,5 +1,6 @@
 import QtQuick 2.2
 import "base"
+import "style"
 import "../js/Bdd.js" as Bdd
 
 // The main widget: search, results and the patient editor that slides in from the right.

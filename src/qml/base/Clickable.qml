@@ -1,5 +1,6 @@
 import QtQuick 2.2
 import QtQuick.Window 2.2
+import "../style"
 
 // Whatever can be clicked: by the mouse, by Return and Space, by an assistive tool. What is disabled or not visible, or
 // in a hidden window, takes none of the three.

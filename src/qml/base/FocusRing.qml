@@ -1,4 +1,5 @@
 import QtQuick 2.2
+import "../style"
 
 // Shows which control the keyboard speaks to.
 Rectangle {

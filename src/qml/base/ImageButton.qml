@@ -1,6 +1,7 @@
 import QtQuick 2.2
 import QtQuick.Controls 1.1
 import QtQuick.Controls.Styles 1.1
+import "../style"
 
 // A picture that is a button, with a tooltip. `name` says to an assistive tool what it does.
 Button {

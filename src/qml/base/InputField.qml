@@ -1,6 +1,7 @@
 import QtQuick 2.2
 import QtQuick.Controls 1.1
 import QtQuick.Controls.Styles 1.1
+import "../style"
 
 // A line of text without a frame of its own. A placeholder is no name, so each field is given one.
 TextField {

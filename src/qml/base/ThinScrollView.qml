@@ -1,6 +1,7 @@
 import QtQuick 2.2
 import QtQuick.Controls 1.1
 import QtQuick.Controls.Styles 1.1
+import "../style"
 
 // A scroll view with a thin bar that is always there and has no arrows. A notch of the wheel moves it by three rows.
 ScrollView {

@@ -1,4 +1,5 @@
 import QtQuick 2.2
+import "../style"
 
 // The square of a tick box: white, filled with its colour and ticked when `checked`. Unticked it has an outline where
 // white could not be seen on what lies below.

@@ -1,4 +1,5 @@
 import QtQuick 2.2
+import "../style"
 
 // How the parts of the editor unfold and fold.
 SmoothedAnimation {

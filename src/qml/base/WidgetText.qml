@@ -1,4 +1,5 @@
 import QtQuick 2.2
+import "../style"
 
 // Text of the windows. Plain unless said otherwise: a patient's name is data, not markup.
 Text {

@@ -1,4 +1,5 @@
 import QtQuick 2.2
+import "../style"
 
 // The rounded dark frame of every window: the logo and the title at the top left, and the zone that drags the window.
 Rectangle {
