@@ -7,7 +7,8 @@ import "../js/BuildSettings.js" as BuildSettings
 Rectangle {
     id: root
 
-    property bool reachable: true
+    /// Whether Tab stops here.
+    property bool tabStop: true
 
     signal clicked
 
@@ -48,11 +49,11 @@ Rectangle {
     Clickable {
         id: clickable
 
-        activeFocusOnTab: root.reachable || activeFocus
+        activeFocusOnTab: root.tabStop || activeFocus
         anchors.fill: parent
         name: qsTr("Envoi SMS")
 
-        // Where the keyboard goes on from here is the row's business.
+        // The row moves the focus from here.
         Keys.forwardTo: root
         onTriggered: root.openServicePage()
     }

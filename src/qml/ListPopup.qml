@@ -2,6 +2,7 @@ import QtQuick 2.2
 import QtQuick.Controls 1.1
 import QtQuick.Window 2.2
 import "base"
+import "list"
 import "style"
 import "../js/Bdd.js" as Bdd
 import "../js/ListLogic.js" as ListLogic
@@ -147,7 +148,7 @@ Rectangle {
                 bottom: tableFooter.top
                 top: tableHeader.bottom
             }
-            source: "PatientTable.qml"
+            source: "list/PatientTable.qml"
             width: parent.width
 
             onShownChanged: need()

@@ -1,27 +1,29 @@
 import QtQuick 2.2
 import "base"
+import "list"
 import "style"
-import "../js/StepCells.js" as StepCells
 
 // One patient of the table: tick, cells and the SMS button.
 Rectangle {
     id: root
 
-    property string iid
-    property string iname
-    property string icreated
-    property string iphone
-    property int itest: 0
-    property int irdv1: 0
-    property int iconfirmation: 0
-    property int irdv2: 0
-    property int irdv3: 0
-    property var itest_date: null
-    property var idate1: null
-    property var iconfirmation_date: null
-    property var idate2: null
-    property var idate3: null
-    property bool ichecked: false
+    /// The row's values in the table's model; a row without a model is given the properties that follow.
+    property var record: null
+    property string iid: record ? record.id : ""
+    property string iname: record ? record.name : ""
+    property string icreated: record ? record.created_format : ""
+    property string iphone: record ? record.phone : ""
+    property int itest: record ? record.test : 0
+    property int irdv1: record ? record.rdv1 : 0
+    property int iconfirmation: record ? record.confirmation : 0
+    property int irdv2: record ? record.rdv2 : 0
+    property int irdv3: record ? record.rdv3 : 0
+    property var itest_date: record ? record.test_date : null
+    property var idate1: record ? record.date1 : null
+    property var iconfirmation_date: record ? record.confirmation_date : null
+    property var idate2: record ? record.date2 : null
+    property var idate3: record ? record.date3 : null
+    property bool ichecked: record ? record.checked : false
     property alias exchecked: tick.checked
     property bool pair: false
     property bool red: false
@@ -30,14 +32,14 @@ Rectangle {
     property color rowColorHovered: Palette.tableRowHovered
     property color pairRowColorHovered: Palette.tableRowHovered
     /// Whether Tab stops in this row; a list of rows leaves one in the chain and goes from row to row itself.
-    property bool reachable: true
+    property bool tabStop: true
     property bool hasPrevious: false
     property bool hasNext: false
 
     signal clicked
     signal openPatient(string iid)
-    /// The keyboard goes on in another row, so many rows further down, at the part of that number.
-    signal rowWanted(real offset, int part)
+    /// The keyboard moves so many rows down, to the part of that number.
+    signal focusLeft(real rows, int part)
 
     /// Gives the keyboard to a part of the row: 0 the tick, 1 the patient, 2 the SMS button.
     function focusPart(part) {
@@ -55,11 +57,11 @@ Rectangle {
     }
 
     function moveByKey(event) {
-        var offset = rowsFor(event.key);
+        var rows = rowsFor(event.key);
 
-        event.accepted = offset !== 0;
-        if (offset !== 0) {
-            rowWanted(offset, focusedPart());
+        event.accepted = rows !== 0;
+        if (rows !== 0) {
+            focusLeft(rows, focusedPart());
         }
     }
 
@@ -82,10 +84,10 @@ Rectangle {
         }
     }
 
-    function goOn(event, possible, offset, part) {
+    function moveByTab(event, possible, rows, part) {
         event.accepted = possible;
         if (possible) {
-            rowWanted(offset, part);
+            focusLeft(rows, part);
         }
     }
 
@@ -105,122 +107,48 @@ Rectangle {
     TableTick {
         id: tick
 
-        activeFocusOnTab: root.reachable || activeFocus
+        activeFocusOnTab: root.tabStop || activeFocus
         name: qsTr("Sélectionner %1").arg(root.iname)
         tickColor: Palette.tickRow
 
-        Keys.onBacktabPressed: root.goOn(event, root.hasPrevious, -1, 2)
+        Keys.onBacktabPressed: root.moveByTab(event, root.hasPrevious, -1, 2)
     }
 
     Clickable {
         id: openZone
 
-        activeFocusOnTab: root.reachable || activeFocus
+        activeFocusOnTab: root.tabStop || activeFocus
         anchors {
             left: tick.right
             right: parent.right
-            rightMargin: root.width * Metrics.rightOfOpenZone
+            rightMargin: root.width * (1 - Columns.openZoneEnd)
         }
-        // Round the phone number, which reaches beyond the zone.
-        focusRing.anchors.rightMargin: -root.width * Metrics.phoneBeyondOpenZone
+        // Around the phone number, which is wider than the zone.
+        focusRing.anchors.rightMargin: -root.width * Columns.phoneBeyondOpenZone
         height: parent.height
         name: qsTr("Ouvrir %1").arg(root.iname)
 
         onTriggered: root.open()
     }
 
-    Row {
-        spacing: root.width * Metrics.columnGap
-        x: spacing
+    Repeater {
+        model: Columns.ofTexts
 
-        Item {
-            height: 1
-            width: root.width * Metrics.tickColumn
-        }
         TableCell {
-            column: Columns.patientName
-            font.bold: true
-            growth: 1.4
-            horizontalAlignment: Text.AlignLeft
-            points: 9
-            text: root.iname
-            width: root.width * Metrics.nameColumn
+            column: modelData
+            row: root
         }
-        TableCell {
-            column: Columns.firstAppointment
-            growth: 1.3
-            text: root.icreated
-            width: root.width * Metrics.firstAppointmentColumn
-        }
-        StepCell {
-            column: Columns.test
-            emphasised: StepCells.isTestEmphasised(root.itest_date)
-            objectName: "test"
-            red: root.red
-            text: StepCells.testText(root.itest_date, root.itest)
-            width: root.width * Metrics.stepColumn
-        }
-        StepCell {
-            id: workUp
+    }
 
-            column: Columns.workUp
-            emphasised: StepCells.isWorkUpEmphasised(root.idate1, root.irdv1, text)
-            objectName: "rdv1"
-            red: root.red
-            text: StepCells.workUpText(root.idate1, root.irdv1, root.itest_date, root.itest)
-            width: root.width * Metrics.stepColumn
-        }
-        StepCell {
-            id: allergy
+    ButtonSMS {
+        id: smsButton
 
-            column: Columns.allergy
-            emphasised: StepCells.isAllergyEmphasised(text)
-            objectName: "confirmation"
-            red: root.red
-            text: StepCells.allergyText(root.iconfirmation_date, root.iconfirmation, workUp.text)
-            width: root.width * Metrics.stepColumn
-        }
-        StepCell {
-            id: firstIntake
+        anchors.verticalCenter: parent.verticalCenter
+        tabStop: root.tabStop
+        width: root.width * Columns.sms.width
+        x: root.width * Columns.sms.left
 
-            column: Columns.firstIntake
-            emphasised: StepCells.isAppointmentEmphasised(root.idate2, root.irdv2)
-            objectName: "rdv2"
-            red: root.red
-            text: StepCells.appointmentText(root.idate2, root.irdv2, allergy.text)
-            width: root.width * Metrics.stepColumn
-        }
-        StepCell {
-            column: Columns.review
-            emphasised: StepCells.isAppointmentEmphasised(root.idate3, root.irdv3)
-            objectName: "rdv3"
-            red: root.red
-            text: StepCells.appointmentText(root.idate3, root.irdv3, firstIntake.text)
-            width: root.width * Metrics.stepColumn
-        }
-        Item {
-            height: Metrics.tableRowHeight
-            objectName: "phoneColumn"
-            width: root.width * Metrics.phoneColumn
-
-            // A number of full length is a little wider than its column: it may use the gaps beside it.
-            TableCell {
-                anchors.centerIn: parent
-                column: Columns.phone
-                growth: 1.1
-                text: root.iphone
-                width: parent.width + root.width * Metrics.columnGap
-            }
-        }
-        ButtonSMS {
-            id: smsButton
-
-            anchors.verticalCenter: parent.verticalCenter
-            reachable: root.reachable
-            width: root.width * Metrics.smsColumn
-
-            Keys.onTabPressed: root.goOn(event, root.hasNext, 1, 0)
-        }
+        Keys.onTabPressed: root.moveByTab(event, root.hasNext, 1, 0)
     }
 
     states: [

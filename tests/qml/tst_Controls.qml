@@ -149,7 +149,7 @@ Item {
         }
 
         function test_number_of_the_badge_keeps_its_size() {
-            var badge = load("WaitingBadge", { number: 7 });
+            var badge = load("list/WaitingBadge", { number: 7 });
             var text = textItem(badge, "7");
             var height = text.contentHeight;
 

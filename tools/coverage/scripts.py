@@ -11,7 +11,7 @@ import shutil
 import subprocess
 import sys
 
-SOURCES = ("src/qml/**/*.qml", "src/js/*.js")
+SOURCES = ("src/qml/**/*.qml", "src/js/**/*.js")
 FUNCTION = re.compile(r"function (\w*) ?\([^)]*\) \{$")
 HANDLER = re.compile(r"^(\s*)((?:\w+\.)?on[A-Z]\w*): (.*)$")
 REACHED = re.compile(r"reached (\S+:\d+) ")

@@ -22,20 +22,6 @@ QtObject {
     readonly property int tableFooterHeight: 42
     readonly property int tableIconSize: 18
 
-    // columns of the patient table as fractions of its width; each is preceded by the gap
-    readonly property real columnGap: 0.015
-    readonly property real tickColumn: 0.03
-    readonly property real nameColumn: 0.19
-    readonly property real firstAppointmentColumn: 0.09
-    readonly property real stepColumn: 0.07
-    readonly property real phoneColumn: 0.09
-    readonly property real smsColumn: 0.09
-
-    // what answers the mouse in a row: the tick at the left, the patient up to what lies right of it
-    readonly property real tickZone: 0.05
-    readonly property real rightOfOpenZone: 0.13
-    readonly property real phoneBeyondOpenZone: 0.027
-
     readonly property int slideDuration: 600
     readonly property int unfoldDuration: 300
 }

@@ -41,8 +41,9 @@ var rows = [
     ["new patient", "part confirmation", { left: 430.92, width: 55.86, text: "" }],
     ["new patient", "part rdv2", { left: 498.75, width: 55.86, text: "" }],
     ["new patient", "part rdv3", { left: 566.58, width: 55.86, text: "" }],
-    ["new patient", "part phoneColumn", { left: 634.41, width: 71.82 }],
-    ["new patient", phone, { centreX: 670.32, "font.bold": false, color: "#002357", truncated: false }],
+    // A number may use the gaps beside its column, which is 71.82 wide.
+    ["new patient", phone, { left: 628.425, width: 83.79, centreX: 670.32, "font.bold": false, color: "#002357",
+     truncated: false }],
     ["new patient", "type ButtonSMS", { left: 718.2, width: 71.82, height: 23.94, centreY: 21 }],
     ["new patient", "text Envoi SMS", { points: 8.4494 }],
     ["new patient", "type BorderImage", { width: 71.82 }],

@@ -74,7 +74,7 @@ TestCase {
     }
 
     function isText(item) {
-        return ["Text", "WidgetText", "TableCell", "StepCell", "ContactText", "SiteLink"]
+        return ["Text", "WidgetText", "TableCell", "ContactText", "SiteLink"]
             .indexOf(Native.typeName(item)) >= 0;
     }
 

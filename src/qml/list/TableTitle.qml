@@ -1,25 +1,30 @@
 import QtQuick 2.2
-import "base"
-import "style"
+import "../base"
+import "../style"
 
 // The title of one column of the patient table. A title may be wider than its column, it then uses the gaps beside it.
 Item {
-    property alias text: title.text
+    id: root
+
+    property TableColumn column
+    property real tableWidth
+    readonly property string text: column.title
 
     height: parent ? parent.height : 0
+    width: tableWidth * column.width
+    x: tableWidth * column.left
 
     WidgetText {
-        id: title
-
         anchors.centerIn: parent
         color: Palette.white
         font.bold: true
         growth: 1
         horizontalAlignment: Text.AlignHCenter
         points: 8
+        text: root.text
         textFormat: Text.RichText
 
-        Accessible.name: Columns.spoken(text)
+        Accessible.name: root.column.spokenTitle
         Accessible.role: Accessible.StaticText
     }
 }

@@ -1,6 +1,6 @@
 import QtQuick 2.2
-import "base"
-import "style"
+import "../base"
+import "../style"
 
 // The foot of the patient list: the bar that prints it and the button that deletes the ticked patients.
 Rectangle {
@@ -32,7 +32,7 @@ Rectangle {
             Image {
                 anchors.verticalCenter: parent.verticalCenter
                 height: Metrics.tableIconSize
-                source: "../images/printer.png"
+                source: "../../images/printer.png"
                 width: Metrics.tableIconSize
             }
             WidgetText {
@@ -70,7 +70,7 @@ Rectangle {
             anchors.centerIn: parent
             height: Metrics.tableIconSize
             opacity: removeButton.containsMouse ? 0.6 : 1
-            source: "../images/trash.png"
+            source: "../../images/trash.png"
             width: Metrics.tableIconSize
         }
     }

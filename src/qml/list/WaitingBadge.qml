@@ -1,6 +1,6 @@
 import QtQuick 2.2
-import "base"
-import "style"
+import "../base"
+import "../style"
 
 // The number of waiting patients on its round badge. It keeps its place when there is none.
 Image {
@@ -10,7 +10,7 @@ Image {
 
     height: 24
     opacity: number === 0 ? 0 : 1
-    source: "../images/counter-big.png"
+    source: "../../images/counter-big.png"
     width: 24
 
     WidgetText {

@@ -1,6 +1,7 @@
 import QtQuick 2.2
-import "base"
-import "style"
+import ".."
+import "../base"
+import "../style"
 
 // The scrolling rows of the patient list, in the colours of the waiting patients or of all.
 Rectangle {
@@ -48,7 +49,7 @@ Rectangle {
             id: list
 
             /// Gives the keyboard to a part of the row at that index, or of the nearest one.
-            function goTo(index, part) {
+            function focusRow(index, part) {
                 currentIndex = Math.max(0, Math.min(count - 1, index));
                 positionViewAtIndex(currentIndex, ListView.Contain);
                 currentItem.focusPart(part);
@@ -57,34 +58,20 @@ Rectangle {
             delegate: PatientTableRow {
                 hasNext: index < list.count - 1
                 hasPrevious: index > 0
-                ichecked: model.checked
-                iconfirmation: model.confirmation
-                iconfirmation_date: model.confirmation_date
-                icreated: model.created_format
-                idate1: model.date1
-                idate2: model.date2
-                idate3: model.date3
-                iid: model.id
-                iname: model.name
-                iphone: model.phone
-                irdv1: model.rdv1
-                irdv2: model.rdv2
-                irdv3: model.rdv3
-                itest: model.test
-                itest_date: model.test_date
                 pair: Math.round(index / 2) === index / 2
                 pairRowColor: root.waiting ? Palette.waitingTablePairRow : Palette.tablePairRow
                 pairRowColorHovered: root.waiting ? Palette.waitingTableRowHovered : Palette.tableRowHovered
-                reachable: ListView.isCurrentItem
+                record: model
                 red: root.waiting
                 rowColor: root.waiting ? Palette.waitingTableRow : Palette.tableRow
                 rowColorHovered: root.waiting ? Palette.waitingTableRowHovered : Palette.tableRowHovered
+                tabStop: ListView.isCurrentItem
                 // As wide as the header: the scroll bar lies over the margin right of the last column.
                 width: root.width
 
                 onExcheckedChanged: root.ticked(index, exchecked)
+                onFocusLeft: list.focusRow(index + rows, part)
                 onOpenPatient: root.openPatient(iid)
-                onRowWanted: list.goTo(index + offset, part)
             }
             highlightFollowsCurrentItem: false
         }

@@ -8,28 +8,23 @@ ListModel {
         insert(count, patients.map(toRow));
     }
 
+    /// The roles of the columns, and those that no column shows.
     function toRow(patient) {
-        return {
+        var row = {
             id: patient.id,
             genderMale: patient.genderMale || 0,
-            name: patient.name || "",
-            phone: patient.phone || "",
             created: patient.created || "",
-            created_format: patient.created_format || "",
-            test: patient.test || 0,
-            test_date: patient.test_date || "",
-            rdv1: patient.rdv1 || 0,
-            date1: patient.date1 || "",
-            confirmation: patient.confirmation || 0,
-            confirmation_date: patient.confirmation_date || "",
-            rdv2: patient.rdv2 || 0,
-            date2: patient.date2 || "",
-            rdv3: patient.rdv3 || 0,
-            date3: patient.date3 || "",
             notification_date: patient.notification_date || "",
             // Rows of the waiting tab have no such value: all of them wait.
             waiting: patient.waiting === undefined ? 1 : patient.waiting || 0,
             checked: patient.checked
         };
+        var roles = Columns.roles;
+        var role;
+
+        for (role in roles) {
+            row[role] = patient[role] || roles[role];
+        }
+        return row;
     }
 }

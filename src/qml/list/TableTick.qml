@@ -1,6 +1,5 @@
 import QtQuick 2.2
-import "base"
-import "style"
+import "../base"
 
 // The tick box at the left of the patient table, in its column. A row's zone is wider and begins at the row's edge.
 Clickable {
@@ -14,8 +13,8 @@ Clickable {
     property bool narrow: false
 
     height: parent ? parent.height : 0
-    width: tableWidth * (narrow ? Metrics.tickColumn : Metrics.tickZone)
-    x: narrow ? tableWidth * Metrics.columnGap : 0
+    width: tableWidth * (narrow ? Columns.tickWidth : Columns.tickZone)
+    x: narrow ? tableWidth * Columns.gap : 0
 
     onTriggered: checked = !checked
 
@@ -29,6 +28,6 @@ Clickable {
 
         anchors.verticalCenter: parent.verticalCenter
         checked: root.checked
-        x: Math.round(root.tableWidth * (Metrics.columnGap + Metrics.tickColumn / 2) - width / 2) - root.x
+        x: Math.round(root.tableWidth * (Columns.gap + Columns.tickWidth / 2) - width / 2) - root.x
     }
 }

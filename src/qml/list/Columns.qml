@@ -1,0 +1,141 @@
+pragma Singleton
+import QtQuick 2.2
+import "../../js/list/StepCells.js" as StepCells
+
+// The columns of the patient table, from left to right: titles, rows and model are made from them. `row` is a
+// PatientTableRow; what it has no property for, a text reads from row.record.
+QtObject {
+    id: root
+
+    /// Stands before each column.
+    readonly property real gap: 0.015
+
+    /// The column of the tick boxes, left of all others.
+    readonly property real tickWidth: 0.03
+
+    readonly property list<TableColumn> all: [
+        TableColumn {
+            alignment: Text.AlignLeft
+            bold: true
+            growth: 1.4
+            key: "name"
+            points: 9
+            roles: ({ name: "" })
+            text: function (row) { return row.iname; }
+            title: qsTr("Nom du patient")
+            width: 0.19
+        },
+        TableColumn {
+            growth: 1.3
+            key: "firstAppointment"
+            roles: ({ created_format: "" })
+            text: function (row) { return row.icreated; }
+            title: qsTr("Date<br/>1<sup>er</sup> RDV")
+            width: 0.09
+        },
+        TableColumn {
+            emphasised: StepCells.isTestEmphasised
+            key: "test"
+            roles: ({ test: 0, test_date: "" })
+            text: StepCells.testText
+            title: qsTr("Tests<br/>cutanés")
+            width: 0.07
+        },
+        TableColumn {
+            emphasised: StepCells.isWorkUpEmphasised
+            key: "rdv1"
+            roles: ({ rdv1: 0, date1: "" })
+            text: StepCells.workUpText
+            title: qsTr("RDV bilan<br/>allergo.")
+            width: 0.07
+        },
+        TableColumn {
+            emphasised: StepCells.isAllergyEmphasised
+            key: "confirmation"
+            roles: ({ confirmation: 0, confirmation_date: "" })
+            text: StepCells.allergyText
+            title: qsTr("Allergie<br/>confirmée")
+            width: 0.07
+        },
+        TableColumn {
+            emphasised: StepCells.isFirstIntakeEmphasised
+            key: "rdv2"
+            roles: ({ rdv2: 0, date2: "" })
+            text: StepCells.firstIntakeText
+            title: qsTr("RDV<br/>1<sup>ère</sup> prise")
+            width: 0.07
+        },
+        TableColumn {
+            emphasised: StepCells.isReviewEmphasised
+            key: "rdv3"
+            roles: ({ rdv3: 0, date3: "" })
+            text: StepCells.reviewText
+            title: qsTr("RDV bilan<br/>fin de saison")
+            width: 0.07
+        },
+        TableColumn {
+            growth: 1.1
+            key: "phone"
+            // A number of full length is a little wider than the column.
+            overhang: root.gap / 2
+            roles: ({ phone: "" })
+            text: function (row) { return row.iphone; }
+            title: qsTr("Téléphone")
+            width: 0.09
+        },
+        TableColumn {
+            id: smsColumn
+
+            key: "sms"
+            title: qsTr("Rappel SMS")
+            width: 0.09
+        }
+    ]
+    property alias sms: smsColumn
+
+    /// The columns that have text cells.
+    readonly property var ofTexts: select(function (column) { return column.text !== null; })
+    /// The roles of all columns.
+    readonly property var roles: mergedRoles()
+
+    // What answers the mouse in a row: the tick from the row's edge on, then the patient as far as there.
+    readonly property real tickZone: 0.05
+    readonly property real openZoneEnd: 0.87
+    /// How far the phone numbers reach beyond the patient's zone.
+    readonly property real phoneBeyondOpenZone: 0.027
+
+    function select(condition) {
+        var found = [];
+        var i;
+
+        for (i = 0; i < all.length; ++i) {
+            if (condition(all[i])) {
+                found.push(all[i]);
+            }
+        }
+        return found;
+    }
+
+    function mergedRoles() {
+        var merged = {};
+
+        select(function () { return true; }).forEach(function (column) {
+            var role;
+
+            for (role in column.roles) {
+                merged[role] = column.roles[role];
+            }
+        });
+        return merged;
+    }
+
+    Component.onCompleted: {
+        var left = gap + tickWidth;
+        var i;
+
+        for (i = 0; i < all.length; ++i) {
+            all[i].left = left + gap;
+            left = all[i].left + all[i].width;
+        }
+    }
+}
