@@ -1,11 +1,9 @@
 // The patient store. Each document that imports this script has its own instance; all of them open the same database.
-.import "ReminderDates.js" as ReminderDates
-.import "Storage.js" as Storage
+.import "pathway/ReminderRules.js" as ReminderRules
+.import "store/PatientRecord.js" as PatientRecord
+.import "store/Storage.js" as Storage
 
 var opened = false;
-
-/// The sixteen columns, `created_format` and `waiting`.
-var recordKeys = 18;
 
 /// Opens the database for this instance; then, at every call, calls callback(). Throws when the database cannot be
 /// opened; the next operation tries again.
@@ -26,8 +24,8 @@ function read(work) {
 
 /// Runs one writing statement and calls done(result) once it is safely stored.
 ///
-/// The commit is made here and not left to the storage module: the module rolls back neither on an exception nor tells
-/// of a commit that fails (another process reads the file, the disk is full), and the answer would be lost in silence.
+/// It commits by itself: the storage module neither rolls back after an exception nor reports a commit that fails
+/// (another process reads the file, the disk is full), and the answer would be lost in silence.
 function write(statement, values, done) {
     Storage.open().transaction(function (tx) {
         var result;
@@ -56,8 +54,8 @@ function recordHead() {
            + "(notification_date <= date(\"now\") AND notification_date != \"\") AS waiting FROM `Patients`";
 }
 
-/// The rule of waiting. date("now") is UTC's day while written dates are local ones: kept, so near midnight a reminder
-/// may count a day early or late.
+/// The rule of waiting. date("now") is the day in UTC, written dates are local: near midnight a reminder may count a day
+/// early or late. The counts, the list and a record's `waiting` compare alike, and so agree.
 function waitingCondition() {
     return " WHERE notification_date <= date(\"now\") AND notification_date != \"\"";
 }
@@ -97,6 +95,7 @@ function get(id, callback) {
 function insert(data, callback) {
     var row;
 
+    // Before the check: a patient that comes before init() is not stored, and the log is the only trace of him.
     console.debug("Insert called");
     if (!opened) {
         return;
@@ -106,7 +105,7 @@ function insert(data, callback) {
     write("INSERT INTO `Patients` (`genderMale`, `name`, `phone`, `created`, `test`, `test_date`, `rdv1`, `date1`, "
           + "`confirmation`, `confirmation_date`, `rdv2`, `date2`, `rdv3`, `date3`, `notification_date`) "
           + "VALUES(?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)",
-          [row.genderMale, row.name, row.phone, row.created].concat(pathwayValues(row)),
+          [row.genderMale, row.name, row.phone, row.created].concat(PatientRecord.pathwayValues(row)),
           function (result) {
               if (callback) {
                   callback(result.insertId);
@@ -115,33 +114,28 @@ function insert(data, callback) {
 }
 
 /// Stores the data of patient data.id and moves the reminder by the step named in data.last; callback().
-/// `created` is left out on purpose: the day of the first appointment is fixed once the record exists.
+/// `created` is left out: the reminder rules count from the first appointment, which is fixed once the record exists.
 function update(data, callback) {
     var row;
 
     if (!opened) {
         return;
     }
+    // After the check: here the line means that a statement runs.
     console.debug("Update called");
     row = securiseData(data);
     if (row.last !== "") {
-        row.notification_date = formatDate(ReminderDates.reminderDate(row));
+        row.notification_date = formatDate(ReminderRules.reminderDate(row));
     }
     write("UPDATE `Patients` SET `genderMale` = ?, `name` = ?, `phone` = ?, `test` = ?, `test_date` = ?, "
           + "`rdv1` = ?, `date1` = ?, `confirmation` = ?, `confirmation_date` = ?, `rdv2` = ?, `date2` = ?, "
           + "`rdv3` = ?, `date3` = ?, `notification_date` = ? WHERE id = ?",
-          [row.genderMale, row.name, row.phone].concat(pathwayValues(row), [row.id]),
+          [row.genderMale, row.name, row.phone].concat(PatientRecord.pathwayValues(row), [row.id]),
           function () {
               if (callback) {
                   callback();
               }
           });
-}
-
-/// The five steps and the reminder date, in the order in which both writing statements name them.
-function pathwayValues(row) {
-    return [row.test, row.test_date, row.rdv1, row.date1, row.confirmation, row.confirmation_date,
-            row.rdv2, row.date2, row.rdv3, row.date3, row.notification_date];
 }
 
 /// Deletes the patient of that id.
@@ -194,59 +188,26 @@ function selectWaiting(callback) {
     });
 }
 
-/// The records of a result. Most rows have no NULL, and copying each of them property by property took a third of the
-/// time of a list; a database of a later version may have a NULL in columns that are not known here.
 function toRecords(result) {
-    var rows = Storage.toArray(result);
-    var known = rows.length > 0 && Object.keys(rows[0]).length === recordKeys;
-
-    return rows.map(function (row) {
-        return known && !hasNull(row) ? row : removeNullValues(row);
-    });
-}
-
-/// `id`, `genderMale` and `name` are never NULL; `created` and `waiting` only beside a NULL that is asked for here.
-function hasNull(row) {
-    return row.phone === null || row.created_format === null || row.test === null || row.test_date === null
-           || row.rdv1 === null || row.date1 === null || row.confirmation === null || row.confirmation_date === null
-           || row.rdv2 === null || row.date2 === null || row.rdv3 === null || row.date3 === null
-           || row.notification_date === null;
+    return PatientRecord.fromRows(Storage.toArray(result));
 }
 
 /// A copy of the row with "" in place of every NULL.
 function removeNullValues(row) {
-    var copy = {};
-    var key;
-
-    for (key in row) {
-        copy[key] = row[key] === null ? "" : row[key];
-    }
-    return copy;
+    return PatientRecord.removeNullValues(row);
 }
 
-/// Only the known keys of the data, each with its default where it is absent or null. `last` is no column: it names the
-/// step just answered.
+/// Only the known keys of the data, each with its default where it is absent or null.
 function securiseData(data) {
-    var defaults = {
-        id: "", genderMale: true, name: "", created: "", phone: "",
-        test: 0, test_date: "", rdv1: 0, date1: "", confirmation: 0, confirmation_date: "",
-        rdv2: 0, date2: "", rdv3: 0, date3: "", notification_date: "", last: ""
-    };
-    var row = {};
-    var key;
-
-    for (key in defaults) {
-        row[key] = data[key] === undefined || data[key] === null ? defaults[key] : data[key];
-    }
-    return row;
+    return PatientRecord.securiseData(data);
 }
 
 /// YYYY-MM-DD of a local date.
 function formatDate(date) {
-    return ReminderDates.formatDate(date);
+    return ReminderRules.formatDate(date);
 }
 
 /// The day of the first appointment from YYYY-MM-DD, or now for any other text.
 function getFirstRDVDateFromString(text) {
-    return ReminderDates.getFirstRDVDateFromString(text);
+    return ReminderRules.getFirstRDVDateFromString(text);
 }

@@ -1,5 +1,6 @@
 import QtQuick 2.2
 import "base"
+import "contact"
 import "style"
 import "../js/BuildSettings.js" as BuildSettings
 

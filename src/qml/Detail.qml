@@ -1,9 +1,10 @@
 import QtQuick 2.2
 import QtQuick.Window 2.2
 import "base"
+import "editor"
 import "style"
 import "../js/Bdd.js" as Bdd
-import "../js/EditorLogic.js" as EditorLogic
+import "../js/editor/EditorLogic.js" as EditorLogic
 
 // The patient editor. A pathway answer is saved at once; name, gender and phone wait for the button.
 FocusScope {
@@ -66,7 +67,7 @@ FocusScope {
         currentId = "";
         model = {};
         displayModel();
-        pathway.unfoldFirst();
+        pathway.expandFirst();
     }
 
     /// Stores the patient: after the answer to the step of key q, or without one for the fields.

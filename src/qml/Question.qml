@@ -1,9 +1,10 @@
 import QtQuick 2.2
 import QtQuick.Controls 1.1
 import "base"
+import "editor"
 import "style"
 
-// One step of the pathway: a question that unfolds to its two answers.
+// One step of the pathway: a question that expands to its two answers.
 Item {
     id: root
 
@@ -39,7 +40,7 @@ Item {
     onExclusiveGroupChanged: if (exclusiveGroup) exclusiveGroup.bindCheckable(root)
 
     Behavior on height {
-        Unfolding {}
+        ExpandAnimation {}
     }
 
     ExclusiveGroup {
@@ -92,7 +93,7 @@ Item {
             text: yesBox.checked ? qsTr("Oui") : noBox.checked ? qsTr("Non") : ""
 
             Behavior on opacity {
-                Unfolding {}
+                ExpandAnimation {}
             }
         }
 
@@ -107,7 +108,7 @@ Item {
             source: "../images/next.png"
 
             Behavior on rotation {
-                Unfolding {}
+                ExpandAnimation {}
             }
         }
 
@@ -131,7 +132,7 @@ Item {
         height: 40
         objectName: "answerRow"
         spacing: 30
-        // At once, so that Tab reaches the answers while they unfold.
+        // At once, so that Tab reaches the answers while they appear.
         visible: root.checked || root.height > 60
 
         AnswerBox {

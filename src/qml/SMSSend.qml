@@ -31,7 +31,7 @@ Rectangle {
 
     Behavior on height {
         NumberAnimation {
-            duration: Metrics.unfoldDuration
+            duration: Metrics.expandDuration
             easing.type: Easing.InOutQuad
         }
     }

@@ -2,6 +2,7 @@
 """Checks the project's coding conventions. Fails with one line for each breach."""
 
 import pathlib
+import posixpath
 import re
 import sys
 
@@ -14,6 +15,7 @@ LONGEST_LINE = 132  # as .editorconfig says
 HEX_COLOUR = re.compile(r"#(?:[0-9a-fA-F]{8}|[0-9a-fA-F]{6}|[0-9a-fA-F]{3,4})\b")
 SYSTEM_SWITCH = re.compile(r"^\s*#\s*(?:if|ifdef|ifndef|elif)\b.*\b(?:Q_OS_\w+|__APPLE__|__linux__|_WIN32)\b")
 INCLUDE = re.compile(r'^\s*#\s*(?:include|import)\s*["<](?:.*/)?([^/">]+)[">]')
+IMPORTED = re.compile(r'^\.?import "([^"]+)"')
 MEMBER_MADE = re.compile(r"^\s+(\w+) = new .*;$")
 # The brackets keep these patterns from matching this file.
 LEFT_OPEN = re.compile(r"\b(?:Q[S]KIP|TO[D]O|FIX[M]E)\b")
@@ -31,6 +33,8 @@ KNOWS = {
     "platform": set(),
     "view": set(),
 }
+# The documents that all windows share know none of them, and the folder of a window knows no other window's.
+SHARED_DOCUMENTS = {"style": set(), "base": {"src/qml/style"}}
 VIEW = ("draggablequickview", "focuser", "focuser_linux", "focuser_mac")
 PROGRAMS = {"src/app/main.cpp": "program", "src/restore/main.cpp": "restore program"}
 
@@ -70,6 +74,18 @@ def breaches_of_plan(files):
                 yield f"{path}:{number}: {parts[path]} may not know {known}"
 
 
+def breach_of_document(path, line):
+    """A document below src/qml that imports what its folder may not know."""
+    imported = IMPORTED.match(line)
+    if path.parts[:2] != ("src", "qml") or len(path.parts) < 4 or not imported:
+        return None
+    folder, target = path.parts[2], posixpath.normpath(f"{path.parent.as_posix()}/{imported.group(1)}")
+    if folder in SHARED_DOCUMENTS:
+        return None if target in SHARED_DOCUMENTS[folder] else f"{folder} may not know {target}"
+    windows = {each.name for each in (ROOT / "src" / "qml").iterdir() if each.is_dir()} - {folder, *SHARED_DOCUMENTS}
+    return f"{folder} may not know {target}" if target in {f"src/qml/{window}" for window in windows} else None
+
+
 def breaches_of_line(path, line):
     name = path.as_posix()
     if name.startswith("src/qml/") and name != "src/qml/style/Palette.qml" and HEX_COLOUR.search(line):
@@ -84,6 +100,8 @@ def breaches_of_line(path, line):
         yield "a to-do, or a test that is skipped"
     if name.startswith("tests/") and path.suffix in (".cpp", ".h", ".qml", ".py") and TEST_LEFT_OUT.search(line):
         yield "a test that is skipped"
+    if breach_of_document(path, line):
+        yield breach_of_document(path, line)
 
 
 def breaches_of_file(path, lines):

@@ -23,5 +23,5 @@ QtObject {
     readonly property int tableIconSize: 18
 
     readonly property int slideDuration: 600
-    readonly property int unfoldDuration: 300
+    readonly property int expandDuration: 300
 }

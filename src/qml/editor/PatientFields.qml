@@ -1,6 +1,7 @@
 import QtQuick 2.2
-import "base"
-import "style"
+import ".."
+import "../base"
+import "../style"
 
 // The top block of the editor: phone, first appointment and, once something is edited, the two buttons.
 Rectangle {
@@ -29,7 +30,7 @@ Rectangle {
     width: Metrics.widgetWidth
 
     Behavior on height {
-        Unfolding {}
+        ExpandAnimation {}
     }
 
     Image {
@@ -40,7 +41,7 @@ Rectangle {
             horizontalCenterOffset: 22
             verticalCenter: phoneLabel.verticalCenter
         }
-        source: "../images/phone.png"
+        source: "../../images/phone.png"
     }
 
     WidgetText {
@@ -83,7 +84,7 @@ Rectangle {
             horizontalCenterOffset: 22
             verticalCenter: firstAppointmentLabel.bottom
         }
-        source: "../images/calendar.png"
+        source: "../../images/calendar.png"
     }
 
     WidgetText {
@@ -132,7 +133,7 @@ Rectangle {
             // Holds until the editor first sets it, on purpose: from then on the editor alone decides.
             disabled: root.patientId === "" && root.patientName === ""
             hoveredBackgroundColor: root.deleteMode ? Palette.removeHovered : Palette.saveHovered
-            image: root.deleteMode ? "../images/no-white.png" : "../images/yes-white.png"
+            image: root.deleteMode ? "../../images/no-white.png" : "../../images/yes-white.png"
             objectName: "validate"
             text: root.deleteMode ? qsTr("Supprimer") : qsTr("Enregistrer")
             width: Math.ceil(root.width / 2)

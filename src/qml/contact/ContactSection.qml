@@ -1,6 +1,6 @@
 import QtQuick 2.2
-import "base"
-import "style"
+import "../base"
+import "../style"
 
 // One section of the contact popup: a heading and, indented below it, its lines.
 Item {

@@ -1,6 +1,6 @@
 import QtQuick 2.2
-import "base"
-import "style"
+import "../base"
+import "../style"
 
 // One line of the contact popup.
 WidgetText {

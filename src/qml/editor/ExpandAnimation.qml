@@ -1,9 +1,9 @@
 import QtQuick 2.2
 import "../style"
 
-// How the parts of the editor unfold and fold.
+// How the parts of the editor expand and collapse.
 SmoothedAnimation {
-    duration: Metrics.unfoldDuration
+    duration: Metrics.expandDuration
     easing.type: Easing.InOutQuad
     velocity: -1
 }

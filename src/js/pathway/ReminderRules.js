@@ -1,6 +1,7 @@
 .pragma library
 
-// The practice's calendar: the day on which a patient next needs attention.
+// The reminder rules: the day on which a patient next needs attention, by the step answered last and the practice's
+// seasons.
 
 /// YYYY-MM-DD of a local date.
 function formatDate(date) {
@@ -81,8 +82,8 @@ function setNoNotif() {
     return date;
 }
 
-/// Now with its month, day and year replaced in this order, each normalised by the calendar as ECMAScript does: asked
-/// for September on a 31st, it gives October. Kept.
+/// Now with its month, day and year replaced in this order, each normalised by the calendar as ECMAScript does: on a
+/// 31st, September becomes October. Stored reminders were computed so, and one answer gives one day.
 function todayWith(month, day, year) {
     var date = new Date();
 

@@ -1,7 +1,7 @@
 import QtQuick 2.2
 import QtQuick.Controls 1.1
-import "base"
-import "style"
+import "../base"
+import "../style"
 
 // One of the two answers to a question. A click, a key or an assistive tool ticks it; only the other answer unticks it.
 Clickable {

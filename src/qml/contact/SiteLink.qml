@@ -1,5 +1,5 @@
 import QtQuick 2.2
-import "base"
+import "../base"
 
 // The host name of a web site, which opens that site.
 ContactText {

@@ -1,8 +1,9 @@
 import QtQuick 2.2
 import QtQuick.Controls 1.1
-import "base"
-import "style"
-import "../js/Bdd.js" as Bdd
+import ".."
+import "../base"
+import "../style"
+import "../../js/Bdd.js" as Bdd
 
 // The five questions of the pathway and its two gates.
 Column {
@@ -41,7 +42,7 @@ Column {
         return focusFirst(questionsAndGates.slice(questionsAndGates.indexOf(questionOf(key)) + 1));
     }
 
-    /// Gives the keyboard to the unfolded question, else to the first one; false when none is shown.
+    /// Gives the keyboard to the expanded question, else to the first one; false when none is shown.
     function focusCurrent() {
         return focusFirst(questionsAndGates.filter(function (part) { return part.checked; }))
                || focusFirst(questionsAndGates);
@@ -56,8 +57,8 @@ Column {
         return shown.length > 0;
     }
 
-    /// Unfolds the first question.
-    function unfoldFirst() {
+    /// Expands the first question.
+    function expandFirst() {
         testQuestion.checked = true;
     }
 
@@ -116,7 +117,7 @@ Column {
 
     function moveGates(q) {
         if (q === "test" || q === "rdv1") {
-            // Closed first: a question behind it that is still asked is asked anew, and unfolds.
+            // Closed first: a question behind it that is still asked is asked anew, and expands.
             stepPassed = false;
             stepPassed = q === "test" && testQuestion.yes.checked;
         }
@@ -128,7 +129,7 @@ Column {
     width: Metrics.widgetWidth
 
     ExclusiveGroup {
-        id: unfolded
+        id: expandedQuestion
     }
 
     Item {
@@ -143,7 +144,7 @@ Column {
 
         checked: true
         displayed: root.asking
-        exclusiveGroup: unfolded
+        exclusiveGroup: expandedQuestion
         objectName: "test"
         text: qsTr("Avez-vous pratiqué des tests cutanés sur le patient ?")
 
@@ -154,7 +155,7 @@ Column {
         id: rdv1Question
 
         displayed: testQuestion.displayed && testQuestion.no.checked
-        exclusiveGroup: unfolded
+        exclusiveGroup: expandedQuestion
         objectName: "rdv1"
         text: qsTr("Le patient souhaite-t-il prendre rdv pour son bilan allergologique ?")
 
@@ -178,7 +179,7 @@ Column {
         displayed: root.asking && root.stepPassed
                    && (rdv1Question.displayed && rdv1Question.yes.checked
                        || testQuestion.displayed && testQuestion.yes.checked)
-        exclusiveGroup: unfolded
+        exclusiveGroup: expandedQuestion
         objectName: "confirmation"
         text: qsTr("Confirmation de l'allergie au pollen de graminés ?")
 
@@ -190,7 +191,7 @@ Column {
         id: rdv2Question
 
         displayed: root.asking && confirmationQuestion.displayed && confirmationQuestion.yes.checked
-        exclusiveGroup: unfolded
+        exclusiveGroup: expandedQuestion
         objectName: "rdv2"
         text: qsTr("Le patient souhaite-t-il prendre rdv pour la première prise au cabinet ?")
 
@@ -212,7 +213,7 @@ Column {
         id: rdv3Question
 
         displayed: root.asking && root.step2Passed && rdv2Question.displayed && rdv2Question.yes.checked
-        exclusiveGroup: unfolded
+        exclusiveGroup: expandedQuestion
         objectName: "rdv3"
         text: qsTr("Le patient souhaite-t-il prendre rdv pour son bilan de fin de saison ?")
 
