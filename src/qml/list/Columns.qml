@@ -95,8 +95,8 @@ QtObject {
 
     /// The columns that have text cells.
     readonly property var ofTexts: select(function (column) { return column.text !== null; })
-    /// The roles of all columns.
-    readonly property var roles: mergedRoles()
+    /// The roles of all columns: [{name, empty}].
+    readonly property var roles: listedRoles()
 
     // What answers the mouse in a row: the tick from the row's edge on, then the patient as far as there.
     readonly property real tickZone: 0.05
@@ -116,17 +116,12 @@ QtObject {
         return found;
     }
 
-    function mergedRoles() {
-        var merged = {};
-
-        select(function () { return true; }).forEach(function (column) {
-            var role;
-
-            for (role in column.roles) {
-                merged[role] = column.roles[role];
-            }
-        });
-        return merged;
+    function listedRoles() {
+        return select(function () { return true; }).reduce(function (found, column) {
+            return found.concat(Object.keys(column.roles).map(function (name) {
+                return { name: name, empty: column.roles[name] };
+            }));
+        }, []);
     }
 
     Component.onCompleted: {

@@ -5,11 +5,13 @@ import QtQuick 2.2
 ListModel {
     /// Appends an array of patient records, each with its tick `checked`.
     function append(patients) {
-        insert(count, patients.map(toRow));
+        var roles = Columns.roles;
+
+        insert(count, patients.map(function (patient) { return toRow(patient, roles); }));
     }
 
     /// The roles of the columns, and those that no column shows.
-    function toRow(patient) {
+    function toRow(patient, roles) {
         var row = {
             id: patient.id,
             genderMale: patient.genderMale || 0,
@@ -19,11 +21,10 @@ ListModel {
             waiting: patient.waiting === undefined ? 1 : patient.waiting || 0,
             checked: patient.checked
         };
-        var roles = Columns.roles;
-        var role;
+        var i;
 
-        for (role in roles) {
-            row[role] = patient[role] || roles[role];
+        for (i = 0; i < roles.length; ++i) {
+            row[roles[i].name] = patient[roles[i].name] || roles[i].empty;
         }
         return row;
     }
