@@ -31,6 +31,8 @@ private slots:
     void place_depends_on_the_size_of_that_screen_data();
     void place_depends_on_the_size_of_that_screen();
     void real_screen_is_asked();
+    void pushed_up_it_goes_back_as_it_shrinks_data();
+    void pushed_up_it_goes_back_as_it_shrinks();
 };
 
 void ServicePlacement::init()
@@ -213,6 +215,39 @@ void ServicePlacement::real_screen_is_asked()
     QCOMPARE(QGuiApplication::primaryScreen()->availableSize(), QSize(800, 600));
     running.call("show");
     QCOMPARE(running.main->position(), QPoint(230, 35));
+}
+
+void ServicePlacement::pushed_up_it_goes_back_as_it_shrinks_data()
+{
+    QTest::addColumn<QVector<QPoint>>("moves");
+    QTest::addColumn<int>("height");
+    QTest::addColumn<QPoint>("after");
+
+    // The user's place is 100,400, on a screen 600 high; the window grows to 400 and shrinks to that height.
+    QTest::newRow("pushed") << QVector<QPoint>{{100, 200}} << 174 << QPoint(100, 400);
+    QTest::newRow("pushed twice") << QVector<QPoint>{{100, 300}, {100, 200}} << 174 << QPoint(100, 400);
+    QTest::newRow("pushed, and still high") << QVector<QPoint>{{100, 200}} << 300 << QPoint(100, 300);
+    QTest::newRow("moved aside") << QVector<QPoint>{{90, 200}} << 174 << QPoint(90, 200);
+    QTest::newRow("moved down") << QVector<QPoint>{{100, 450}} << 174 << QPoint(100, 450);
+    QTest::newRow("pushed, then moved") << QVector<QPoint>{{100, 200}, {300, 100}} << 174 << QPoint(300, 100);
+}
+
+void ServicePlacement::pushed_up_it_goes_back_as_it_shrinks()
+{
+    QFETCH(QVector<QPoint>, moves);
+    QFETCH(int, height);
+    RunningService running;
+    running.call("show");
+    running.main->setPosition(100, 400);
+    running.main->resize(275, 400);
+    QCoreApplication::processEvents(); // the window hears of its moves and sizes one by one
+    for (const QPoint &place : moves) {
+        running.main->setPosition(place);
+        QCoreApplication::processEvents();
+    }
+    running.main->resize(275, height);
+    QCoreApplication::processEvents();
+    QTEST(running.main->position(), "after");
 }
 
 SERVICE_TEST_MAIN(ServicePlacement)

@@ -48,8 +48,8 @@ var rows = [
     ["no", "picture tiny-tick.png in control Non", { visible: true }],
     ["no", "picture tiny-tick.png in control Oui", { visible: false }],
     ["no", "part shortAnswer", { opacity: 0 }],
-    ["folded, yes", "part shortAnswer", { opacity: 1, color: "#67c265", "font.bold": true, points: 11,
+    ["folded, yes", "part shortAnswer", { text: "Oui", opacity: 1, color: "#67c265", "font.bold": true, points: 11,
      left: [">=", "right", "text Avez-vous compris ?"], right: ["<=", "left", "picture next.png"],
      behavior: "smoothed 300 InOutQuad" }],
-    ["folded, no", "part shortAnswer", { opacity: 1, color: "#e12c0d", "font.bold": true, points: 11 }]
+    ["folded, no", "part shortAnswer", { text: "Non", opacity: 1, color: "#e12c0d", "font.bold": true, points: 11 }]
 ];
