@@ -21,6 +21,7 @@ var rows = [
     ["plain", "", { height: 38, color: "#55b03b", state: "base", disabled: false, textBold: true, image: "" }],
     ["plain", "text Enregistrer", { "font.bold": true, left: 5, right: 133, horizontalAlignment: Text.AlignHCenter,
      centreY: 19 }],
+    ["plain", "control Enregistrer", { focusColor: "#ffffff" }],
     ["hovered", "", { state: "hovered", color: "#7abb67" }],
     ["disabled", "", { state: "disabled", color: "#a9a9a9" }],
     ["disabled, hovered", "", { state: "disabled", color: "#a9a9a9" }],

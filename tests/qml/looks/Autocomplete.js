@@ -22,6 +22,7 @@ var rows = [
      selectedTextColor: "#8192ad" }],
     ["empty", "control Effacer la recherche", { width: 40, height: 53, right: 275 }],
     ["empty", "picture cross.png", { opacity: 0.33, centreX: 255, centreY: 26.5 }],
+    ["empty", ["control Rechercher", "control Effacer la recherche"], { focusColor: "#ffffff" }],
     ["typed", "input", { text: "du" }],
     ["typed", "text NOM Prénom in control Rechercher un patient", { opacity: 0 }],
     ["magnifier hovered", "picture loop.png", { opacity: 1 }],

@@ -63,6 +63,7 @@ var rows = [
     ["waiting tab", content, { right: 799, top: 42, height: 608, color: "#f0f0f0", clip: true }],
     ["waiting tab", "part waitingTab", { top: 42, width: 399, height: 42, color: "#f8f8f8" }],
     ["waiting tab", "part allTab", { left: 400, right: 799, top: 42, height: 42, color: "#c8dcfc" }],
+    ["waiting tab", ["control Fermer", "control Tout sélectionner", "control Imprimer", trash], { focusColor: "#ffffff" }],
     ["waiting tab", "control Patients en attente", { cursorShape: Qt.ArrowCursor }],
     ["waiting tab", "control Liste de tous les patients", { cursorShape: Qt.PointingHandCursor }],
     ["waiting tab", "text Patients en attente", { points: 11, centreX: 200.5, centreY: 63 }],

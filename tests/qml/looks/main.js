@@ -53,7 +53,7 @@ var rows = [
     ["start", "picture contact-button.png", { opacity: 1 }],
     ["start", list, { left: 226, tooltip: "Liste de tous les patients" }],
     ["start", "picture table.png", { opacity: 1 }],
-    ["start", "control Fermer", { left: 247, right: 263 }],
+    ["start", "control Fermer", { left: 247, right: 263, focusColor: "#ffffff" }],
     ["start", cross, { right: 263, opacity: 1 }],
     ["start", content, { color: "#f9f9f9", left: 1, right: 274, top: 42, bottom: 169, clip: true }],
     ["start", "type Autocomplete", { top: 42, height: 53, opacity: 1, z: ["bigger", "z", "type NameStatus"] }],
