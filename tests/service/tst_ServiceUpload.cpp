@@ -5,6 +5,7 @@
 #include "testmain.h"
 
 #include <QAbstractEventDispatcher>
+#include <QFile>
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QTimer>
@@ -43,22 +44,43 @@ bool allFinished(const RunningService &running)
     return std::all_of(replies.begin(), replies.end(), [](const QNetworkReply *reply) { return reply->isFinished(); });
 }
 
+/// Measures time without that in which this thread was ready to run and another had the processor, where the system says
+/// how long that was: a wait is told from a busy machine.
+class OwnTime
+{
+public:
+    OwnTime() { timer.start(); }
+    /// The milliseconds since the construction or the last call.
+    qint64 restart()
+    {
+        const qint64 before = starvedMs;
+        starvedMs = readStarvedMs();
+        return timer.restart() - (starvedMs - before);
+    }
+
+private:
+    static qint64 readStarvedMs()
+    {
+        QFile file("/proc/thread-self/schedstat");
+        return file.open(QIODevice::ReadOnly) ? file.readAll().split(' ').value(1).toLongLong() / 1000000 : 0;
+    }
+
+    QElapsedTimer timer;
+    qint64 starvedMs = readStarvedMs();
+};
+
 /// The longest time for which this thread's events had to wait.
 class Heartbeat : public QObject
 {
 public:
-    Heartbeat()
-    {
-        beat.start();
-        startTimer(5);
-    }
+    Heartbeat() { startTimer(5); }
     qint64 longestPauseMs = 0;
 
 protected:
     void timerEvent(QTimerEvent *) override { longestPauseMs = qMax(longestPauseMs, beat.restart()); }
 
 private:
-    QElapsedTimer beat;
+    OwnTime beat;
 };
 
 } // namespace
@@ -165,10 +187,9 @@ void ServiceUpload::window_does_not_wait_for_the_server()
     QFETCH(int, behaviour);
     StatisticsServer server(StatisticsServer::Behaviour(behaviour), *own, port);
     RunningService running;
-    QElapsedTimer slot;
-    slot.start();
+    OwnTime slot;
     running.call("sendDataToServer");
-    QVERIFY2(slot.elapsed() < 500, "The slot has waited");
+    QVERIFY2(slot.restart() < 500, "The slot has waited");
 
     Heartbeat heartbeat;
     running.call("show");
