@@ -170,7 +170,6 @@ const Restorer::Entry *RestoreWindow::selected() const
 void RestoreWindow::say(const QString &text)
 {
     m_outcome->setText(text);
-    m_outcome->setAccessibleName(text);
     QAccessibleEvent event(m_outcome, QAccessible::Alert);
     QAccessible::updateAccessibility(&event);
 }
