@@ -22,6 +22,8 @@ LIST = ("tst_PatientTableRow", "tst_ListPopup", "tst_ListPopupKeyboard", "tst_Li
 MAIN = ("tst_MainLoading", "tst_MainMenu", "tst_MainSearch", "tst_MainAnimations", "tst_MainKeyboard",
         "tst_MainEditor", "tst_MainHeights")
 CONTROLS = ("tst_Controls", "tst_Activation", "tst_PlainText")
+SHARED = (*CONTROLS, "tst_Autocomplete", "tst_Question", "tst_MainMenu", "tst_MainSearch", "tst_MainHeights",
+          "tst_DetailLoad", "tst_ListPopup", "tst_ListPopupLook")
 # Run for every document, after its own tests.
 DOCUMENTS = ("tst_DocumentInterfaces", "tst_Looks", "tst_LargerTexts")
 
@@ -42,6 +44,7 @@ PLAN = {
     "src/app/qtsingleapplication.h": APPLICATION,
     "src/app/qtsinglecoreapplication.cpp": CORE_APPLICATION,
     "src/app/qtsinglecoreapplication.h": CORE_APPLICATION,
+    "src/app/socketwaits.cpp": PEER,
     "src/copies": COPIES,
     "src/js/AutocompleteLogic.js": ("tst_AutocompleteLogic",),
     "src/js/ListLogic.js": ("tst_ListLogic",),
@@ -74,8 +77,8 @@ PLAN = {
     "src/qml/Container.qml": MAIN,
     "src/qml/main.qml": MAIN,
     "src/qml/base/DeferredLoader.qml": ("tst_ListPopup", *MAIN),
-    "src/qml/base": (*CONTROLS, "tst_Autocomplete", "tst_Question", "tst_MainMenu", "tst_MainSearch", "tst_MainHeights",
-                     "tst_DetailLoad", "tst_ListPopup", "tst_ListPopupLook"),
+    "src/qml/base": SHARED,
+    "src/qml/style": SHARED,
     "src/qml": LIST,
     "src/restore/main.cpp": ("desktop_restore",),
     "src/restore": RESTORE,

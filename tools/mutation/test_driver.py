@@ -89,6 +89,10 @@ class DriverTest(unittest.TestCase):
             "listed as equivalent, but there is no such mutant: toy.cpp:countDown: ++count; => nothing",
         ])
 
+    def test_every_place_of_the_plan_exists(self):
+        for place in mutate.PLAN:
+            self.assertTrue((HERE.parents[1] / place).exists(), place)
+
     def test_every_equivalent_is_a_mutant_and_has_its_reason(self):
         entries = read_equivalents(HERE / "equivalents.txt")
         mutants = mutate.all_mutants(HERE.parents[1], changed_files(HERE.parents[1], mutate.PLAN))
