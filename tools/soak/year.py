@@ -17,6 +17,7 @@ _FIRST_MEMORY_DAY = 10
 
 def add_arguments(parser):
     parser.add_argument("--days", type=int, default=365, help="number of days (default 365)")
+    # Qt gives a connection 30 s of this clock, less than a millisecond at full speed: a busy machine needs a slower one.
     parser.add_argument("--speed", type=int, default=36000, help="speed of the program's clock, as a multiple of real time (default 36000)")
 
 

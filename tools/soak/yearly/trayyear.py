@@ -13,7 +13,7 @@ from support.desktop import Desktop
 from support.home import Home
 from support.statistics import StatisticsService
 from support.store import Store
-from support.waiting import wait_until
+from support.waiting import NeverHappened, wait_until
 
 from . import rules
 
@@ -45,7 +45,11 @@ class TrayYear:
         """Waits until the days are over and the last upload has arrived, then ends the program. Records its memory once a
         day."""
         limit = 4 * self.days * DAY_SECONDS / self.speed + 120
-        wait_until(lambda: self._look(progress), f"{self.days} days have passed, with an upload for each", limit)
+        try:
+            wait_until(lambda: self._look(progress), f"{self.days} days have passed, with an upload for each", limit)
+        except NeverHappened as problem:
+            raise NeverHappened(f"{problem}: {self._sent()} were sent, {len(self.server.requests)} arrived; "
+                                "on a busy machine, choose a slower clock") from None
         processes.stop(self._process, gently=False)
 
     def close(self):
@@ -120,8 +124,11 @@ class TrayYear:
         return day >= self.days + 0.5 and self._uploads_have_arrived()
 
     def _uploads_have_arrived(self):
-        sent = self.log.count("Content-Disposition: form-data; name=\\\"action\\\"")
+        sent = self._sent()
         return sent > self.days and len(self.server.requests) == sent
+
+    def _sent(self):
+        return self.log.count("Content-Disposition: form-data; name=\\\"action\\\"")
 
     def _sample(self, day):
         process = f"/proc/{self._process.pid}"
