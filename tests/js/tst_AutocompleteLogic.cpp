@@ -33,14 +33,14 @@ class tst_AutocompleteLogic : public QObject
     Q_OBJECT
 
 private slots:
-    void names_that_start_come_before_names_that_contain();
+    void names_that_start_with_the_text_come_before_names_that_contain_it();
     void every_search_replaces_the_results();
     void empty_input_empties_the_results_without_a_query();
     void search_before_the_store_is_open_only_empties_the_results();
     void rows_are_whole_records();
 };
 
-void tst_AutocompleteLogic::names_that_start_come_before_names_that_contain()
+void tst_AutocompleteLogic::names_that_start_with_the_text_come_before_names_that_contain_it()
 {
     QCOMPARE(Search().filter("du"), (QStringList{"Dupont", "DURAND", "Adu"}));
 }
@@ -57,7 +57,7 @@ void tst_AutocompleteLogic::empty_input_empties_the_results_without_a_query()
 {
     Search search;
     search.filter("du");
-    // A query would now fail, and its error be a warning.
+    // A query would now fail with a warning.
     search.file.run({"ALTER TABLE Patients RENAME TO Elsewhere"});
     QStringList warnings;
     QObject::connect(&search.engine, &QQmlEngine::warnings,

@@ -7,7 +7,7 @@
 
 namespace {
 
-/// Adu (1), Béa (2), Cléo (3) and Dupont (4), of whom Béa and Dupont wait, and the list popup's document.
+/// The list popup's document, and the patients Adu (1), Béa (2), Cléo (3) and Dupont (4); Béa and Dupont are waiting.
 struct Popup : PracticeAt
 {
     Popup()
@@ -41,7 +41,7 @@ struct Popup : PracticeAt
     ListDocument document{&engine, "ListDocument.qml"};
 };
 
-/// What goes to the log beside traces while \a popup performs that.
+/// The warnings in the log while \a popup performs the operation.
 QStringList warningsOf(Popup &popup, const QString &operation, const QJsonArray &values = {})
 {
     static QStringList warnings;
@@ -65,23 +65,23 @@ class tst_ListLogic : public QObject
 private slots:
     void init_reads_the_number_of_waiting_patients();
     void showing_replaces_the_rows();
-    void showing_nobody_empties_the_list();
+    void showing_no_patients_empties_the_list();
     void ticked_header_ticks_every_newly_shown_row();
     void rows_are_whole_records_with_their_tick();
     void waiting_rows_with_nulls_are_shown();
-    void waiting_rows_of_the_store_bring_no_warning();
+    void waiting_rows_of_the_store_cause_no_warning();
 
     void rows_are_shown_before_they_can_be_printed();
-    void printing_gets_everybody_shown_and_no_tick();
-    void printing_gets_the_waiting_rows_as_they_are();
+    void printing_receives_all_shown_rows_without_ticks();
+    void printing_receives_the_waiting_rows_unchanged();
 
     void one_row_is_ticked_and_unticked();
     void every_row_is_ticked_and_unticked();
-    void ticked_patients_are_deleted_and_told_in_order();
-    void deleting_with_nothing_ticked_deletes_nothing_and_still_tells();
+    void ticked_patients_are_deleted_and_signalled_in_order();
+    void deleting_without_ticks_deletes_nothing_and_still_signals();
     void deleting_does_not_reload_the_list();
-    void deleting_everybody_ticked_by_the_header();
-    void nothing_is_told_of_patients_that_could_not_be_deleted();
+    void deleting_removes_every_patient_ticked_by_the_header();
+    void patients_that_could_not_be_deleted_are_not_signalled();
 };
 
 void tst_ListLogic::init_reads_the_number_of_waiting_patients()
@@ -106,7 +106,7 @@ void tst_ListLogic::showing_replaces_the_rows()
     QCOMPARE(popup.shown(), (QStringList{"Béa", "Dupont"}));
 }
 
-void tst_ListLogic::showing_nobody_empties_the_list()
+void tst_ListLogic::showing_no_patients_empties_the_list()
 {
     Popup popup;
     popup.perform("showAll");
@@ -155,11 +155,11 @@ void tst_ListLogic::waiting_rows_with_nulls_are_shown()
     QCOMPARE(popup.left(), QString("Adu, Béa, Cléo, Dupont"));
 }
 
-void tst_ListLogic::waiting_rows_of_the_store_bring_no_warning()
+void tst_ListLogic::waiting_rows_of_the_store_cause_no_warning()
 {
     Popup popup;
     popup.store.insert({{"name", "Adam"}, {"created", "2014-05-12"}});
-    // The model warns of every null.
+    // The model logs a warning for every null.
     QCOMPARE(warningsOf(popup, "showWaiting"), QStringList());
     QCOMPARE(popup.shown(), (QStringList{"Adam", "Béa", "Dupont"}));
 }
@@ -171,7 +171,7 @@ void tst_ListLogic::rows_are_shown_before_they_can_be_printed()
     QCOMPARE(popup.document.object()->property("shownBeforePrintable").toInt(), 4);
 }
 
-void tst_ListLogic::printing_gets_everybody_shown_and_no_tick()
+void tst_ListLogic::printing_receives_all_shown_rows_without_ticks()
 {
     Popup popup;
     popup.document.call("tickHeader", true);
@@ -182,7 +182,7 @@ void tst_ListLogic::printing_gets_everybody_shown_and_no_tick()
     QCOMPARE(listed(popup.printed(), "waiting"), QString("0, 1, 0, 1"));
 }
 
-void tst_ListLogic::printing_gets_the_waiting_rows_as_they_are()
+void tst_ListLogic::printing_receives_the_waiting_rows_unchanged()
 {
     Popup popup;
     popup.file.run({"UPDATE Patients SET phone = NULL WHERE name = 'Béa'"});
@@ -210,17 +210,17 @@ void tst_ListLogic::every_row_is_ticked_and_unticked()
     Popup popup;
     popup.perform("showAll");
     popup.perform("checkIt", {0, true});
-    // The model warns of a row that is not there.
+    // The model logs a warning for a missing row.
     QCOMPARE(warningsOf(popup, "checkAll", {true}), QStringList());
     QCOMPARE(popup.shown(), (QStringList{"Adu, ticked", "Béa, ticked", "Cléo, ticked", "Dupont, ticked"}));
     popup.perform("checkAll", {false});
     QCOMPARE(popup.shown(), (QStringList{"Adu", "Béa", "Cléo", "Dupont"}));
 }
 
-void tst_ListLogic::ticked_patients_are_deleted_and_told_in_order()
+void tst_ListLogic::ticked_patients_are_deleted_and_signalled_in_order()
 {
     Popup popup;
-    // The order of the model is not the one of the ids.
+    // The model's order differs from the order of the ids.
     popup.file.run({"UPDATE Patients SET name = 'Zoé' WHERE id = 1"});
     popup.perform("showAll");
     popup.perform("checkIt", {3, true});
@@ -230,7 +230,7 @@ void tst_ListLogic::ticked_patients_are_deleted_and_told_in_order()
     QCOMPARE(popup.takeRaised(), (QStringList{"needRefresh, 2 left", "removedPatients [3,1]"}));
 }
 
-void tst_ListLogic::deleting_with_nothing_ticked_deletes_nothing_and_still_tells()
+void tst_ListLogic::deleting_without_ticks_deletes_nothing_and_still_signals()
 {
     Popup popup;
     popup.perform("showAll");
@@ -248,7 +248,7 @@ void tst_ListLogic::deleting_does_not_reload_the_list()
     QCOMPARE(popup.shown(), (QStringList{"Béa, ticked", "Dupont"}));
 }
 
-void tst_ListLogic::deleting_everybody_ticked_by_the_header()
+void tst_ListLogic::deleting_removes_every_patient_ticked_by_the_header()
 {
     Popup popup;
     popup.document.call("tickHeader", true);
@@ -258,7 +258,7 @@ void tst_ListLogic::deleting_everybody_ticked_by_the_header()
     QCOMPARE(popup.takeRaised(), (QStringList{"needRefresh, 2 left", "removedPatients [2,4]"}));
 }
 
-void tst_ListLogic::nothing_is_told_of_patients_that_could_not_be_deleted()
+void tst_ListLogic::patients_that_could_not_be_deleted_are_not_signalled()
 {
     Popup popup;
     popup.perform("showAll");

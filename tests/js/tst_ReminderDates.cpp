@@ -7,8 +7,8 @@ namespace {
 
 const char *const twelfthMay = "2014-05-12";
 
-/// The data of patient 1 after an answer: `last` names the step, whose date is today's for "yes" and "no". "unanswered"
-/// leaves a ticked box without a date.
+/// The data of patient 1 after an answer: `last` is the step, whose date is today for "yes" and "no". "unanswered" is a
+/// ticked box without a date.
 QJsonObject answered(const QString &last, const QString &answer, const QString &created, const QString &today)
 {
     const QMap<QString, QString> dateKeys{{"test", "test_date"},
@@ -23,12 +23,12 @@ QJsonObject answered(const QString &last, const QString &answer, const QString &
     return data;
 }
 
-/// The reminder that patient 1 has after an update with \a data at that moment.
+/// The reminder of patient 1 after an update with \a data at that time.
 QString reminderAfter(const QJsonObject &data, const QString &day, const QByteArray &zone = "Europe/Paris")
 {
     PracticeAt practice(day.contains(' ') ? day.toLatin1() : day.toLatin1() + " 10:20:30", zone);
     practice.store.insertNamed("Dupont");
-    // Or an update that fails would leave today's behind.
+    // Otherwise a failing update would leave today's reminder.
     practice.file.runInStores("UPDATE Patients SET notification_date = '1999-01-01'");
     practice.store.perform("update", {data});
     return practice.file.value("SELECT notification_date FROM Patients").toString();
@@ -49,22 +49,22 @@ class tst_ReminderDates : public QObject
 private slots:
     void answer_moves_the_reminder_data();
     void answer_moves_the_reminder();
-    void skin_test_runs_on_into_the_work_up_data();
-    void skin_test_runs_on_into_the_work_up();
-    void flag_is_a_yes_when_true_or_one_data();
-    void flag_is_a_yes_when_true_or_one();
+    void reminder_after_the_skin_test_follows_the_stored_work_up_data();
+    void reminder_after_the_skin_test_follows_the_stored_work_up();
+    void flag_means_yes_when_true_or_one_data();
+    void flag_means_yes_when_true_or_one();
     void saving_without_an_answer_keeps_the_reminder_data();
     void saving_without_an_answer_keeps_the_reminder();
-    void unknown_step_reminds_today_data();
-    void unknown_step_reminds_today();
+    void unknown_step_sets_the_reminder_to_today_data();
+    void unknown_step_sets_the_reminder_to_today();
     void reminder_of_a_past_season_waits_at_once();
     void accepted_work_up_ends_the_waiting();
     void cleared_steps_read_back_unanswered();
 
     void dates_are_written_as_local_days_data();
     void dates_are_written_as_local_days();
-    void first_appointment_is_read_from_its_text_data();
-    void first_appointment_is_read_from_its_text();
+    void first_appointment_is_parsed_from_its_text_data();
+    void first_appointment_is_parsed_from_its_text();
     void reminder_is_written_as_the_local_day_near_midnight();
 };
 
@@ -90,7 +90,7 @@ void tst_ReminderDates::answer_moves_the_reminder_data()
     addAnswer(twelfthMay, "rdv3", "no", "2014-04-10", "2015-09-15");
     addAnswer(twelfthMay, "rdv3", "unanswered", "2014-04-10", "2015-09-15");
 
-    // Every month of the first appointment, after the skin tests and after a refused work-up.
+    // The first appointment in every month, after the skin tests and after a refused work-up.
     const char *const seasons[12][2] = {
         {"2014-01-20", "2014-05-12"}, {"2014-02-28", "2014-05-12"}, {"2014-03-01", "2014-09-15"},
         {"2014-04-30", "2014-09-15"}, {"2014-05-01", "2014-09-15"}, {"2014-06-15", "2014-09-15"},
@@ -100,14 +100,14 @@ void tst_ReminderDates::answer_moves_the_reminder_data()
         addAnswer(twelfthMay, "test", "no", season[0], season[1]);
         addAnswer(twelfthMay, "rdv1", "no", season[0], season[1]);
     }
-    // The month says nothing to the other rules.
+    // The other rules do not depend on the month.
     addAnswer(twelfthMay, "confirmation", "yes", "2014-01-20", "2014-12-16");
     addAnswer(twelfthMay, "confirmation", "yes", "2014-10-02", "2014-12-16");
     addAnswer(twelfthMay, "rdv2", "yes", "2014-01-20", "2015-09-15");
     addAnswer(twelfthMay, "rdv2", "yes", "2014-10-02", "2015-09-15");
     addAnswer(twelfthMay, "rdv2", "yes", "2014-12-31", "2015-09-15");
 
-    // The year is the first appointment's, whenever the answer comes.
+    // The year is that of the first appointment, not of the answer.
     addAnswer("2016-06-01", "rdv1", "no", "2014-05-20", "2014-09-15");
     addAnswer("2016-06-01", "confirmation", "yes", "2014-05-20", "2014-12-16");
     addAnswer("2016-06-01", "rdv2", "yes", "2014-05-20", "2015-09-15");
@@ -116,7 +116,7 @@ void tst_ReminderDates::answer_moves_the_reminder_data()
     addAnswer("2016-06-01", "rdv3", "yes", "2014-05-20", "2050-06-01");
     addAnswer("2016-06-01", "test", "no", "2014-01-20", "2016-06-01");
 
-    // Asked for September on a 31st, the calendar gives October; December has a 31st.
+    // On the 31st, setting the month to September gives October; December has 31 days.
     for (const char *last :
          {"2014-01-31", "2014-03-31", "2014-05-31", "2014-07-31", "2014-08-31", "2014-10-31", "2014-12-31"}) {
         addAnswer(last, "test", "yes", "2014-04-10", "2014-10-15");
@@ -128,13 +128,13 @@ void tst_ReminderDates::answer_moves_the_reminder_data()
     }
     addAnswer("2014-12-31", "rdv1", "yes", "2014-04-10", "2050-12-31");
     addAnswer("2014-05-31", "rdv3", "yes", "2014-04-10", "2050-05-31");
-    // A January stays January on a 31st, and a February becomes March, the first month of the season.
+    // On the 31st, January stays January, and February becomes March, the first month of the season.
     addAnswer("2014-05-31", "rdv1", "no", "2014-01-20", "2014-05-31");
     addAnswer("2014-05-31", "rdv1", "no", "2014-02-10", "2014-10-15");
     addAnswer("2014-05-30", "rdv1", "no", "2014-02-10", "2014-09-15");
     addAnswer("2014-05-29", "rdv1", "no", "2014-02-10", "2014-09-15");
     addAnswer("2014-05-28", "rdv1", "no", "2014-02-10", "2014-05-28");
-    // September has a 30th.
+    // September has 30 days.
     addAnswer("2014-04-30", "rdv1", "no", "2014-04-10", "2014-09-15");
     addAnswer("2014-11-30", "rdv2", "yes", "2014-10-02", "2015-09-15");
 
@@ -147,7 +147,7 @@ void tst_ReminderDates::answer_moves_the_reminder_data()
     addAnswer("2016-02-29", "confirmation", "yes", "2015-10-02", "2015-12-16");
     addAnswer("2016-02-29", "rdv3", "no", "2015-10-02", "2016-09-15");
 
-    // For a first appointment that is no date in three pieces the day of the answer stands in.
+    // When the first appointment is not a date in three parts, the day of the answer counts.
     for (const char *created : {"", "10/04/2012", "2012-04", "2012-04-10-1", "20120410", "hier"}) {
         addAnswer(twelfthMay, "rdv1", "no", created, "2014-09-15");
         addAnswer(twelfthMay, "rdv2", "yes", created, "2015-09-15");
@@ -165,7 +165,7 @@ void tst_ReminderDates::answer_moves_the_reminder()
     QTEST(reminderAfter(answered(last, answer, created, today), today), "reminder");
 }
 
-void tst_ReminderDates::skin_test_runs_on_into_the_work_up_data()
+void tst_ReminderDates::reminder_after_the_skin_test_follows_the_stored_work_up_data()
 {
     QTest::addColumn<QJsonObject>("steps");
     QTest::addColumn<QString>("reminder");
@@ -179,7 +179,7 @@ void tst_ReminderDates::skin_test_runs_on_into_the_work_up_data()
                                      << "2014-09-15";
 }
 
-void tst_ReminderDates::skin_test_runs_on_into_the_work_up()
+void tst_ReminderDates::reminder_after_the_skin_test_follows_the_stored_work_up()
 {
     QFETCH(QJsonObject, steps);
     steps["id"] = 1;
@@ -188,7 +188,7 @@ void tst_ReminderDates::skin_test_runs_on_into_the_work_up()
     QTEST(reminderAfter(steps, twelfthMay), "reminder");
 }
 
-void tst_ReminderDates::flag_is_a_yes_when_true_or_one_data()
+void tst_ReminderDates::flag_means_yes_when_true_or_one_data()
 {
     QTest::addColumn<QJsonValue>("flag");
     QTest::addColumn<QString>("reminder");
@@ -201,7 +201,7 @@ void tst_ReminderDates::flag_is_a_yes_when_true_or_one_data()
     QTest::newRow("null") << QJsonValue(QJsonValue::Null) << "2050-05-12";
 }
 
-void tst_ReminderDates::flag_is_a_yes_when_true_or_one()
+void tst_ReminderDates::flag_means_yes_when_true_or_one()
 {
     QFETCH(QJsonValue, flag);
     QTEST(reminderAfter({{"id", 1},
@@ -219,13 +219,13 @@ void tst_ReminderDates::saving_without_an_answer_keeps_the_reminder_data()
     QTest::newRow("past") << "2013-09-15";
     QTest::newRow("never") << "2050-05-12";
     QTest::newRow("none") << "";
-    QTest::newRow("no date at all") << "demain";
+    QTest::newRow("not a date") << "demain";
 }
 
 void tst_ReminderDates::saving_without_an_answer_keeps_the_reminder()
 {
     QFETCH(QString, reminder);
-    // With every step answered, so that only `last` can keep the rules out.
+    // Every step is answered: only an empty `last` prevents the rules.
     const QJsonObject data{{"id", 1},
                            {"phone", "01 02 03 04 05"},
                            {"created", "2014-04-10"},
@@ -238,14 +238,14 @@ void tst_ReminderDates::saving_without_an_answer_keeps_the_reminder()
     QCOMPARE(reminderAfter(data, "2014-06-01"), reminder);
 }
 
-void tst_ReminderDates::unknown_step_reminds_today_data()
+void tst_ReminderDates::unknown_step_sets_the_reminder_to_today_data()
 {
     QTest::addColumn<QString>("step");
     for (const char *step : {"rdv4", "Test", "date1", " ", "toString"})
         QTest::newRow(step) << step;
 }
 
-void tst_ReminderDates::unknown_step_reminds_today()
+void tst_ReminderDates::unknown_step_sets_the_reminder_to_today()
 {
     QFETCH(QString, step);
     QCOMPARE(reminderAfter({{"id", 1}, {"last", step}, {"created", "2013-04-10"}, {"notification_date", "2015-01-01"}},
@@ -330,7 +330,7 @@ void tst_ReminderDates::dates_are_written_as_local_days()
     }
 }
 
-void tst_ReminderDates::first_appointment_is_read_from_its_text_data()
+void tst_ReminderDates::first_appointment_is_parsed_from_its_text_data()
 {
     QTest::addColumn<QByteArray>("now");
     QTest::addColumn<QString>("text");
@@ -349,14 +349,14 @@ void tst_ReminderDates::first_appointment_is_read_from_its_text_data()
     QTest::newRow("month 13") << may << "2013-13-01" << QJsonArray{2014, 1, 1, 10, 20};
     QTest::newRow("31 April") << may << "2013-04-31" << QJsonArray{2013, 5, 1, 10, 20};
     QTest::newRow("day 0") << may << "2013-04-00" << QJsonArray{2013, 3, 31, 10, 20};
-    QTest::newRow("with zeros before") << may << "2013-08-09" << QJsonArray{2013, 8, 9, 10, 20};
+    QTest::newRow("with leading zeros") << may << "2013-08-09" << QJsonArray{2013, 8, 9, 10, 20};
     QTest::newRow("empty") << may << "" << QJsonArray{2014, 5, 12, 10, 20};
     QTest::newRow("two pieces") << may << "2013-02" << QJsonArray{2014, 5, 12, 10, 20};
     QTest::newRow("four pieces") << may << "2013-02-10-" << QJsonArray{2014, 5, 12, 10, 20};
     QTest::newRow("French") << may << "10/02/2013" << QJsonArray{2014, 5, 12, 10, 20};
 }
 
-void tst_ReminderDates::first_appointment_is_read_from_its_text()
+void tst_ReminderDates::first_appointment_is_parsed_from_its_text()
 {
     QFETCH(QByteArray, now);
     QFETCH(QString, text);

@@ -14,7 +14,7 @@ QString names(const Practice &practice)
     return all.join(", ");
 }
 
-/// Every operation with values that make it do something to, or tell something of, patient 1.
+/// Every operation, with values that make it read or change patient 1.
 void addOperations()
 {
     QTest::addColumn<QString>("operation");
@@ -42,20 +42,20 @@ class tst_StoreErrors : public QObject
 private slots:
     void failing_statement_throws_and_calls_nothing_data() { addOperations(); }
     void failing_statement_throws_and_calls_nothing();
-    void failing_write_takes_back_what_it_had_done_data();
-    void failing_write_takes_back_what_it_had_done();
-    void list_longer_than_one_statement_can_take_deletes_nothing();
+    void failing_write_undoes_its_changes_data();
+    void failing_write_undoes_its_changes();
+    void list_too_long_for_one_statement_deletes_nothing();
 
     void error_in_a_callback_reaches_the_caller_and_undoes_nothing_data();
     void error_in_a_callback_reaches_the_caller_and_undoes_nothing();
 
-    void blocked_write_throws_and_is_told_from_a_stored_one_data();
-    void blocked_write_throws_and_is_told_from_a_stored_one();
-    void database_held_alone_throws_from_every_operation_data() { addOperations(); }
-    void database_held_alone_throws_from_every_operation();
-    void database_held_at_the_start_is_used_once_it_is_free();
-    void migration_that_is_blocked_waits_for_the_next_start_data();
-    void migration_that_is_blocked_waits_for_the_next_start();
+    void blocked_write_throws_unlike_a_stored_one_data();
+    void blocked_write_throws_unlike_a_stored_one();
+    void exclusively_locked_database_throws_from_every_operation_data() { addOperations(); }
+    void exclusively_locked_database_throws_from_every_operation();
+    void database_locked_at_the_start_is_used_once_it_is_free();
+    void blocked_migration_is_done_at_the_next_start_data();
+    void blocked_migration_is_done_at_the_next_start();
 };
 
 void tst_StoreErrors::failing_statement_throws_and_calls_nothing()
@@ -73,7 +73,7 @@ void tst_StoreErrors::failing_statement_throws_and_calls_nothing()
     QCOMPARE(names(practice), QString("Dupont"));
 }
 
-void tst_StoreErrors::failing_write_takes_back_what_it_had_done_data()
+void tst_StoreErrors::failing_write_undoes_its_changes_data()
 {
     QTest::addColumn<QString>("event");
     QTest::addColumn<QString>("operation");
@@ -88,14 +88,14 @@ void tst_StoreErrors::failing_write_takes_back_what_it_had_done_data()
                                 << "removeList" << only(QJsonArray{1, 2, 3});
 }
 
-void tst_StoreErrors::failing_write_takes_back_what_it_had_done()
+void tst_StoreErrors::failing_write_undoes_its_changes()
 {
     QFETCH(QString, event);
     QFETCH(QString, operation);
     QFETCH(QJsonArray, values);
     Practice practice;
     practice.file.run({"INSERT INTO Patients (name) VALUES ('A'), ('B'), ('C')",
-                       // FAIL stops in the middle and leaves in place what the statement had done until then.
+                       // FAIL stops half-way and keeps the changes that the statement has made.
                        "CREATE TRIGGER Refusal AFTER " + event
                            + " ON Patients "
                              "BEGIN SELECT RAISE(FAIL, 'refused'); END"});
@@ -109,7 +109,7 @@ void tst_StoreErrors::failing_write_takes_back_what_it_had_done()
     QCOMPARE(names(practice), QString("A, B, C, D"));
 }
 
-void tst_StoreErrors::list_longer_than_one_statement_can_take_deletes_nothing()
+void tst_StoreErrors::list_too_long_for_one_statement_deletes_nothing()
 {
     Practice practice;
     practice.file.run({"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 40000) "
@@ -155,7 +155,7 @@ void tst_StoreErrors::error_in_a_callback_reaches_the_caller_and_undoes_nothing(
     QTEST(names(practice), "namesAfter");
 }
 
-void tst_StoreErrors::blocked_write_throws_and_is_told_from_a_stored_one_data()
+void tst_StoreErrors::blocked_write_throws_unlike_a_stored_one_data()
 {
     QTest::addColumn<LockHolder::Lock>("lock");
     QTest::addColumn<QString>("operation");
@@ -171,7 +171,7 @@ void tst_StoreErrors::blocked_write_throws_and_is_told_from_a_stored_one_data()
     QTest::newRow("update while another writes") << LockHolder::Writing << "update" << change << "Durand";
 }
 
-void tst_StoreErrors::blocked_write_throws_and_is_told_from_a_stored_one()
+void tst_StoreErrors::blocked_write_throws_unlike_a_stored_one()
 {
     QFETCH(LockHolder::Lock, lock);
     QFETCH(QString, operation);
@@ -185,7 +185,7 @@ void tst_StoreErrors::blocked_write_throws_and_is_told_from_a_stored_one()
         const StoreCall blocked = practice.store.perform(operation, values);
         QVERIFY2(blocked.thrown.contains("database is locked"), qPrintable(blocked.thrown));
         QCOMPARE(blocked.answers, QJsonArray());
-        // The window stands still meanwhile.
+        // The window is frozen meanwhile.
         QVERIFY2(waited.elapsed() < 3000, qPrintable(QString::number(waited.elapsed())));
         QCOMPARE(practice.store.get(1)["name"].toString(), QString("Dupont"));
     }
@@ -194,13 +194,13 @@ void tst_StoreErrors::blocked_write_throws_and_is_told_from_a_stored_one()
     QTEST(names(practice), "namesAfter");
 }
 
-void tst_StoreErrors::database_held_alone_throws_from_every_operation()
+void tst_StoreErrors::exclusively_locked_database_throws_from_every_operation()
 {
     QFETCH(QString, operation);
     QFETCH(QJsonArray, values);
     Practice practice;
     practice.store.insertNamed("Dupont");
-    // The wait itself is measured elsewhere.
+    // Another test measures the wait.
     practice.file.runInStores("PRAGMA busy_timeout = 0");
     {
         const LockHolder other(practice.file.path(), LockHolder::Alone);
@@ -212,7 +212,7 @@ void tst_StoreErrors::database_held_alone_throws_from_every_operation()
     QCOMPARE(practice.store.perform(operation, values).thrown, QString());
 }
 
-void tst_StoreErrors::database_held_at_the_start_is_used_once_it_is_free()
+void tst_StoreErrors::database_locked_at_the_start_is_used_once_it_is_free()
 {
     const PatientFile file;
     file.leavePatient("Dupont");
@@ -229,17 +229,17 @@ void tst_StoreErrors::database_held_at_the_start_is_used_once_it_is_free()
     QCOMPARE(later.insertNamed("Durand"), 2);
 }
 
-void tst_StoreErrors::migration_that_is_blocked_waits_for_the_next_start_data()
+void tst_StoreErrors::blocked_migration_is_done_at_the_next_start_data()
 {
     QTest::addColumn<LockHolder::Lock>("lock");
     QTest::addColumn<QString>("version");
     QTest::newRow("another reads, older") << LockHolder::Reading << "1.2";
     QTest::newRow("another reads, no version") << LockHolder::Reading << "";
-    QTest::newRow("another alone, older") << LockHolder::Alone << "1.2";
-    QTest::newRow("another alone, no version") << LockHolder::Alone << "";
+    QTest::newRow("another holds an exclusive lock, older") << LockHolder::Alone << "1.2";
+    QTest::newRow("another holds an exclusive lock, no version") << LockHolder::Alone << "";
 }
 
-void tst_StoreErrors::migration_that_is_blocked_waits_for_the_next_start()
+void tst_StoreErrors::blocked_migration_is_done_at_the_next_start()
 {
     QFETCH(LockHolder::Lock, lock);
     QFETCH(QString, version);

@@ -10,7 +10,7 @@
 
 namespace {
 
-/// The size that a file may have, for a while: every write beyond it fails, as on a full disk.
+/// Limits the size of files during its lifetime: writes beyond it fail, as on a full disk.
 class FileSizeLimit
 {
 public:
@@ -30,7 +30,7 @@ private:
     rlimit m_before;
 };
 
-/// The superuser may write what is read-only: somebody else while it lives.
+/// Switches from root, who can write read-only files, to another user during its lifetime.
 class WithoutPrivileges
 {
 public:
@@ -38,12 +38,12 @@ public:
     {
         QCoreApplication::setSetuidAllowed(true);
         if (m_user == 0 && seteuid(65534) != 0)
-            qFatal("The superuser cannot become nobody");
+            qFatal("Cannot switch to the user nobody");
     }
     ~WithoutPrivileges()
     {
         if (seteuid(m_user) != 0)
-            qWarning("The user does not come back");
+            qWarning("Cannot switch back to root");
     }
 
 private:
@@ -75,20 +75,20 @@ class tst_StoreFileErrors : public QObject
     Q_OBJECT
 
 private slots:
-    void full_disk_loses_nothing_and_the_store_works_on();
-    void full_database_loses_nothing_and_the_store_works_on();
+    void full_disk_loses_nothing_and_the_store_keeps_working();
+    void full_database_loses_nothing_and_the_store_keeps_working();
     void read_only_file_is_read_and_not_written();
-    void file_that_is_no_database_is_left_alone_data();
-    void file_that_is_no_database_is_left_alone();
+    void file_that_is_not_a_database_is_not_changed_data();
+    void file_that_is_not_a_database_is_not_changed();
     void damaged_file_throws_and_calls_nothing();
 };
 
-void tst_StoreFileErrors::full_disk_loses_nothing_and_the_store_works_on()
+void tst_StoreFileErrors::full_disk_loses_nothing_and_the_store_keeps_working()
 {
     Practice practice;
     practice.store.insertNamed("Dupont");
     {
-        // Room for the journal, so that it is the commit that fails.
+        // Enough space for the journal: the commit fails.
         const FileSizeLimit full(QFileInfo(practice.file.path()).size() + 8192);
         const StoreCall call = practice.store.perform("insert", {bigPatient});
         QVERIFY2(call.thrown.contains("disk I/O error"), qPrintable(call.thrown));
@@ -100,11 +100,11 @@ void tst_StoreFileErrors::full_disk_loses_nothing_and_the_store_works_on()
     QCOMPARE(names(practice), QString("Dupont, Durand"));
 }
 
-void tst_StoreFileErrors::full_database_loses_nothing_and_the_store_works_on()
+void tst_StoreFileErrors::full_database_loses_nothing_and_the_store_keeps_working()
 {
     Practice practice;
     practice.store.insertNamed("Dupont");
-    // SQLite's own limit gives the error of a full disk, with which SQLite has rolled back already.
+    // SQLite's own limit causes the error of a full disk; SQLite has rolled back already.
     practice.file.runInStores("PRAGMA max_page_count = 4");
     const StoreCall call = practice.store.perform("insert", {bigPatient});
     QVERIFY2(call.thrown.contains("database or disk is full"), qPrintable(call.thrown));
@@ -132,14 +132,14 @@ void tst_StoreFileErrors::read_only_file_is_read_and_not_written()
     QCOMPARE(content(file.path()), before);
 }
 
-void tst_StoreFileErrors::file_that_is_no_database_is_left_alone_data()
+void tst_StoreFileErrors::file_that_is_not_a_database_is_not_changed_data()
 {
     QTest::addColumn<QString>("version");
     for (const char *version : {"", "1.2", "1.3"})
         QTest::newRow(*version ? version : "none") << version;
 }
 
-void tst_StoreFileErrors::file_that_is_no_database_is_left_alone()
+void tst_StoreFileErrors::file_that_is_not_a_database_is_not_changed()
 {
     QFETCH(QString, version);
     const QByteArray letter = QByteArray("Chère consoeur, cher confrère,\n").repeated(100);

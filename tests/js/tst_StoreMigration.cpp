@@ -9,18 +9,18 @@ class tst_StoreMigration : public QObject
     Q_OBJECT
 
 private slots:
-    void older_patients_go_and_current_or_unknown_ones_stay_data();
-    void older_patients_go_and_current_or_unknown_ones_stay();
+    void patients_of_older_versions_are_dropped_and_others_stay_data();
+    void patients_of_older_versions_are_dropped_and_others_stay();
     void table_of_an_older_schema_is_replaced();
     void second_document_keeps_what_the_first_one_migrated();
-    void loss_of_patients_is_logged_before_it();
-    void migration_cut_short_is_finished_by_the_next_start_data();
-    void migration_cut_short_is_finished_by_the_next_start();
-    void copy_started_at_the_same_moment_may_be_the_first_to_migrate_data();
-    void copy_started_at_the_same_moment_may_be_the_first_to_migrate();
+    void dropping_patients_is_logged_before_it_happens();
+    void interrupted_migration_is_completed_by_the_next_start_data();
+    void interrupted_migration_is_completed_by_the_next_start();
+    void simultaneously_started_copy_can_migrate_first_data();
+    void simultaneously_started_copy_can_migrate_first();
 };
 
-void tst_StoreMigration::older_patients_go_and_current_or_unknown_ones_stay_data()
+void tst_StoreMigration::patients_of_older_versions_are_dropped_and_others_stay_data()
 {
     QTest::addColumn<QString>("versionBefore");
     QTest::addColumn<QString>("versionAfter");
@@ -44,7 +44,7 @@ void tst_StoreMigration::older_patients_go_and_current_or_unknown_ones_stay_data
                                   << "1.3" << 0;
 }
 
-void tst_StoreMigration::older_patients_go_and_current_or_unknown_ones_stay()
+void tst_StoreMigration::patients_of_older_versions_are_dropped_and_others_stay()
 {
     QFETCH(QString, versionBefore);
     QFETCH(QString, versionAfter);
@@ -83,7 +83,7 @@ void tst_StoreMigration::second_document_keeps_what_the_first_one_migrated()
     QCOMPARE(listed(second.perform("select", {""}).answer()), QString("Durand"));
 }
 
-void tst_StoreMigration::loss_of_patients_is_logged_before_it()
+void tst_StoreMigration::dropping_patients_is_logged_before_it_happens()
 {
     const PatientFile file;
     leaveInstallation(file, "1.2");
@@ -93,14 +93,14 @@ void tst_StoreMigration::loss_of_patients_is_logged_before_it()
     StoreDocument(&engine).perform("init");
 }
 
-void tst_StoreMigration::migration_cut_short_is_finished_by_the_next_start_data()
+void tst_StoreMigration::interrupted_migration_is_completed_by_the_next_start_data()
 {
     QTest::addColumn<QString>("version");
     for (const char *version : {"1.0", "1.1", "1.2", "", "1.3"})
         QTest::newRow(version) << version;
 }
 
-void tst_StoreMigration::migration_cut_short_is_finished_by_the_next_start()
+void tst_StoreMigration::interrupted_migration_is_completed_by_the_next_start()
 {
     QFETCH(QString, version);
     const PatientFile file;
@@ -113,7 +113,7 @@ void tst_StoreMigration::migration_cut_short_is_finished_by_the_next_start()
     QCOMPARE(store.insertNamed("Durand"), 1);
 }
 
-void tst_StoreMigration::copy_started_at_the_same_moment_may_be_the_first_to_migrate_data()
+void tst_StoreMigration::simultaneously_started_copy_can_migrate_first_data()
 {
     QTest::addColumn<QString>("version");
 
@@ -121,7 +121,7 @@ void tst_StoreMigration::copy_started_at_the_same_moment_may_be_the_first_to_mig
         QTest::newRow(*version ? version : "no version") << version;
 }
 
-void tst_StoreMigration::copy_started_at_the_same_moment_may_be_the_first_to_migrate()
+void tst_StoreMigration::simultaneously_started_copy_can_migrate_first()
 {
     QFETCH(QString, version);
     static const PatientFile *migratedByAnother = nullptr;
@@ -132,7 +132,7 @@ void tst_StoreMigration::copy_started_at_the_same_moment_may_be_the_first_to_mig
     warnings = 0;
     PatientEngine engine(file);
     StoreDocument store(&engine);
-    // The last thing before the change of the version is this line of the log.
+    // This line is logged right before the version changes.
     const QtMessageHandler testLog = qInstallMessageHandler(
         [](QtMsgType type, const QMessageLogContext &, const QString &text) {
             warnings += type == QtWarningMsg;

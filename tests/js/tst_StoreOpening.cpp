@@ -9,27 +9,27 @@ class tst_StoreOpening : public QObject
     Q_OBJECT
 
 private slots:
-    void first_start_makes_an_empty_database_at_the_current_version();
-    void ids_are_never_used_again();
+    void first_start_creates_an_empty_database_of_the_current_version();
+    void ids_are_never_reused();
 
     void second_start_keeps_the_patients();
-    void record_lost_while_running_costs_no_patient_data();
-    void record_lost_while_running_costs_no_patient();
-    void folder_moved_away_is_not_made_anew_by_a_later_document();
+    void record_lost_while_running_drops_no_patient_data();
+    void record_lost_while_running_drops_no_patient();
+    void folder_moved_away_is_not_created_again_by_a_later_document();
 
-    void callback_of_init_comes_each_time_after_the_table_exists();
-    void init_does_without_a_callback();
+    void init_calls_back_each_time_after_the_table_exists();
+    void init_works_without_a_callback();
     void second_init_does_not_open_again();
 
     void nothing_happens_before_init_data();
     void nothing_happens_before_init();
     void insert_before_init_still_logs();
-    void each_document_opens_for_itself();
+    void each_document_opens_its_own_store();
     void documents_see_each_others_patients();
     void engines_see_each_others_patients();
 };
 
-void tst_StoreOpening::first_start_makes_an_empty_database_at_the_current_version()
+void tst_StoreOpening::first_start_creates_an_empty_database_of_the_current_version()
 {
     Practice practice;
     QCOMPARE(practice.file.recorded("Version"), QString("1.3"));
@@ -38,7 +38,7 @@ void tst_StoreOpening::first_start_makes_an_empty_database_at_the_current_versio
     QCOMPARE(practice.store.perform("getWaitingNumber").answer(), QJsonValue(QJsonObject{{"count", 0}}));
 }
 
-void tst_StoreOpening::ids_are_never_used_again()
+void tst_StoreOpening::ids_are_never_reused()
 {
     Practice practice;
     QCOMPARE(practice.store.insertNamed("Adu"), 1);
@@ -63,14 +63,14 @@ void tst_StoreOpening::second_start_keeps_the_patients()
     QCOMPARE(listed(store.perform("select", {""}).answer()), QString("Dupont"));
 }
 
-void tst_StoreOpening::record_lost_while_running_costs_no_patient_data()
+void tst_StoreOpening::record_lost_while_running_drops_no_patient_data()
 {
     QTest::addColumn<bool>("emptied");
     QTest::newRow("removed") << false;
     QTest::newRow("emptied") << true;
 }
 
-void tst_StoreOpening::record_lost_while_running_costs_no_patient()
+void tst_StoreOpening::record_lost_while_running_drops_no_patient()
 {
     QFETCH(bool, emptied);
     Practice practice;
@@ -87,7 +87,7 @@ void tst_StoreOpening::record_lost_while_running_costs_no_patient()
     }
 }
 
-void tst_StoreOpening::folder_moved_away_is_not_made_anew_by_a_later_document()
+void tst_StoreOpening::folder_moved_away_is_not_created_again_by_a_later_document()
 {
     Practice practice;
     const QString folder = practice.file.folder();
@@ -98,7 +98,7 @@ void tst_StoreOpening::folder_moved_away_is_not_made_anew_by_a_later_document()
     QVERIFY(QDir().rename(folder + ".away", folder));
 }
 
-void tst_StoreOpening::callback_of_init_comes_each_time_after_the_table_exists()
+void tst_StoreOpening::init_calls_back_each_time_after_the_table_exists()
 {
     const PatientFile file;
     PatientEngine engine(file);
@@ -115,7 +115,7 @@ void tst_StoreOpening::callback_of_init_comes_each_time_after_the_table_exists()
     QCOMPARE(store.evaluate(opening), QJsonValue(expected));
 }
 
-void tst_StoreOpening::init_does_without_a_callback()
+void tst_StoreOpening::init_works_without_a_callback()
 {
     const PatientFile file;
     PatientEngine engine(file);
@@ -174,7 +174,7 @@ void tst_StoreOpening::insert_before_init_still_logs()
     QVERIFY(store.perform("insert", {QJsonObject{{"name", "Durand"}}}).isSilent());
 }
 
-void tst_StoreOpening::each_document_opens_for_itself()
+void tst_StoreOpening::each_document_opens_its_own_store()
 {
     Practice practice;
     StoreDocument other(&practice.engine);

@@ -33,7 +33,7 @@ QJsonValue contains(Practice &practice, const QString &filter)
     return practice.store.perform("select", {filter}).answer().toObject()["contains"];
 }
 
-/// Patient 1 with every column filled, waiting on 12 May 2014.
+/// Patient 1 with a value in every column; waits on 12 May 2014.
 void addComplete(const Practice &practice)
 {
     practice.file.run({"INSERT INTO Patients VALUES (1, 1, 'DUPONT Marie', '01 02 03 04 05', '2014-04-10', 1, "
@@ -59,7 +59,7 @@ const QJsonObject completeRow{{"id", 1},
                               {"notification_date", "2014-05-12"},
                               {"created_format", "10/04/2014"}};
 
-/// Patient 1 with a name, a reminder and nothing else but NULL.
+/// Patient 1 with a name and a reminder; all other columns are NULL.
 void addBare(const Practice &practice)
 {
     practice.file.run({"INSERT INTO Patients VALUES (1, 0, 'DUPONT Marie', NULL, NULL, NULL, NULL, NULL, NULL, NULL, "
@@ -100,34 +100,34 @@ class tst_StoreReading : public QObject
     Q_OBJECT
 
 private slots:
-    void search_gives_names_that_start_first_then_names_that_contain();
+    void search_returns_names_that_start_with_the_text_then_names_that_contain_it();
     void search_sorts_both_lists_without_regard_to_case();
-    void search_is_of_ascii_case_and_of_wildcards_data();
-    void search_is_of_ascii_case_and_of_wildcards();
-    void search_that_finds_nobody_still_calls_back();
-    void no_filter_gives_everybody_data();
-    void no_filter_gives_everybody();
+    void search_ignores_ascii_case_and_knows_wildcards_data();
+    void search_ignores_ascii_case_and_knows_wildcards();
+    void search_without_a_match_still_calls_back();
+    void search_without_a_filter_returns_all_patients_data();
+    void search_without_a_filter_returns_all_patients();
 
     void record_has_every_column_and_the_two_computed_ones();
     void record_has_empty_texts_for_nulls();
-    void record_of_every_read_is_the_same();
+    void every_read_returns_the_same_record();
     void one_null_is_an_empty_text_data();
     void one_null_is_an_empty_text();
-    void removeNullValues_copies_and_replaces_nulls_alone();
-    void get_takes_the_id_as_text_too();
+    void removeNullValues_copies_and_replaces_only_nulls();
+    void get_accepts_the_id_as_text_too();
     void get_of_an_unknown_id_does_not_call_back();
-    void created_is_shown_the_french_way_data();
-    void created_is_shown_the_french_way();
+    void created_is_formatted_in_french_data();
+    void created_is_formatted_in_french();
 
-    void patient_waits_from_the_reminder_on_data();
-    void patient_waits_from_the_reminder_on();
-    void counts_come_as_a_row_with_count();
+    void patient_waits_from_the_day_of_the_reminder_data();
+    void patient_waits_from_the_day_of_the_reminder();
+    void counts_are_rows_with_a_count();
     void waiting_rows_are_raw_and_in_name_order();
     void columns_of_a_later_version_have_empty_texts_for_nulls();
     void waiting_rows_keep_their_nulls();
 };
 
-void tst_StoreReading::search_gives_names_that_start_first_then_names_that_contain()
+void tst_StoreReading::search_returns_names_that_start_with_the_text_then_names_that_contain_it()
 {
     Practice practice;
     addNamed(practice, {"Dupont", "Adu", "DURAND"});
@@ -145,7 +145,7 @@ void tst_StoreReading::search_sorts_both_lists_without_regard_to_case()
     QCOMPARE(nameList(contains(practice, "m")), (QStringList{"AM", "XMA", "xmb"}));
 }
 
-void tst_StoreReading::search_is_of_ascii_case_and_of_wildcards_data()
+void tst_StoreReading::search_ignores_ascii_case_and_knows_wildcards_data()
 {
     QTest::addColumn<QStringList>("names");
     QTest::addColumn<QString>("filter");
@@ -153,7 +153,7 @@ void tst_StoreReading::search_is_of_ascii_case_and_of_wildcards_data()
     QTest::addColumn<QStringList>("containing");
 
     const QStringList nobody;
-    QTest::newRow("a lone % is everybody")
+    QTest::newRow("a single % matches everybody")
         << QStringList{"Adu", "", "Dupont"} << "%" << QStringList{"", "Adu", "Dupont"} << nobody;
     QTest::newRow("% within") << QStringList{"Dupont", "Adupont", "Dult"} << "d%t" << QStringList{"Dult", "Dupont"}
                               << QStringList{"Adupont"};
@@ -161,7 +161,7 @@ void tst_StoreReading::search_is_of_ascii_case_and_of_wildcards_data()
         << QStringList{"Adu", "Dupont"} << "%u" << QStringList{"Adu", "Dupont"} << nobody;
     QTest::newRow("_ is one character") << QStringList{"Dupont", "Dpont", "Adupont"} << "d_p" << QStringList{"Dupont"}
                                         << QStringList{"Adupont"};
-    QTest::newRow("a lone _ is everybody with a name")
+    QTest::newRow("a single _ matches everybody with a name")
         << QStringList{"", "A", "B"} << "_" << QStringList{"A", "B"} << nobody;
     QTest::newRow("accents match themselves")
         << QStringList{"École", "Ecole", "école", "Bérénice"} << "é" << QStringList{"école"} << QStringList{"Bérénice"};
@@ -169,15 +169,15 @@ void tst_StoreReading::search_is_of_ascii_case_and_of_wildcards_data()
         << QStringList{"École", "école"} << "É" << QStringList{"École"} << nobody;
     QTest::newRow("plain letters match no accents")
         << QStringList{"Éric", "Eric"} << "e" << QStringList{"Eric"} << nobody;
-    QTest::newRow("a quote is a quote") << QStringList{"d'Artagnan", "l'or d'or"} << "d'" << QStringList{"d'Artagnan"}
-                                        << QStringList{"l'or d'or"};
-    QTest::newRow("a space is text") << QStringList{"DU PONT", "DUPONT", "Le DU PONT"} << "du "
-                                     << QStringList{"DU PONT"} << QStringList{"Le DU PONT"};
+    QTest::newRow("a quote is ordinary text")
+        << QStringList{"d'Artagnan", "l'or d'or"} << "d'" << QStringList{"d'Artagnan"} << QStringList{"l'or d'or"};
+    QTest::newRow("a space is ordinary text") << QStringList{"DU PONT", "DUPONT", "Le DU PONT"} << "du "
+                                              << QStringList{"DU PONT"} << QStringList{"Le DU PONT"};
     QTest::newRow("no escaping") << QStringList{"100%", "100x"} << "0\\%" << nobody << nobody;
     QTest::newRow("whole name") << QStringList{"Dupont"} << "DUPONT" << QStringList{"Dupont"} << nobody;
 }
 
-void tst_StoreReading::search_is_of_ascii_case_and_of_wildcards()
+void tst_StoreReading::search_ignores_ascii_case_and_knows_wildcards()
 {
     QFETCH(QStringList, names);
     QFETCH(QString, filter);
@@ -187,7 +187,7 @@ void tst_StoreReading::search_is_of_ascii_case_and_of_wildcards()
     QTEST(nameList(contains(practice, filter)), "containing");
 }
 
-void tst_StoreReading::search_that_finds_nobody_still_calls_back()
+void tst_StoreReading::search_without_a_match_still_calls_back()
 {
     Practice practice;
     addNamed(practice, {"Dupont"});
@@ -195,14 +195,14 @@ void tst_StoreReading::search_that_finds_nobody_still_calls_back()
              QJsonValue(QJsonObject{{"startsWith", QJsonArray()}, {"contains", QJsonArray()}}));
 }
 
-void tst_StoreReading::no_filter_gives_everybody_data()
+void tst_StoreReading::search_without_a_filter_returns_all_patients_data()
 {
     QTest::addColumn<QJsonValue>("filter");
     QTest::newRow("null") << QJsonValue(QJsonValue::Null);
     QTest::newRow("empty") << QJsonValue("");
 }
 
-void tst_StoreReading::no_filter_gives_everybody()
+void tst_StoreReading::search_without_a_filter_returns_all_patients()
 {
     QFETCH(QJsonValue, filter);
     Practice practice;
@@ -225,7 +225,7 @@ void tst_StoreReading::record_has_empty_texts_for_nulls()
     QCOMPARE(practice.store.get(1), with(bareRow(""), "waiting", 1));
 }
 
-void tst_StoreReading::record_of_every_read_is_the_same()
+void tst_StoreReading::every_read_returns_the_same_record()
 {
     PracticeAt practice(noonOfTwelfthMay);
     addBare(practice);
@@ -256,7 +256,7 @@ void tst_StoreReading::one_null_is_an_empty_text()
     QCOMPARE(record["waiting"], column == "notification_date" ? QJsonValue("") : QJsonValue(1));
 }
 
-void tst_StoreReading::removeNullValues_copies_and_replaces_nulls_alone()
+void tst_StoreReading::removeNullValues_copies_and_replaces_only_nulls()
 {
     Practice practice;
     QCOMPARE(practice.store.evaluate("Bdd.removeNullValues({a: null, b: 0, c: '', d: false, e: 'x', f: 7})"),
@@ -265,7 +265,7 @@ void tst_StoreReading::removeNullValues_copies_and_replaces_nulls_alone()
              QJsonValue(QJsonObject{{"a", QJsonValue::Null}}));
 }
 
-void tst_StoreReading::get_takes_the_id_as_text_too()
+void tst_StoreReading::get_accepts_the_id_as_text_too()
 {
     Practice practice;
     addNamed(practice, {"Dupont"});
@@ -279,7 +279,7 @@ void tst_StoreReading::get_of_an_unknown_id_does_not_call_back()
     QVERIFY(practice.store.perform("get", {2}).isSilent());
 }
 
-void tst_StoreReading::created_is_shown_the_french_way_data()
+void tst_StoreReading::created_is_formatted_in_french_data()
 {
     QTest::addColumn<QString>("created");
     QTest::addColumn<QString>("shown");
@@ -299,7 +299,7 @@ void tst_StoreReading::created_is_shown_the_french_way_data()
                             << "";
 }
 
-void tst_StoreReading::created_is_shown_the_french_way()
+void tst_StoreReading::created_is_formatted_in_french()
 {
     QFETCH(QString, created);
     QFETCH(QString, shown);
@@ -308,7 +308,7 @@ void tst_StoreReading::created_is_shown_the_french_way()
     QCOMPARE(practice.store.get(1)["created_format"], QJsonValue(shown));
 }
 
-void tst_StoreReading::patient_waits_from_the_reminder_on_data()
+void tst_StoreReading::patient_waits_from_the_day_of_the_reminder_data()
 {
     QTest::addColumn<QString>("reminder");
     QTest::addColumn<QJsonValue>("waiting");
@@ -322,7 +322,7 @@ void tst_StoreReading::patient_waits_from_the_reminder_on_data()
     QTest::newRow("null") << "NULL" << QJsonValue("") << 0;
 }
 
-void tst_StoreReading::patient_waits_from_the_reminder_on()
+void tst_StoreReading::patient_waits_from_the_day_of_the_reminder()
 {
     QFETCH(QString, reminder);
     QFETCH(QJsonValue, waiting);
@@ -334,7 +334,7 @@ void tst_StoreReading::patient_waits_from_the_reminder_on()
     QCOMPARE(practice.store.perform("selectWaiting").answer().toArray().count(), count);
 }
 
-void tst_StoreReading::counts_come_as_a_row_with_count()
+void tst_StoreReading::counts_are_rows_with_a_count()
 {
     PracticeAt practice(noonOfTwelfthMay);
     addComplete(practice);

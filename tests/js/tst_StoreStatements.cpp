@@ -8,7 +8,7 @@
 
 namespace {
 
-/// A store over a storage that only writes down what is asked of it.
+/// A store with a storage that only records its calls.
 class Recorded
 {
 public:
@@ -31,7 +31,7 @@ public:
         return journal.toStringList();
     }
 
-    /// What an operation of an opened store asks for.
+    /// The calls of an operation of an open store.
     QStringList journalOf(const QString &operation, const QJsonArray &values)
     {
         store->perform("init");
@@ -77,28 +77,28 @@ class tst_StoreStatements : public QObject
     Q_OBJECT
 
 private slots:
-    void database_is_opened_with_these_values();
-    void database_that_did_not_open_is_tried_again_at_the_next_use();
-    void file_held_by_another_process_is_waited_for_once_in_a_process_data();
-    void file_held_by_another_process_is_waited_for_once_in_a_process();
-    void version_raised_by_another_process_meanwhile_drops_nothing();
-    void table_is_created_if_it_is_not_there();
-    void version_is_changed_with_this_statement_data();
-    void version_is_changed_with_this_statement();
+    void database_is_opened_with_the_expected_values();
+    void database_that_did_not_open_is_opened_at_the_next_use();
+    void each_process_waits_once_for_a_file_locked_by_another_data();
+    void each_process_waits_once_for_a_file_locked_by_another();
+    void version_upgraded_meanwhile_by_another_process_drops_nothing();
+    void table_is_created_if_it_does_not_exist();
+    void version_is_changed_with_the_expected_statement_data();
+    void version_is_changed_with_the_expected_statement();
 
-    void reads_are_these_statements_in_one_transaction_data();
-    void reads_are_these_statements_in_one_transaction();
-    void writes_are_these_statements_in_one_transaction_data();
-    void writes_are_these_statements_in_one_transaction();
-    void empty_list_asks_for_nothing();
+    void reads_run_the_expected_statements_in_one_transaction_data();
+    void reads_run_the_expected_statements_in_one_transaction();
+    void writes_run_the_expected_statement_in_one_transaction_data();
+    void writes_run_the_expected_statement_in_one_transaction();
+    void empty_list_runs_no_statement();
 
     void write_is_committed_before_its_callback_and_inside_its_transaction();
-    void failing_write_is_rolled_back_and_thrown_on();
-    void count_is_told_only_when_there_is_exactly_one_row_data();
-    void count_is_told_only_when_there_is_exactly_one_row();
+    void failing_write_is_rolled_back_and_rethrown();
+    void count_is_reported_only_when_there_is_exactly_one_row_data();
+    void count_is_reported_only_when_there_is_exactly_one_row();
 };
 
-void tst_StoreStatements::database_is_opened_with_these_values()
+void tst_StoreStatements::database_is_opened_with_the_expected_values()
 {
     Recorded recorded;
     recorded.store->perform("init");
@@ -107,7 +107,7 @@ void tst_StoreStatements::database_is_opened_with_these_values()
              QStringList{"open [\"Tandry\",\"\",\"Tandry widget storage\",500000]"});
 }
 
-void tst_StoreStatements::database_that_did_not_open_is_tried_again_at_the_next_use()
+void tst_StoreStatements::database_that_did_not_open_is_opened_at_the_next_use()
 {
     Recorded recorded;
     recorded.set("failing", "open");
@@ -122,7 +122,7 @@ void tst_StoreStatements::database_that_did_not_open_is_tried_again_at_the_next_
     QCOMPARE(recorded.takeJournal().filter(QRegularExpression("^(open|SELECT COUNT)")).count(), 2);
 }
 
-void tst_StoreStatements::file_held_by_another_process_is_waited_for_once_in_a_process_data()
+void tst_StoreStatements::each_process_waits_once_for_a_file_locked_by_another_data()
 {
     QTest::addColumn<int>("timeoutBefore");
     QTest::addColumn<QString>("wait");
@@ -130,7 +130,7 @@ void tst_StoreStatements::file_held_by_another_process_is_waited_for_once_in_a_p
     QTest::newRow("later window") << 1000 << "PRAGMA busy_timeout = 0";
 }
 
-void tst_StoreStatements::file_held_by_another_process_is_waited_for_once_in_a_process()
+void tst_StoreStatements::each_process_waits_once_for_a_file_locked_by_another()
 {
     QFETCH(int, timeoutBefore);
     QFETCH(QString, wait);
@@ -141,7 +141,7 @@ void tst_StoreStatements::file_held_by_another_process_is_waited_for_once_in_a_p
     QCOMPARE(recorded.takeJournal().filter("busy_timeout ="), (QStringList{wait, "PRAGMA busy_timeout = 1000"}));
 }
 
-void tst_StoreStatements::version_raised_by_another_process_meanwhile_drops_nothing()
+void tst_StoreStatements::version_upgraded_meanwhile_by_another_process_drops_nothing()
 {
     Recorded recorded;
     recorded.set("version", "");
@@ -151,7 +151,7 @@ void tst_StoreStatements::version_raised_by_another_process_meanwhile_drops_noth
              (QStringList{"DROP TABLE IF EXISTS `Patients`", "ROLLBACK"}));
 }
 
-void tst_StoreStatements::table_is_created_if_it_is_not_there()
+void tst_StoreStatements::table_is_created_if_it_does_not_exist()
 {
     Recorded recorded;
     recorded.store->perform("init");
@@ -167,7 +167,7 @@ void tst_StoreStatements::table_is_created_if_it_is_not_there()
                          "`notification_date` date DEFAULT \"\")"});
 }
 
-void tst_StoreStatements::version_is_changed_with_this_statement_data()
+void tst_StoreStatements::version_is_changed_with_the_expected_statement_data()
 {
     QTest::addColumn<QString>("version");
     QTest::addColumn<QStringList>("change");
@@ -180,7 +180,7 @@ void tst_StoreStatements::version_is_changed_with_this_statement_data()
     QTest::newRow("unknown") << "9.9" << QStringList();
 }
 
-void tst_StoreStatements::version_is_changed_with_this_statement()
+void tst_StoreStatements::version_is_changed_with_the_expected_statement()
 {
     QFETCH(QString, version);
     Recorded recorded;
@@ -189,7 +189,7 @@ void tst_StoreStatements::version_is_changed_with_this_statement()
     QTEST(recorded.takeJournal().filter(QRegularExpression("^(change|DROP)")), "change");
 }
 
-void tst_StoreStatements::reads_are_these_statements_in_one_transaction_data()
+void tst_StoreStatements::reads_run_the_expected_statements_in_one_transaction_data()
 {
     QTest::addColumn<QString>("operation");
     QTest::addColumn<QJsonArray>("values");
@@ -210,7 +210,7 @@ void tst_StoreStatements::reads_are_these_statements_in_one_transaction_data()
                                           + waitingCondition + " ORDER BY name"};
 }
 
-void tst_StoreStatements::reads_are_these_statements_in_one_transaction()
+void tst_StoreStatements::reads_run_the_expected_statements_in_one_transaction()
 {
     QFETCH(QString, operation);
     QFETCH(QJsonArray, values);
@@ -218,7 +218,7 @@ void tst_StoreStatements::reads_are_these_statements_in_one_transaction()
     QCOMPARE(Recorded().journalOf(operation, values), QStringList{"transaction"} + statements + QStringList{"end"});
 }
 
-void tst_StoreStatements::writes_are_these_statements_in_one_transaction_data()
+void tst_StoreStatements::writes_run_the_expected_statement_in_one_transaction_data()
 {
     QTest::addColumn<QString>("operation");
     QTest::addColumn<QJsonArray>("values");
@@ -247,7 +247,7 @@ void tst_StoreStatements::writes_are_these_statements_in_one_transaction_data()
         << "DELETE FROM `Patients` WHERE id = ? OR id = ? OR id = ? OR id = ? [9,3,5,1]";
 }
 
-void tst_StoreStatements::writes_are_these_statements_in_one_transaction()
+void tst_StoreStatements::writes_run_the_expected_statement_in_one_transaction()
 {
     QFETCH(QString, operation);
     QFETCH(QJsonArray, values);
@@ -256,7 +256,7 @@ void tst_StoreStatements::writes_are_these_statements_in_one_transaction()
     QCOMPARE(Recorded().journalOf(operation, values), (QStringList{"transaction", statement, "COMMIT", "end"}));
 }
 
-void tst_StoreStatements::empty_list_asks_for_nothing()
+void tst_StoreStatements::empty_list_runs_no_statement()
 {
     QCOMPARE(Recorded().journalOf("removeList", {QJsonValue(QJsonArray())}), QStringList());
 }
@@ -272,7 +272,7 @@ void tst_StoreStatements::write_is_committed_before_its_callback_and_inside_its_
     QCOMPARE(steps, (QStringList{"transaction", "UPDATE", "COMMIT", "transaction", "SELECT", "end", "end"}));
 }
 
-void tst_StoreStatements::failing_write_is_rolled_back_and_thrown_on()
+void tst_StoreStatements::failing_write_is_rolled_back_and_rethrown()
 {
     for (const char *failing : {"DELETE", "COMMIT"}) {
         Recorded recorded;
@@ -285,7 +285,7 @@ void tst_StoreStatements::failing_write_is_rolled_back_and_thrown_on()
     }
 }
 
-void tst_StoreStatements::count_is_told_only_when_there_is_exactly_one_row_data()
+void tst_StoreStatements::count_is_reported_only_when_there_is_exactly_one_row_data()
 {
     QTest::addColumn<QVariantList>("rows");
     QTest::addColumn<int>("calls");
@@ -295,7 +295,7 @@ void tst_StoreStatements::count_is_told_only_when_there_is_exactly_one_row_data(
     QTest::newRow("two") << QVariantList{row, row} << 0;
 }
 
-void tst_StoreStatements::count_is_told_only_when_there_is_exactly_one_row()
+void tst_StoreStatements::count_is_reported_only_when_there_is_exactly_one_row()
 {
     QFETCH(QVariantList, rows);
     QFETCH(int, calls);

@@ -7,7 +7,7 @@ namespace {
 
 const char *const noonOfTwelfthMay = "2014-05-12 12:00:00";
 
-/// A whole patient, with a reminder that insert replaces and update keeps.
+/// A complete patient, with a reminder that insert replaces and update keeps.
 const QJsonObject marie{{"genderMale", false},
                         {"name", "DUPONT Marie"},
                         {"phone", "01 02 03 04 05"},
@@ -63,28 +63,28 @@ class tst_StoreWriting : public QObject
     Q_OBJECT
 
 private slots:
-    void insert_hands_over_the_id_of_the_new_row();
+    void insert_passes_the_id_of_the_new_row();
     void insert_makes_the_patient_wait_at_once();
-    void insert_of_nothing_stores_the_defaults();
-    void insert_does_without_a_callback();
+    void insert_of_an_empty_object_stores_the_defaults();
+    void insert_works_without_a_callback();
     void insert_and_update_log_their_call();
 
     void known_keys_have_their_defaults_data();
     void known_keys_have_their_defaults();
     void unknown_keys_are_dropped();
-    void data_handed_in_are_left_alone();
+    void passed_data_are_not_changed();
     void flags_are_stored_as_integers();
 
     void update_of_an_unknown_id_calls_back_and_stores_nothing();
-    void update_does_without_a_callback();
-    void reading_again_inside_a_callback_sees_what_was_stored();
-    void counting_elsewhere_inside_a_callback_sees_what_was_stored();
+    void update_works_without_a_callback();
+    void reading_inside_a_callback_sees_the_stored_data();
+    void counting_in_another_document_inside_a_callback_sees_the_stored_data();
 
-    void names_come_back_as_typed_data();
-    void names_come_back_as_typed();
+    void names_are_stored_as_typed_data();
+    void names_are_stored_as_typed();
 };
 
-void tst_StoreWriting::insert_hands_over_the_id_of_the_new_row()
+void tst_StoreWriting::insert_passes_the_id_of_the_new_row()
 {
     Practice practice;
     practice.file.run({"INSERT INTO Patients (id, name) VALUES (41, 'Adu')"});
@@ -103,7 +103,7 @@ void tst_StoreWriting::insert_makes_the_patient_wait_at_once()
     QCOMPARE(practice.store.perform("getWaitingNumber").answer(), count(1));
 }
 
-void tst_StoreWriting::insert_of_nothing_stores_the_defaults()
+void tst_StoreWriting::insert_of_an_empty_object_stores_the_defaults()
 {
     PracticeAt practice(noonOfTwelfthMay);
     practice.store.insert({});
@@ -111,7 +111,7 @@ void tst_StoreWriting::insert_of_nothing_stores_the_defaults()
     QCOMPARE(practice.store.get(1)["created_format"], QJsonValue(""));
 }
 
-void tst_StoreWriting::insert_does_without_a_callback()
+void tst_StoreWriting::insert_works_without_a_callback()
 {
     Practice practice;
     QCOMPARE(practice.store.performWithoutCallback("insert", {marie}).thrown, QString());
@@ -163,7 +163,7 @@ void tst_StoreWriting::known_keys_have_their_defaults()
     QCOMPARE(secured("{KEY: null}"), fallback);
     QCOMPARE(secured("{KEY: undefined}"), fallback);
     QCOMPARE(secured("{KEY: 'given'}"), QJsonValue("given"));
-    // What is false but there is kept.
+    // Falsy values that are present stay.
     QCOMPARE(secured("{KEY: 0}"), QJsonValue(0));
     QCOMPARE(secured("{KEY: false}"), QJsonValue(false));
     QCOMPARE(secured("{KEY: ''}"), QJsonValue(""));
@@ -182,7 +182,7 @@ void tst_StoreWriting::unknown_keys_are_dropped()
     QCOMPARE(practice.store.insert(with(marie, "waiting", 1)), 1);
 }
 
-void tst_StoreWriting::data_handed_in_are_left_alone()
+void tst_StoreWriting::passed_data_are_not_changed()
 {
     Practice practice;
     QCOMPARE(practice.store.evaluate("var data = {id: 1, last: 'rdv3', other: null};"
@@ -211,7 +211,7 @@ void tst_StoreWriting::update_of_an_unknown_id_calls_back_and_stores_nothing()
     QCOMPARE(practice.file.rows("SELECT id, name FROM Patients"), only(QJsonArray{1, "Patient 1"}));
 }
 
-void tst_StoreWriting::update_does_without_a_callback()
+void tst_StoreWriting::update_works_without_a_callback()
 {
     Practice practice;
     fill(practice, 1);
@@ -219,7 +219,7 @@ void tst_StoreWriting::update_does_without_a_callback()
     QCOMPARE(practice.file.value("SELECT name FROM Patients"), QJsonValue("DUPONT Marie"));
 }
 
-void tst_StoreWriting::reading_again_inside_a_callback_sees_what_was_stored()
+void tst_StoreWriting::reading_inside_a_callback_sees_the_stored_data()
 {
     Practice practice;
     practice.store.insertNamed("Adu");
@@ -228,11 +228,11 @@ void tst_StoreWriting::reading_again_inside_a_callback_sees_what_was_stored()
                                      "}); name"),
              QJsonValue("Dupont"));
     QCOMPARE(practice.file.value("SELECT name FROM Patients"), QJsonValue("Dupont"));
-    // The transaction of the reading ended the one around it: the next ones begin anew.
+    // The nested read ended the outer transaction: the next operations begin a new one.
     QCOMPARE(practice.store.insertNamed("Durand"), 2);
 }
 
-void tst_StoreWriting::counting_elsewhere_inside_a_callback_sees_what_was_stored()
+void tst_StoreWriting::counting_in_another_document_inside_a_callback_sees_the_stored_data()
 {
     Practice practice;
     StoreDocument other(&practice.engine);
@@ -245,7 +245,7 @@ void tst_StoreWriting::counting_elsewhere_inside_a_callback_sees_what_was_stored
     QCOMPARE(ids(practice), QString("1"));
 }
 
-void tst_StoreWriting::names_come_back_as_typed_data()
+void tst_StoreWriting::names_are_stored_as_typed_data()
 {
     QTest::addColumn<QString>("name");
     QTest::newRow("empty") << "";
@@ -266,7 +266,7 @@ void tst_StoreWriting::names_come_back_as_typed_data()
     QTest::newRow("10000 characters") << QString("Dupont-Éli").repeated(1000);
 }
 
-void tst_StoreWriting::names_come_back_as_typed()
+void tst_StoreWriting::names_are_stored_as_typed()
 {
     QFETCH(QString, name);
     Practice practice;

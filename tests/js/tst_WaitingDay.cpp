@@ -8,27 +8,27 @@ class tst_WaitingDay : public QObject
     Q_OBJECT
 
 private slots:
-    void waiting_goes_by_the_day_in_greenwich_data();
-    void waiting_goes_by_the_day_in_greenwich();
-    void new_patient_just_after_a_midnight_in_paris_waits_only_later();
+    void waiting_depends_on_the_date_in_utc_data();
+    void waiting_depends_on_the_date_in_utc();
+    void new_patient_just_after_midnight_in_paris_waits_only_from_midnight_utc();
 };
 
-void tst_WaitingDay::waiting_goes_by_the_day_in_greenwich_data()
+void tst_WaitingDay::waiting_depends_on_the_date_in_utc_data()
 {
     QTest::addColumn<QByteArray>("zone");
     QTest::addColumn<QByteArray>("now");
     QTest::addColumn<int>("waiting");
     const QByteArray paris = "Europe/Paris";
     const QByteArray newYork = "America/New_York";
-    QTest::newRow("Paris, still yesterday there in summer") << paris << QByteArray("2014-05-12 01:59:59") << 0;
-    QTest::newRow("Paris, today there too") << paris << QByteArray("2014-05-12 02:00:00") << 1;
+    QTest::newRow("Paris, still yesterday in UTC") << paris << QByteArray("2014-05-12 01:59:59") << 0;
+    QTest::newRow("Paris, the same day in UTC") << paris << QByteArray("2014-05-12 02:00:00") << 1;
     QTest::newRow("Paris, the evening before") << paris << QByteArray("2014-05-11 23:59:59") << 0;
-    QTest::newRow("New York, already tomorrow there") << newYork << QByteArray("2014-05-11 20:00:00") << 1;
+    QTest::newRow("New York, already tomorrow in UTC") << newYork << QByteArray("2014-05-11 20:00:00") << 1;
     QTest::newRow("New York, late") << newYork << QByteArray("2014-05-11 23:30:00") << 1;
     QTest::newRow("New York, not yet") << newYork << QByteArray("2014-05-11 19:59:59") << 0;
 }
 
-void tst_WaitingDay::waiting_goes_by_the_day_in_greenwich()
+void tst_WaitingDay::waiting_depends_on_the_date_in_utc()
 {
     QFETCH(QByteArray, zone);
     QFETCH(QByteArray, now);
@@ -40,7 +40,7 @@ void tst_WaitingDay::waiting_goes_by_the_day_in_greenwich()
     QCOMPARE(practice.store.perform("selectWaiting").answer().toArray().count(), waiting);
 }
 
-void tst_WaitingDay::new_patient_just_after_a_midnight_in_paris_waits_only_later()
+void tst_WaitingDay::new_patient_just_after_midnight_in_paris_waits_only_from_midnight_utc()
 {
     PracticeAt practice("2014-01-12 00:30:00");
     practice.store.insertNamed("Dupont");

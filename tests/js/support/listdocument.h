@@ -7,7 +7,7 @@
 #include <QScopedPointer>
 #include <QStringList>
 
-/// A document that imports one of the list scripts, whose functions are called by name.
+/// A document that imports one of the list scripts; the tests call its functions by name.
 class ListDocument
 {
 public:

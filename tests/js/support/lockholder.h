@@ -3,14 +3,14 @@
 #include <QProcess>
 #include <QtTest>
 
-/// A second process that holds the database in the way of a statement, until released.
+/// A second process that locks the database until it is released.
 class LockHolder
 {
 public:
     enum Lock {
-        Reading, ///< In the midst of a read: everybody may read and nobody commit.
-        Writing, ///< In the midst of a write: everybody may read and nobody else write.
-        Alone ///< Nobody else may even read.
+        Reading, ///< During a read: others can read but not commit.
+        Writing, ///< During a write: others can read but not write.
+        Alone ///< Exclusive: others can neither read nor write.
     };
 
     LockHolder(const QString &path, Lock lock)
@@ -28,7 +28,7 @@ public:
         while (!m_process.canReadLine() && m_process.waitForReadyRead()) { }
         const QByteArray said = m_process.readAllStandardOutput();
         if (said != "held\n") {
-            QTest::qFail("The second process does not hold the database: " + said + m_process.readAllStandardError()
+            QTest::qFail("The second process could not lock the database: " + said + m_process.readAllStandardError()
                              + m_process.errorString().toUtf8(),
                          __FILE__, __LINE__);
         }

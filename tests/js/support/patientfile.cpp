@@ -11,7 +11,7 @@
 
 namespace {
 
-/// A connection that lives as long as its object, so that nothing stays locked after it.
+/// A connection for the lifetime of this object: no lock remains after it.
 class Connection
 {
 public:
@@ -36,7 +36,7 @@ private:
     Q_DISABLE_COPY(Connection)
 };
 
-/// The module names its files and its connection after the digest of the database's name.
+/// The storage module names its files and its connection after the hash of the database's name.
 const char *const fileName = "d227857cb3a319b4c10c731fbbdb9196";
 
 } // namespace

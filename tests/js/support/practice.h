@@ -4,7 +4,7 @@
 #include "storedocument.h"
 #include "testclock.h"
 
-/// A practice on its first day: an empty patient file and one document whose store is opened.
+/// A new practice: an empty patient database and one document with an open store.
 struct Practice
 {
     Practice() { store.perform("init"); }
@@ -14,7 +14,7 @@ struct Practice
     StoreDocument store{&engine};
 };
 
-/// The same under a stopped clock, which `moveTo` moves on.
+/// The same with a stopped clock; `moveTo` sets the time.
 struct PracticeAt : TestClock, Practice
 {
     explicit PracticeAt(const QByteArray &localTime, const QByteArray &zone = "Europe/Paris")

@@ -39,7 +39,7 @@ StoreCall StoreDocument::call(const QString &operation, const QJsonArray &values
     if (call["late"].toInt() != 0)
         QTest::qFail("A callback was called after the operation had returned", __FILE__, __LINE__);
     if (!call["returnedNothing"].toBool())
-        QTest::qFail("An operation returned something", __FILE__, __LINE__);
+        QTest::qFail("An operation returned a value", __FILE__, __LINE__);
     return {call["answers"].toArray(), call["thrown"].toString()};
 }
 
@@ -57,7 +57,7 @@ void StoreDocument::setNeighbour(const StoreDocument &other)
 
 int StoreDocument::insert(const QJsonObject &data)
 {
-    // The module hands the id over as text.
+    // The storage module returns the id as text.
     return perform("insert", {data}).answer().toString().toInt();
 }
 

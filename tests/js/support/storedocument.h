@@ -7,21 +7,21 @@
 
 class QQmlEngine;
 
-/// What one operation of the store did.
+/// The results of one operation of the store.
 struct StoreCall
 {
-    /// The arguments of each call of its callback, all made before the operation returned.
+    /// The arguments of each call of its callback; all calls came before the operation returned.
     QJsonArray answers;
-    /// The message of what it threw; empty when it threw nothing.
+    /// The message of the error that it threw; empty when it threw none.
     QString thrown;
 
-    /// No callback and no error.
+    /// True without a callback and without an error.
     bool isSilent() const { return answers.isEmpty() && thrown.isEmpty(); }
-    /// The one argument of the one call; undefined when it was not so.
+    /// The only argument of the only call; undefined otherwise.
     QJsonValue answer() const;
 };
 
-/// A document that imports the store, and so has a store instance of its own.
+/// A document that imports the store and therefore has its own instance of it.
 class StoreDocument
 {
 public:
@@ -32,10 +32,10 @@ public:
     StoreCall perform(const QString &operation, const QJsonArray &values = {});
     /// Calls Bdd.operation(values...).
     StoreCall performWithoutCallback(const QString &operation, const QJsonArray &values = {});
-    /// The value of some lines of script that see `Bdd` and `root`; an object with a text `thrown` when they throw.
+    /// The value of a piece of script with access to `Bdd` and `root`; an object with a string `thrown` when it throws.
     QJsonValue evaluate(const QString &code);
 
-    /// What scripts reach as `root.neighbour` from now on.
+    /// Sets the value of `root.neighbour` for scripts.
     void setNeighbour(const StoreDocument &other);
 
     /// The id of the new patient as a number; 0 when it was not stored.

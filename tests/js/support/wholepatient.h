@@ -3,7 +3,7 @@
 #include <QJsonObject>
 #include <QString>
 
-/// A patient with a value or a NULL in every column, who is reminded of on that day.
+/// The statement that inserts a patient with a value or NULL in every column and that reminder.
 inline QString insertWholePatient(const char *notificationDate)
 {
     return QString("INSERT INTO Patients VALUES (7, 1, 'Dupont', NULL, '2014-04-10', 1, '2014-04-11', 0, '', 1, "
@@ -11,7 +11,7 @@ inline QString insertWholePatient(const char *notificationDate)
         .arg(notificationDate);
 }
 
-/// What the documents get of that patient.
+/// The record of that patient as the documents receive it.
 inline QJsonObject wholeRecord(const char *notificationDate, int waiting)
 {
     return {{"id", 7},

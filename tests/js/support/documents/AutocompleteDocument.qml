@@ -3,7 +3,7 @@ import QtQml.Models 2.12
 import "qrc:/js/AutocompleteLogic.js" as AutocompleteLogic
 import "qrc:/js/Bdd.js" as Bdd
 
-// What the search bar gives its script: a model and a store.
+// The environment that the search bar provides for its script: a model and a store.
 QtObject {
     property ListModel rows: ListModel { id: model }
 

@@ -1,14 +1,14 @@
 import QtQml 2.12
 import QtQuick.LocalStorage 2.0
 
-// Reaches the storage that the store of the same engine uses.
+// Gives access to the storage that the store of the same engine uses.
 QtObject {
     property string version: "1.3"
     property string failing
     property var nextVersion
     property var rows: []
 
-    /// The journal since it was last taken.
+    /// The journal since the last call.
     function takeJournal() {
         var journal = LocalStorage.journal;
 

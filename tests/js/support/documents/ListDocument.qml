@@ -3,16 +3,16 @@ import QtQml.Models 2.12
 import "qrc:/js/Bdd.js" as Bdd
 import "qrc:/js/ListLogic.js" as ListLogic
 
-// What the list popup gives its script: a model, a root, the box in the header and a store.
+// The environment that the list popup provides for its script: a model, a root, the header's box and a store.
 QtObject {
     id: root
 
     property int number: -1
     property var printModel
-    /// The rows that were shown when printModel came.
+    /// The rows that were shown when printModel was set.
     property int shownBeforePrintable: -1
     property bool headerTicked: checkboxAll.checked
-    /// The root's signals in their order, each with its values.
+    /// The root's signals in order, each with its arguments.
     property var raised: []
 
     property ListModel rows: ListModel { id: model }
@@ -33,7 +33,7 @@ QtObject {
         checkboxAll.checked = state;
     }
 
-    /// ListLogic.operation(values...), or what it threw.
+    /// The result of ListLogic.operation(values...), or the error that it threw.
     function perform(operation, values) {
         try {
             ListLogic[operation].apply(ListLogic, JSON.parse(values));

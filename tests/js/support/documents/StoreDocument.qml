@@ -1,14 +1,14 @@
 import QtQml 2.12
 import "qrc:/js/Bdd.js" as Bdd
 
-// A document with a store of its own. Everything goes in and out as JSON, which keeps numbers, texts and null apart.
+// A document with its own store. Values are passed as JSON, which distinguishes numbers, strings and null.
 QtObject {
     id: root
 
     property QtObject neighbour
 
-    /// Calls an operation with a callback after its values: how often and with what the callback was called before the
-    /// operation returned and after it, what was returned and what was thrown.
+    /// Calls an operation with its values and a callback. Returns the arguments of each call of the callback, before
+    /// and after the return of the operation, its return value and its error.
     function perform(operation, values, withCallback) {
         var call = { answers: [], late: 0, returnedNothing: true, thrown: "" };
         var running = true;
@@ -32,7 +32,7 @@ QtObject {
         return JSON.stringify(call);
     }
 
-    /// The value of some lines of script that see the store, or {thrown: message}.
+    /// The value of a piece of script that has access to the store, or {thrown: message}.
     function evaluate(code) {
         try {
             return JSON.stringify(eval(code));

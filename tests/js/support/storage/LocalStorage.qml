@@ -1,17 +1,17 @@
 pragma Singleton
 import QtQml 2.12
 
-// Stands in for the storage module: writes down what the store asks of it, and answers every query with `rows`.
+// Replaces the storage module: records the calls of the store and answers every query with `rows`.
 QtObject {
     id: root
 
     property var journal: []
     property int openings: 0
     property string version: "1.3"
-    /// The version that later openings find; undefined for the same.
+    /// The version that later openings find; undefined if it does not change.
     property var nextVersion
     property var rows: []
-    /// A statement that begins with this text fails, when there is a text; "open" is for the opening.
+    /// If not empty, statements that begin with this text fail; "open" makes the opening fail.
     property string failing
 
     function write(line) {
