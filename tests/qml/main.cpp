@@ -6,8 +6,8 @@
 #include <QQmlEngine>
 #include <QtQuickTest>
 
-/// Gives the tests' engine what the program gives its own, and the tests' native helper. The store of the engine lies
-/// in the test's own home, so every test file starts without a patient.
+/// Sets up the tests' engine like the program's, and adds the native helper. The engine's store is in the test's home:
+/// every test file starts without patients.
 class Setup : public QObject
 {
     Q_OBJECT
@@ -23,10 +23,10 @@ public slots:
 int main(int argc, char **argv)
 {
     TestHome home;
-    // As the program does, so that a text is as wide here as it is for the user.
+    // The program's resolution: texts are as wide as they are for the user.
     if (!qEnvironmentVariableIsSet("QT_FONT_DPI"))
         qputenv("QT_FONT_DPI", "72");
-    // Of the program's own kind: the controls look for their style by it.
+    // A QApplication like the program's: the controls choose their style by it.
     QApplication application(argc, argv);
     application.setApplicationName("documents");
     Setup setup;

@@ -7,7 +7,7 @@ Item {
     width: 820
     height: 670
 
-    // What the mouse does by a click, the keyboard and an assistive tool do as well, everywhere, and it is told once.
+    // Every control reacts to a click, the keyboard and assistive technology, and signals each activation once.
     DocumentTestCase {
         name: "Activation"
         stage: desk
@@ -18,7 +18,7 @@ Item {
         readonly property string gate: "Si la consultation continue, cliquez ici"
         readonly property var row: ({ iid: "7", iname: "A" })
 
-        // document, its properties, control, signal, address opened, role if it is no button
+        // document, its properties, control, signal, opened address, role if not a button
         function controlTable() {
             return [
                 ["ActionButton", { text: "Enregistrer", width: 138 }, "Enregistrer", "clicked"],
@@ -49,7 +49,7 @@ Item {
             ];
         }
 
-        function test_each_way_is_told_once_data() {
+        function test_each_way_of_activation_signals_once_data() {
             var ways = [{ tag: "mouse" }, { tag: "Return", key: Qt.Key_Return }, { tag: "Enter", key: Qt.Key_Enter },
                         { tag: "Space", key: Qt.Key_Space }, { tag: "press action", press: true }];
 
@@ -61,7 +61,7 @@ Item {
             }, []);
         }
 
-        function test_each_way_is_told_once(data) {
+        function test_each_way_of_activation_signals_once(data) {
             var document = load(data.control[0], data.control[1]);
             var told = data.control[3] === "" ? null : spy(document, data.control[3]);
             var control = named(document, data.control[2]);
@@ -75,7 +75,7 @@ Item {
             compare(Native.takeOpenedAddresses(), data.control[4] ? [data.control[4]] : []);
         }
 
-        function test_a_click_may_take_its_time() {
+        function test_a_slow_click_is_still_a_click() {
             var button = load("ActionButton", { text: "Enregistrer", width: 138 });
             var clicked = spy(button, "clicked");
             var area = only(where(button, function (each) { return each.pressAndHoldInterval !== undefined; }), "area");
@@ -88,11 +88,11 @@ Item {
             compare(clicked.count, 1);
         }
 
-        function test_a_disabled_button_tells_nothing_data() {
-            return test_each_way_is_told_once_data().slice(0, 5);
+        function test_a_disabled_button_does_not_signal_data() {
+            return test_each_way_of_activation_signals_once_data().slice(0, 5);
         }
 
-        function test_a_disabled_button_tells_nothing(data) {
+        function test_a_disabled_button_does_not_signal(data) {
             var button = load("ActionButton", { text: "Enregistrer", width: 138, disabled: true });
             var clicked = spy(button, "clicked");
 

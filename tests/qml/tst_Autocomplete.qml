@@ -33,7 +33,7 @@ Item {
             return list;
         }
 
-        function test_active_and_has_results_data() {
+        function test_active_and_has_results_follow_the_text_data() {
             return [
                 { tag: "nothing typed", text: "", active: false, hasResults: false },
                 { tag: "match", text: "d", active: true, hasResults: true },
@@ -41,7 +41,7 @@ Item {
             ];
         }
 
-        function test_active_and_has_results(data) {
+        function test_active_and_has_results_follow_the_text(data) {
             var item;
 
             givenPatients([{ name: "Dupont" }]);
@@ -51,7 +51,7 @@ Item {
             compare(item.hasResults, data.hasResults);
         }
 
-        function test_each_keystroke_and_the_clearing_tell_changed() {
+        function test_each_keystroke_and_clearing_signal_changed() {
             var item;
             var changed;
 
@@ -73,7 +73,7 @@ Item {
             compare(names(item), []);
         }
 
-        function test_the_model_is_filled_before_changed_is_told() {
+        function test_the_model_is_filled_before_changed_is_signalled() {
             var item;
             var seen = -1;
 
@@ -84,7 +84,7 @@ Item {
             compare(seen, 1);
         }
 
-        function test_reset_empties_the_text_and_takes_the_keyboard() {
+        function test_reset_clears_the_text_and_takes_the_focus() {
             var item = bar();
 
             item.text = "d";
@@ -94,7 +94,7 @@ Item {
             verify(field(item).activeFocus);
         }
 
-        function test_clicked_is_never_told() {
+        function test_clicked_is_never_signalled() {
             var item = bar();
             var clicked = spy(item, "clicked");
 
@@ -106,8 +106,8 @@ Item {
             compare(clicked.count, 0);
         }
 
-        // Couper, Copier, Coller, Tout sélectionner: what a right click offers, and what it does.
-        function test_the_field_has_a_menu() {
+        // Couper, Copier, Coller, Tout sélectionner: the items of the context menu and their effects.
+        function test_a_right_click_on_the_field_opens_its_menu() {
             var item = bar();
             var input = field(item);
             var choose = function (number, enabled) {

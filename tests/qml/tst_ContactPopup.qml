@@ -22,7 +22,7 @@ Item {
             compare(Native.takeOpenedAddresses(), []);
         }
 
-        function test_a_press_on_the_header_drags_at_once_data() {
+        function test_a_press_on_the_header_starts_dragging_at_once_data() {
             return [
                 { tag: "left edge", x: 1, y: 1, drags: 1 },
                 { tag: "title", x: 90, y: 28, drags: 1 },
@@ -33,7 +33,7 @@ Item {
             ];
         }
 
-        function test_a_press_on_the_header_drags_at_once(data) {
+        function test_a_press_on_the_header_starts_dragging_at_once(data) {
             var popup = load("ContactPopup");
             var dragged = spy(popup, "enableDragging");
 

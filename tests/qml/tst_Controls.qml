@@ -12,7 +12,7 @@ Item {
         id: group
     }
 
-    // The small controls, each alone, beyond how they look (tst_Looks) and answer (tst_Activation).
+    // The small controls, each alone. Their look is in tst_Looks, their activation in tst_Activation.
     DocumentTestCase {
         name: "Controls"
         stage: desk
@@ -35,7 +35,7 @@ Item {
             return made;
         }
 
-        function test_disabled_under_the_mouse_goes_grey_and_comes_back() {
+        function test_a_button_disabled_under_the_mouse_turns_grey_and_recovers() {
             var item = button();
 
             hover(item);
@@ -46,7 +46,7 @@ Item {
             tryVerify(function () { return item.color.toString() !== "#a9a9a9"; });
         }
 
-        function test_tab_passes_over_a_disabled_button() {
+        function test_tab_skips_a_disabled_button() {
             var controls = [button(), button({ disabled: true, y: 50 }), button({ y: 100 })].map(function (item) {
                 return named(item, "Enregistrer");
             });
@@ -56,11 +56,11 @@ Item {
             verify(hasFocus(controls[2]));
         }
 
-        function test_what_is_hidden_shuts_over_an_animation_data() {
+        function test_hidden_parts_collapse_with_an_animation_data() {
             return [{ tag: "StepButton" }, { tag: "SMSSend" }];
         }
 
-        function test_what_is_hidden_shuts_over_an_animation(data) {
+        function test_hidden_parts_collapse_with_an_animation(data) {
             var item = load(data.tag);
 
             item.displayed = false;
@@ -75,12 +75,12 @@ Item {
             tryCompare(item, "height", 38);
         }
 
-        function test_a_gate_is_named_without_its_markup() {
+        function test_the_accessible_name_of_a_gate_has_no_markup() {
             named(load("StepButton", { text: "Si la 1<sup>ère</sup> prise,<br/>cliquez ici" }),
                   "Si la 1ère prise, cliquez ici");
         }
 
-        function test_a_shutting_sms_bar_keeps_its_text_in_its_middle() {
+        function test_a_collapsing_sms_bar_keeps_its_text_centred() {
             var item = load("SMSSend");
             var text = textItem(item, "Envoyer le SMS de rappel");
 
@@ -90,11 +90,11 @@ Item {
             fuzzyCompare(text.x + text.width / 2, 137.5, 0.51);
         }
 
-        function test_a_right_click_is_not_told_data() {
+        function test_a_right_click_does_not_signal_data() {
             return [{ tag: "SMSSend" }, { tag: "PatientsItem" }, { tag: "StepButton" }];
         }
 
-        function test_a_right_click_is_not_told(data) {
+        function test_a_right_click_does_not_signal(data) {
             var item = load(data.tag, { width: 275 });
             var clicked = spy(item, "clicked");
 
@@ -103,7 +103,7 @@ Item {
             compare(Native.takeOpenedAddresses(), []);
         }
 
-        function test_a_row_shows_its_focus_ring_only_with_the_keyboard() {
+        function test_a_row_shows_its_focus_ring_only_while_focused() {
             var item = load("PatientsItem", { text: "DUPONT Marie", width: 275 });
             var ring = part(item, "type FocusRing");
 
@@ -115,7 +115,7 @@ Item {
             named(item, "DUPONT Marie (3)");
         }
 
-        function test_back_changes_nothing_and_gender_toggles_each_time() {
+        function test_back_changes_no_property_and_gender_toggles_at_each_click() {
             var item = load("NameStatus", { name: "DUPONT", genderMale: false });
 
             item.width = 275;
@@ -127,7 +127,7 @@ Item {
             compare(item.genderMale, false);
         }
 
-        function test_name_is_what_is_typed() {
+        function test_name_follows_the_typed_text() {
             var item = load("NameStatus", { width: 275 });
 
             item.focus();
@@ -148,7 +148,7 @@ Item {
             compare(look(item, child, "top"), 9);
         }
 
-        function test_number_of_the_badge_keeps_its_size() {
+        function test_the_number_of_the_badge_does_not_change_its_size() {
             var badge = load("list/WaitingBadge", { number: 7 });
             var text = textItem(badge, "7");
             var height = text.contentHeight;

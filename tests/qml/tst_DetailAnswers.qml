@@ -12,7 +12,7 @@ Item {
         stage: desk
         when: windowShown
 
-        // Every step answered "Oui" on a day of its own.
+        // Every step answered "Oui", each on a different day.
         readonly property var answered: ({
             test: 1, test_date: "2014-05-01", rdv1: 1, date1: "2014-05-02", confirmation: 1,
             confirmation_date: "2014-05-03", rdv2: 1, date2: "2014-05-04", rdv3: 1, date3: "2014-05-05"
@@ -26,7 +26,7 @@ Item {
             return keys.map(function (name) { return record[name]; });
         }
 
-        function test_build_data_of_an_answer_data() {
+        function test_build_data_of_a_new_answer_has_todays_date_and_no_later_ones_data() {
             return [
                 { tag: "test", dates: [today(), "", "", "", ""] },
                 { tag: "rdv1", dates: ["2014-05-01", today(), "", "", ""] },
@@ -36,7 +36,7 @@ Item {
             ];
         }
 
-        function test_build_data_of_an_answer(data) {
+        function test_build_data_of_a_new_answer_has_todays_date_and_no_later_ones(data) {
             var built;
 
             openPatient(answered);
@@ -54,7 +54,7 @@ Item {
             compare(flagsOf(detail.buildData("test")), [false, true, false, false, false]);
         }
 
-        function test_build_data_of_an_unchanged_answer_data() {
+        function test_build_data_of_an_unchanged_answer_has_its_stored_date_data() {
             return [
                 { tag: "test", dates: ["2014-05-01", "", "", "", ""] },
                 { tag: "rdv2", dates: ["2014-05-01", "2014-05-02", "2014-05-03", "2014-05-04", ""] },
@@ -62,7 +62,7 @@ Item {
             ];
         }
 
-        function test_build_data_of_an_unchanged_answer(data) {
+        function test_build_data_of_an_unchanged_answer_has_its_stored_date(data) {
             var built;
 
             openPatient(answered);
@@ -72,7 +72,7 @@ Item {
             compare(built.last, "");
         }
 
-        function test_build_data_without_a_step() {
+        function test_build_data_without_a_step_has_the_fields_and_all_dates() {
             var built;
 
             openPatient(answered);
@@ -127,14 +127,14 @@ Item {
             compare(stored(1).notification_date.substr(0, 4), data.year);
         }
 
-        function test_switching_stores_the_answer_now_ticked_data() {
+        function test_switching_stores_the_new_answer_data() {
             return [
                 { tag: "Oui to Non", from: 1, text: "Non", flag: 0 },
                 { tag: "Non to Oui", from: 0, text: "Oui", flag: 1 }
             ];
         }
 
-        function test_switching_stores_the_answer_now_ticked(data) {
+        function test_switching_stores_the_new_answer(data) {
             var needRefresh = spy(detail, "needRefresh");
             var saves = 0;
 
@@ -178,7 +178,7 @@ Item {
             compare(question("rdv2").date, "");
         }
 
-        function test_an_answer_and_its_switch_go_on_working_one_after_another() {
+        function test_answers_can_be_given_and_switched_repeatedly() {
             openPatient();
             answer("test", "Oui");
             compare(stored(1).test, 1);
@@ -192,7 +192,7 @@ Item {
             compare(answers(), ["Oui", "", "Oui", "", ""]);
         }
 
-        function test_unticking_by_program_stores_a_no_of_today() {
+        function test_unticking_by_script_stores_no_with_todays_date() {
             openPatient({ test: 1, test_date: "2014-05-01" });
             question("test").yes.checked = false;
             compare([stored(1).test, stored(1).test_date], [0, today()]);
@@ -200,13 +200,13 @@ Item {
             compare(answerOf("test"), "Non");
         }
 
-        function test_an_answer_keeps_unsaved_fields_out_of_its_way() {
+        function test_questions_are_hidden_while_fields_are_edited() {
             openPatient();
             phone().text = "07";
             compare(question("test").displayed, false);
         }
 
-        function test_a_new_patient_can_be_answered_right_after_his_creation() {
+        function test_questions_can_be_answered_right_after_creating_a_patient() {
             givenPatients([]);
             detail.load("", "Nouveau");
             rest();

@@ -8,7 +8,7 @@ Item {
     width: 400
     height: 820
 
-    // While another program holds the database file.
+    // Errors while another program locks the database file, and for deleted patients.
     EditorTestCase {
         name: "DetailErrors"
         stage: desk
@@ -17,7 +17,7 @@ Item {
         readonly property string locked: "database is locked"
 
         function locks() {
-            return [{ tag: "read by another", kind: "read" }, { tag: "held by another", kind: "exclusive" }];
+            return [{ tag: "read by another", kind: "read" }, { tag: "locked by another", kind: "exclusive" }];
         }
 
         function lock(data) {
@@ -26,18 +26,18 @@ Item {
             verify(Native.lockStore(data.kind));
         }
 
-        /// The documents' one connection gives up after 50 ms instead of a second.
+        /// The documents' shared connection gives up after 50 ms instead of a second.
         function beImpatient() {
             LocalStorage.openDatabaseSync("Tandry", "", "", 0).transaction(function (tx) {
                 tx.executeSql("PRAGMA busy_timeout = 50");
             });
         }
 
-        function test_an_answer_that_was_not_stored_is_not_shown_as_given_data() {
+        function test_an_answer_that_was_not_stored_is_not_shown_data() {
             return locks();
         }
 
-        function test_an_answer_that_was_not_stored_is_not_shown_as_given(data) {
+        function test_an_answer_that_was_not_stored_is_not_shown(data) {
             var needRefresh = spy(detail, "needRefresh");
 
             openPatient();
@@ -97,7 +97,7 @@ Item {
             compare(gates(), [true, true]);
         }
 
-        // The editor has not read the new record back, so it holds the name in its fields only.
+        // The editor has not read the new record back: the name is only in its fields.
         function test_a_failed_answer_right_after_a_creation_keeps_name_and_phone() {
             givenPatients([]);
             detail.load("", "Nouveau");
@@ -117,11 +117,11 @@ Item {
                     [{ name: "Nouveau", genderMale: 0, phone: "0699", test_date: today() }]);
         }
 
-        function test_a_failed_save_keeps_what_was_typed_and_the_button_data() {
+        function test_a_failed_save_keeps_the_typed_text_and_the_button_data() {
             return locks();
         }
 
-        function test_a_failed_save_keeps_what_was_typed_and_the_button(data) {
+        function test_a_failed_save_keeps_the_typed_text_and_the_button(data) {
             var needRefresh = spy(detail, "needRefresh");
 
             openPatient();
@@ -143,8 +143,8 @@ Item {
             compare(detail.state, "base");
         }
 
-        // Were the questions shown while nothing is loaded, an answer would show as given and be dropped.
-        function test_a_failed_cancel_stays_with_the_edits() {
+        // If the questions were shown without a loaded patient, an answer would appear as given but not be stored.
+        function test_a_failed_cancel_keeps_the_edits() {
             openPatient();
             phone().text = "07";
             rest();
@@ -160,7 +160,7 @@ Item {
             compare(detail.state, "base");
         }
 
-        function test_a_failed_creation_keeps_what_was_typed_and_the_button() {
+        function test_a_failed_creation_keeps_the_typed_text_and_the_button() {
             var needRefresh = spy(detail, "needRefresh");
 
             givenPatients([]);
@@ -178,7 +178,7 @@ Item {
             compare(Native.rows("SELECT name, phone FROM Patients"), [{ name: "Nouveau", phone: "0699" }]);
         }
 
-        /// What the callback of a save does after the commit fails once, as when another process takes the file then.
+        /// Makes the callback of the next save fail after the commit, as if another process had locked the file.
         function failNextReading() {
             var bar = nameBar;
 
@@ -191,7 +191,7 @@ Item {
             });
         }
 
-        function test_what_was_stored_and_not_read_back_is_shown_as_stored() {
+        function test_a_stored_answer_that_was_not_read_back_is_shown_as_stored() {
             var needRefresh = spy(detail, "needRefresh");
 
             openPatient({ test: 1, test_date: "2014-05-01" });
@@ -205,7 +205,7 @@ Item {
             compare(answerOf("test"), "Non");
         }
 
-        function test_fields_saved_after_an_unread_answer_keep_answer_and_reminder() {
+        function test_fields_saved_after_an_answer_that_was_not_read_back_keep_answer_and_reminder() {
             var reminder;
 
             openPatient({ confirmation: 1, test: 1, test_date: "2014-05-01" });
@@ -221,7 +221,7 @@ Item {
             compare(detail.unread, false);
         }
 
-        function test_an_answer_that_fails_after_an_unread_one_shows_the_stored_one() {
+        function test_an_answer_that_fails_after_one_that_was_not_read_back_shows_the_stored_one() {
             openPatient({ test: 1, test_date: "2014-05-01", created: "2014-04-10" });
             rest();
             failNextReading();
@@ -238,7 +238,7 @@ Item {
             Native.rows("DELETE FROM Patients");
         }
 
-        function test_an_answer_for_a_patient_who_is_gone_is_not_shown_as_given() {
+        function test_an_answer_for_a_deleted_patient_is_not_shown() {
             openPatient({ test: 1, test_date: "2014-05-01" });
             question("test").checked = true;
             rest();
@@ -249,7 +249,7 @@ Item {
             compare(answers(), ["", "", "", "", ""]);
         }
 
-        function test_what_is_not_loaded_takes_no_click_key_or_press() {
+        function test_an_editor_without_a_loaded_patient_ignores_clicks_keys_and_presses() {
             openPatient();
             removePatient();
             detail.load("99", "");
@@ -267,7 +267,7 @@ Item {
             compare(Native.accessible(Native.focusItem(detail)).name, "Retour");
         }
 
-        function test_fields_saved_for_a_patient_who_is_gone_after_an_unread_answer_are_refused() {
+        function test_fields_of_a_deleted_patient_are_not_saved_after_an_answer_that_was_not_read_back() {
             openPatient();
             failNextReading();
             answer("test", "Oui");
@@ -281,7 +281,7 @@ Item {
             compare(Native.rows("SELECT id FROM Patients").length, 0);
         }
 
-        function test_edits_dropped_for_a_patient_who_is_gone_show_no_answer() {
+        function test_cancelling_the_edits_of_a_deleted_patient_shows_no_answer() {
             openPatient({ test: 1, test_date: "2014-05-01" });
             phone().text = "0699";
             rest();
@@ -291,7 +291,7 @@ Item {
             compare([detail.loaded, answers().join("")], [false, ""]);
         }
 
-        function test_a_failed_deletion_stays_on_the_patient() {
+        function test_a_failed_deletion_leaves_the_patient_open() {
             var needRefresh = spy(detail, "needRefresh");
             var canceled = spy(detail, "canceled");
 

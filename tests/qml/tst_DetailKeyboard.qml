@@ -12,7 +12,7 @@ Item {
         stage: desk
         when: windowShown
 
-        /// The control that has the keyboard, by its accessible name, once nothing moves; its frame must show.
+        /// The accessible name of the focused control, once nothing moves; its focus frame must be visible.
         function focused() {
             rest();
             var item = Native.focusItem(detail);
@@ -35,7 +35,7 @@ Item {
             compare([stored(1)[key], answerOf(key)], [text === "Oui" ? 1 : 0, text]);
         }
 
-        function test_the_keyboard_follows_the_whole_pathway() {
+        function test_the_focus_follows_the_whole_pathway() {
             openPatient();
             answerByKey("test", "Non");
             tryVerify(function () { return focused().indexOf(question("rdv1").text) === 0; });
@@ -55,7 +55,7 @@ Item {
             tryVerify(function () { return focused() === "Envoyer le SMS de rappel"; });
         }
 
-        function test_a_folded_answer_loses_the_keyboard() {
+        function test_a_collapsed_answer_loses_the_focus() {
             openPatient();
             goTo(named(question("test"), "Oui"));
             click(named(question("test"), "Non"));
@@ -82,7 +82,7 @@ Item {
             tryVerify(function () { return focused() === question("test").text; });
         }
 
-        function test_a_key_that_is_held_saves_once() {
+        function test_a_held_key_saves_once() {
             var saved;
 
             openPatient();

@@ -16,7 +16,7 @@ Item {
             return fields().firstAppointment;
         }
 
-        function test_defaults() {
+        function test_properties_have_their_defaults() {
             compare(detail.currentId, "");
             compare(Object.keys(detail.model), []);
             compare(detail.loaded, false);
@@ -27,7 +27,7 @@ Item {
             compare(load("Detail").externalGenderMale, true);
         }
 
-        function test_new_patient_data() {
+        function test_a_new_patient_has_empty_fields_and_the_given_name_data() {
             return [
                 { tag: "empty id", id: "", name: "Dupont", state: "buttons" },
                 { tag: "null id", id: null, name: "Dupont", state: "buttons" },
@@ -35,7 +35,7 @@ Item {
             ];
         }
 
-        function test_new_patient(data) {
+        function test_a_new_patient_has_empty_fields_and_the_given_name(data) {
             detail.load(data.id, data.name);
             compare(detail.loaded, true);
             compare(detail.currentId, "");
@@ -49,10 +49,10 @@ Item {
             compare(detail.state, data.state);
         }
 
-        function test_a_long_name_shows_its_beginning() {
+        function test_a_long_name_is_shown_from_its_beginning() {
             openPatient({ name: "François de La Tour-Maubourg" });
             compare(named(nameBar, "Nom du patient").cursorPosition, 0);
-            // What was typed to create a patient is typed on at its end.
+            // A name typed in the search can be continued at its end.
             detail.load("", "Dupont");
             compare(named(nameBar, "Nom du patient").cursorPosition, 6);
         }
@@ -70,7 +70,7 @@ Item {
             compare(question("test").date, "");
         }
 
-        function test_existing_patient() {
+        function test_a_stored_patient_is_loaded_with_all_fields() {
             openPatient({ genderMale: 0 });
             compare(detail.currentId, "1");
             compare(detail.model.name, "DUPONT Marie");
@@ -82,19 +82,19 @@ Item {
             compare(detail.state, "base");
         }
 
-        function test_gender_of_a_record_in_hand_data() {
+        function test_gender_is_read_from_a_given_record_data() {
             return [{ tag: "true", value: true, male: true }, { tag: "false", value: false, male: false },
                     { tag: "0", value: 0, male: false }, { tag: "1", value: 1, male: true },
                     { tag: "empty", value: "", male: true }, { tag: "absent", value: undefined, male: true }];
         }
 
-        function test_gender_of_a_record_in_hand(data) {
+        function test_gender_is_read_from_a_given_record(data) {
             detail.model = { genderMale: data.value };
             detail.displayModel();
             compare(nameBar.genderMale, data.male);
         }
 
-        function test_nulls_of_the_store_are_shown_as_blanks() {
+        function test_nulls_of_the_store_are_shown_as_empty() {
             openPatient({ phone: null, created: null, notification_date: null, test: null, test_date: null });
             compare(phone().text, "");
             compare(firstAppointment(), todayShown());
@@ -102,7 +102,7 @@ Item {
             compare(answers(), ["", "", "", "", ""]);
         }
 
-        function test_unknown_id_leaves_everything_as_it_was_but_not_loaded() {
+        function test_an_unknown_id_changes_nothing_but_loaded() {
             openPatient({ genderMale: 0 });
             expectedWarnings = ["The store has no such patient"];
             detail.load("99", "Nobody");
@@ -141,7 +141,7 @@ Item {
             });
         }
 
-        function test_showing_a_patient_stores_nothing_and_tells_nobody() {
+        function test_showing_a_patient_stores_and_signals_nothing() {
             var needRefresh = spy(detail, "needRefresh");
 
             openPatient({ test: 1, test_date: "2014-05-12", confirmation: 0, confirmation_date: "2014-05-13" });
@@ -157,12 +157,12 @@ Item {
             compare(question("rdv1").changed, false);
         }
 
-        function test_today_is_shown_day_first_with_zeros() {
+        function test_today_is_shown_as_day_month_year_with_leading_zeros() {
             compare(detail.getToday(), todayShown());
             verify(/^\d\d\/\d\d\/\d{4}$/.test(detail.getToday()));
         }
 
-        function test_format_date_data() {
+        function test_format_date_reverses_the_parts_of_a_french_date_data() {
             return [
                 { tag: "a day", given: "10/04/2014", expected: "2014-04-10" },
                 { tag: "one digit", given: "1/2/2014", expected: "2014-2-1" },
@@ -176,11 +176,11 @@ Item {
             ];
         }
 
-        function test_format_date(data) {
+        function test_format_date_reverses_the_parts_of_a_french_date(data) {
             compare(detail.formatDate(data.given), data.expected);
         }
 
-        function test_phone_takes_fourteen_characters() {
+        function test_phone_accepts_fourteen_characters() {
             openPatient();
             phone().forceActiveFocus();
             phone().selectAll();

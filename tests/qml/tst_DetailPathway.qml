@@ -12,8 +12,8 @@ Item {
         stage: desk
         when: windowShown
 
-        // shown: the five questions, then gate 1 and gate 2.
-        function test_displayed_parts_data() {
+        // shown: the five questions, gate 1, gate 2.
+        function test_answers_and_gates_decide_which_parts_are_displayed_data() {
             return [
                 { tag: "nothing answered", ticks: {}, gates: [true, true], shown: [1, 0, 0, 0, 0, 0, 0] },
                 { tag: "nothing answered, gates closed", ticks: {}, gates: [false, false],
@@ -63,7 +63,7 @@ Item {
             ];
         }
 
-        function test_displayed_parts(data) {
+        function test_answers_and_gates_decide_which_parts_are_displayed(data) {
             openPatient();
             show(data.ticks);
             detail.stepPassed = data.gates[0];
@@ -82,7 +82,7 @@ Item {
                     [false, false, false, false, false, false, false, false]);
         }
 
-        function test_a_click_opens_its_gate_data() {
+        function test_a_click_opens_the_gate_data() {
             return [
                 { tag: "gate 1", number: 1, ticks: { test: "Non", rdv1: "Oui" }, after: [true, false] },
                 { tag: "gate 2", number: 2, ticks: { test: "Oui", confirmation: "Oui", rdv2: "Oui" },
@@ -92,7 +92,7 @@ Item {
             ];
         }
 
-        function test_a_click_opens_its_gate(data) {
+        function test_a_click_opens_the_gate(data) {
             openPatient();
             show(data.ticks);
             detail.stepPassed = data.before ? data.before[0] : false;
@@ -108,7 +108,7 @@ Item {
             compare(gate(data.number).displayed, false);
         }
 
-        function test_gates_move_by_the_answered_step_data() {
+        function test_gates_depend_on_the_answered_step_data() {
             var table = [
                 // step, answer, gates before, gates after
                 ["test", "Oui", [true, true], [true, false]],
@@ -142,7 +142,7 @@ Item {
                         before: [false, true], after: [false, false] });
         }
 
-        function test_gates_move_by_the_answered_step(data) {
+        function test_gates_depend_on_the_answered_step(data) {
             var ticks = {};
 
             openPatient();
@@ -157,7 +157,7 @@ Item {
             compare(gates(), data.after);
         }
 
-        function test_tests_made_after_all_unfold_the_confirmation_anew() {
+        function test_switching_the_tests_to_yes_expands_the_confirmation_again() {
             openPatient({ test: 0, test_date: "2014-05-01", rdv1: 1, date1: "2014-05-02" });
             rest();
             compare(question("confirmation").displayed, true);
@@ -165,7 +165,7 @@ Item {
             compare([question("confirmation").checked, question("test").checked], [true, false]);
         }
 
-        function test_gates_stay_as_they_are_for_the_next_patient() {
+        function test_gates_stay_unchanged_for_the_next_patient() {
             openPatient();
             answer("test", "Non");
             answer("rdv1", "Oui");
@@ -178,7 +178,7 @@ Item {
             compare(question("confirmation").displayed, false);
         }
 
-        function test_refused_tests_unfold_the_work_up_whose_yes_closes_gate_1() {
+        function test_refused_tests_expand_the_work_up_and_its_yes_closes_gate_1() {
             openPatient();
             answer("test", "Non");
             compare(question("rdv1").displayed, true);
@@ -194,7 +194,7 @@ Item {
             compare(question("confirmation").checked, true);
         }
 
-        function test_each_question_unfolds_itself_alone_when_it_appears() {
+        function test_each_question_expands_only_itself_when_it_appears() {
             openPatient();
             compare(keys.map(function (key) { return question(key).checked; })[0], true);
             answer("test", "Oui");
@@ -210,7 +210,7 @@ Item {
             compare(question("rdv2").checked, false);
         }
 
-        function test_unfolding_one_question_folds_the_others() {
+        function test_expanding_one_question_collapses_the_others() {
             openPatient({ test: 1, test_date: "2014-05-12", confirmation: 1, confirmation_date: "2014-05-13" });
             rest();
             compare(question("rdv2").checked, true);
@@ -224,7 +224,7 @@ Item {
             compare(question("test").checked, true);
         }
 
-        function test_fields_grow_over_an_animation() {
+        function test_fields_grow_with_an_animation() {
             openPatient();
             rest();
             phone().text = "07";
@@ -234,7 +234,7 @@ Item {
             tryCompare(fields(), "height", 138);
         }
 
-        function test_first_question_has_a_margin_of_one_only_while_displayed() {
+        function test_first_question_has_a_margin_of_one_pixel_only_while_displayed() {
             detail.load("", "");
             rest();
             compare(detail.internalHeight, 100);

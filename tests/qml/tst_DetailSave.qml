@@ -12,7 +12,7 @@ Item {
         stage: desk
         when: windowShown
 
-        /// A new patient of that name, his buttons unfolded.
+        /// Opens a new patient with that name and waits for the buttons.
         function createPatient(name) {
             givenPatients([]);
             detail.load("", name);
@@ -23,7 +23,7 @@ Item {
             return Native.rows("SELECT * FROM Patients");
         }
 
-        function test_creating_a_patient_stores_him_and_stays_on_him() {
+        function test_creating_a_patient_stores_it_and_keeps_it_open() {
             var needRefresh = spy(detail, "needRefresh");
             var canceled = spy(detail, "canceled");
             var row;
@@ -49,7 +49,7 @@ Item {
             compare(displayed(), [true, false, false, false, false]);
         }
 
-        function test_after_a_creation_the_form_keeps_its_blank_reminder_and_stores_it() {
+        function test_after_a_creation_the_form_keeps_its_empty_reminder_and_stores_it() {
             createPatient("Nouveau");
             click(validate());
             compare(all()[0].notification_date, today());
@@ -92,7 +92,7 @@ Item {
             compare(detail.state, "base");
         }
 
-        function test_saving_an_existing_patient_keeps_his_reminder_and_first_appointment() {
+        function test_saving_a_stored_patient_keeps_reminder_and_first_appointment() {
             var needRefresh = spy(detail, "needRefresh");
             var row;
 
@@ -114,11 +114,11 @@ Item {
             compare(gates(), [true, true]);
         }
 
-        function test_a_save_while_nothing_is_loaded_is_dropped_data() {
+        function test_a_save_without_a_loaded_patient_is_ignored_data() {
             return [{ tag: "fields" }, { tag: "answer", q: "test" }];
         }
 
-        function test_a_save_while_nothing_is_loaded_is_dropped(data) {
+        function test_a_save_without_a_loaded_patient_is_ignored(data) {
             openPatient();
             detail.loaded = false;
             nameBar.name = "DURAND";
@@ -127,7 +127,7 @@ Item {
             compare(validate().disabled, false);
         }
 
-        function test_the_save_button_of_a_nameless_new_patient_is_off_until_the_editor_sets_it() {
+        function test_the_save_button_of_a_new_patient_without_a_name_is_disabled_until_the_editor_sets_it() {
             createPatient("");
             compare(validate().disabled, true);
             nameBar.name = "N";
@@ -136,8 +136,8 @@ Item {
             compare(validate().disabled, true);
         }
 
-        // Kept: from its first assignment on the button no longer looks at the name.
-        function test_the_save_button_keeps_what_the_editor_last_set_data() {
+        // The editor's first assignment replaces the button's binding to the name.
+        function test_the_save_button_keeps_the_state_that_the_editor_last_set_data() {
             return [
                 { tag: "reset", disabled: false, set: function () { detail.reset(); } },
                 { tag: "save", disabled: false, set: function () { detail.save(); } },
@@ -145,7 +145,7 @@ Item {
             ];
         }
 
-        function test_the_save_button_keeps_what_the_editor_last_set(data) {
+        function test_the_save_button_keeps_the_state_that_the_editor_last_set(data) {
             openPatient();
             data.set();
             compare(validate().disabled, data.disabled);
@@ -155,7 +155,7 @@ Item {
             compare(validate().disabled, data.disabled);
         }
 
-        function test_cancel_drops_the_edits_of_a_stored_patient() {
+        function test_cancel_discards_the_edits_of_a_stored_patient() {
             var canceled = spy(detail, "canceled");
 
             openPatient();
@@ -171,7 +171,7 @@ Item {
             compare(canceled.count, 0);
         }
 
-        function test_cancel_leaves_a_new_patient() {
+        function test_cancel_closes_a_new_patient() {
             var canceled = spy(detail, "canceled");
 
             createPatient("Nouveau");
@@ -182,7 +182,7 @@ Item {
             compare(all(), []);
         }
 
-        function test_emptying_the_name_of_a_stored_patient_and_one_click_deletes_him() {
+        function test_clearing_the_name_of_a_stored_patient_and_one_click_delete_the_patient() {
             var needRefresh = spy(detail, "needRefresh");
             var canceled = spy(detail, "canceled");
 
@@ -198,11 +198,11 @@ Item {
             compare(validate().disabled, true);
         }
 
-        function test_remove_without_a_stored_patient_only_leaves_data() {
+        function test_remove_without_a_stored_patient_only_closes_the_editor_data() {
             return [{ tag: "new patient", id: "" }, { tag: "not loaded", id: "1" }];
         }
 
-        function test_remove_without_a_stored_patient_only_leaves(data) {
+        function test_remove_without_a_stored_patient_only_closes_the_editor(data) {
             var needRefresh = spy(detail, "needRefresh");
             var canceled = spy(detail, "canceled");
 
@@ -218,7 +218,7 @@ Item {
             compare(canceled.count, 1);
         }
 
-        function test_reset_empties_the_editor_and_leaves_the_gates() {
+        function test_reset_clears_the_editor_and_keeps_the_gates() {
             openPatient({ genderMale: 0, test: 0, test_date: "2014-05-12", rdv1: 1, date1: "2014-05-13" });
             detail.stepPassed = false;
             detail.step2Passed = false;

@@ -8,8 +8,8 @@
 
 #include <memory>
 
-/// What each document offers to those who use it, by name and type: the service connects and calls by these signatures,
-/// and a name that is missing only yields a warning at run time.
+/// The public interface of each document, by name and type. The service connects and calls by these signatures; a
+/// missing name only causes a warning at run time.
 class DocumentInterfaces : public QObject
 {
     Q_OBJECT
@@ -18,12 +18,12 @@ private slots:
     void init();
     void cleanup();
 
-    void document_offers_its_signal_data();
-    void document_offers_its_signal();
-    void document_offers_its_function_data();
-    void document_offers_its_function();
-    void document_offers_its_property_data();
-    void document_offers_its_property();
+    void document_has_its_signal_data();
+    void document_has_its_signal();
+    void document_has_its_function_data();
+    void document_has_its_function();
+    void document_has_its_property_data();
+    void document_has_its_property();
 
 private:
     std::unique_ptr<QObject> load(const QString &document);
@@ -71,7 +71,7 @@ void addSignatures(const QList<Signatures> &table)
 
 } // namespace
 
-void DocumentInterfaces::document_offers_its_signal_data()
+void DocumentInterfaces::document_has_its_signal_data()
 {
     addSignatures({
         {"main",
@@ -98,7 +98,7 @@ void DocumentInterfaces::document_offers_its_signal_data()
     });
 }
 
-void DocumentInterfaces::document_offers_its_signal()
+void DocumentInterfaces::document_has_its_signal()
 {
     QFETCH(QString, document);
     QFETCH(QByteArray, signature);
@@ -108,7 +108,7 @@ void DocumentInterfaces::document_offers_its_signal()
     QVERIFY(root->metaObject()->indexOfSignal(signature) >= 0);
 }
 
-void DocumentInterfaces::document_offers_its_function_data()
+void DocumentInterfaces::document_has_its_function_data()
 {
     addSignatures({
         {"main", {"refresh()", "openPatient(QVariant)", "removedPatients(QVariant)", "setAutorun(QVariant)"}},
@@ -122,7 +122,7 @@ void DocumentInterfaces::document_offers_its_function_data()
     });
 }
 
-void DocumentInterfaces::document_offers_its_function()
+void DocumentInterfaces::document_has_its_function()
 {
     QFETCH(QString, document);
     QFETCH(QByteArray, signature);
@@ -133,13 +133,13 @@ void DocumentInterfaces::document_offers_its_function()
     QVERIFY(root->metaObject()->indexOfSlot(signature) >= 0);
 }
 
-void DocumentInterfaces::document_offers_its_property_data()
+void DocumentInterfaces::document_has_its_property_data()
 {
     QTest::addColumn<QString>("document");
     QTest::addColumn<QByteArray>("property");
     QTest::addColumn<QByteArray>("type");
 
-    // A type of "" is that of an object of the documents' own.
+    // The type "" stands for objects of QML types.
     const struct
     {
         const char *document;
@@ -202,7 +202,7 @@ void DocumentInterfaces::document_offers_its_property_data()
     }
 }
 
-void DocumentInterfaces::document_offers_its_property()
+void DocumentInterfaces::document_has_its_property()
 {
     QFETCH(QString, document);
     QFETCH(QByteArray, property);

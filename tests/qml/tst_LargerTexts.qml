@@ -1,8 +1,8 @@
 import QtQuick 2.2
 import "support"
 
-// Every text can be read whole, at 72 dots per inch and where the user's system asks for larger texts: none is cut off,
-// none runs into another. The resolution is read at the start, so each one is a run of its own.
+// Every text can be read in full, at 72 dots per inch and with larger texts: none is clipped, none overlaps another. Qt
+// reads the resolution at the start: each resolution needs a separate run.
 Item {
     id: desk
 
@@ -18,7 +18,7 @@ Item {
 
         readonly property string longNumber: "06.39.98.12.04"
 
-        /// Where the text is painted, in the window. Neither its box nor its margins count.
+        /// The painted area of the text in the window, without its box and margins.
         function painted(text) {
             var free = Math.max(text.width, text.contentWidth) - text.contentWidth;
             var freeBelow = Math.max(text.height, text.contentHeight) - text.contentHeight;
@@ -32,7 +32,7 @@ Item {
             return isText(text) && text.visible && text.text !== "" && fades(text) === 0;
         }
 
-        /// How many of the items around it make it invisible.
+        /// The number of parent items that make the text invisible.
         function fades(item) {
             return !item ? 0 : (item.opacity === 0 ? 1 : 0) + fades(item.parent);
         }
@@ -43,7 +43,7 @@ Item {
             return "\"" + text.text + "\" at " + [box.x, box.y, box.width, box.height].map(Math.round).join(" ");
         }
 
-        /// The texts that end in "…" or are painted beyond the document or what clips them.
+        /// The texts that are elided, or painted outside the document or their clipping items.
         function cutOff(document) {
             return where(document, isShown).filter(function (text) {
                 return text.truncated || !liesIn(painted(text), text, document);
@@ -59,7 +59,7 @@ Item {
             return inside && (item.parent === document || liesIn(box, item.parent, document));
         }
 
-        /// Pairs of texts that are painted over each other. Lines touch by what their letters leave free.
+        /// Pairs of overlapping texts. The empty space above and below letters may overlap.
         function collisions(document) {
             var texts = where(document, isShown);
             var boxes = texts.map(painted);
@@ -154,11 +154,11 @@ Item {
             checkTexts(pane, 5);
         }
 
-        function test_each_unfolded_question_can_be_read_data() {
+        function test_each_expanded_question_can_be_read_data() {
             return keys.map(function (key) { return { tag: key }; });
         }
 
-        function test_each_unfolded_question_can_be_read(data) {
+        function test_each_expanded_question_can_be_read(data) {
             openPatient({ test: 0, test_date: "2014-04-10", rdv1: 1, date1: "2014-04-10", confirmation: 1,
                           confirmation_date: "2014-04-10", rdv2: 1, date2: "2014-04-10" });
             detail.stepPassed = true;
@@ -169,7 +169,7 @@ Item {
             checkTexts(pane, 8);
         }
 
-        function test_a_number_of_full_length_is_shown_whole() {
+        function test_a_phone_number_of_full_length_is_shown_in_full() {
             var line;
 
             openPatient({ phone: longNumber });

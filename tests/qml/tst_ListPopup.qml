@@ -21,7 +21,7 @@ Item {
         stage: desk
         when: windowShown
 
-        function test_start_shows_the_waiting_patients_by_name_whatever_their_case() {
+        function test_start_shows_the_waiting_patients_by_name_regardless_of_case() {
             givenNames(["martin Zoé", "DUPONT Marie", "Abadie Luc"], ["BERNARD Paul"]);
             var popup = load("ListPopup");
 
@@ -30,7 +30,7 @@ Item {
             compare(popup.printModel.length, 3);
         }
 
-        function test_what_comes_in_before_the_window_was_ever_open_is_there_when_it_opens() {
+        function test_patients_stored_before_the_first_opening_are_listed() {
             givenNames(["DUPONT Marie"]);
             var unseen = createTemporaryObject(Qt.createComponent("qrc:/qml/ListPopup.qml"), hiddenWindow.contentItem);
 
@@ -88,7 +88,7 @@ Item {
             compare(names(popup), data.names);
         }
 
-        function test_refresh_leaves_the_list_where_it_was_scrolled_to() {
+        function test_refresh_does_not_scroll_the_list() {
             givenNames(numbered(100));
             var popup = load("ListPopup");
             var list = listOf(popup);
@@ -112,7 +112,7 @@ Item {
             return found;
         }
 
-        function test_select_all_overrules_single_ticks_and_they_it() {
+        function test_select_all_and_single_ticks_override_each_other() {
             givenNames(["A", "B", "C"]);
             var popup = load("ListPopup");
 
@@ -150,7 +150,7 @@ Item {
             compare(storedNames(), []);
         }
 
-        function test_a_tick_survives_scrolling_away_and_back() {
+        function test_a_tick_survives_scrolling() {
             givenNames(numbered(200));
             var popup = load("ListPopup");
             var list = listOf(popup);
@@ -165,7 +165,7 @@ Item {
             compare(names(popup)[3], "PATIENT 103");
         }
 
-        function test_deletes_the_ticked_rows_in_row_order_and_tells() {
+        function test_ticked_rows_are_deleted_in_row_order_and_signalled() {
             givenNames(["D", "C", "B", "A"]);
             var popup = load("ListPopup");
             var refreshed = spy(popup, "needRefresh");
@@ -182,12 +182,12 @@ Item {
             compare(removed.signalArguments[0][0], expected);
         }
 
-        function test_prints_every_patient_of_the_tab_data() {
+        function test_every_patient_of_the_tab_is_printed_data() {
             return [{ tag: "waiting", tab: waitingTitle, title: "Liste des patients en attente", names: ["A", "C"] },
                     { tag: "all", tab: allTitle, title: "Liste de tous les patients", names: ["A", "B", "C"] }];
         }
 
-        function test_prints_every_patient_of_the_tab(data) {
+        function test_every_patient_of_the_tab_is_printed(data) {
             givenNames(["C", "A"], ["B"]);
             var popup = load("ListPopup");
             var printed = spy(popup, "requestPrint");
@@ -229,7 +229,7 @@ Item {
             compare(JSON.stringify(printed.signalArguments[0][1]), "{}");
         }
 
-        function test_opening_a_patient_gives_its_id() {
+        function test_opening_a_patient_signals_its_id() {
             givenNames(["A", "B"]);
             var popup = load("ListPopup");
             var opened = spy(popup, "openPatient");
@@ -249,7 +249,7 @@ Item {
             compare(opened.count, 0);
         }
 
-        function test_the_header_drags() {
+        function test_a_press_on_the_header_drags_the_window() {
             givenNames([]);
             var popup = load("ListPopup");
             var dragged = spy(popup, "enableDragging");
@@ -259,12 +259,12 @@ Item {
             mouseRelease(popup, 400, 20);
         }
 
-        // Rows that another program wrote: the first fixes the types of the model, and a NULL must not.
-        function test_rows_with_NULLs_read_as_unanswered_data() {
+        // Rows of another program: the first row determines the model's types, and NULL must not.
+        function test_rows_with_NULLs_are_shown_as_unanswered_data() {
             return [{ tag: "waiting", title: waitingTitle }, { tag: "all", title: allTitle }];
         }
 
-        function test_rows_with_NULLs_read_as_unanswered(data) {
+        function test_rows_with_NULLs_are_shown_as_unanswered(data) {
             givenPatients([nullRow("A"), fullRow("B"), nullRow("C")]);
             var popup = load("ListPopup");
 
@@ -274,7 +274,7 @@ Item {
             compare(cells(popup, 2), ["C", "", "?", "", "", "", "", ""]);
         }
 
-        function test_rows_with_values_show_after_a_list_of_nothing_but_NULLs() {
+        function test_rows_with_values_are_shown_after_a_list_of_NULLs_only() {
             givenPatients([nullRow("A")]);
             var popup = load("ListPopup");
 
@@ -300,14 +300,14 @@ Item {
             };
         }
 
-        /// The texts of a row's cells.
+        /// The texts in the cells of a row.
         function cells(popup, number) {
             return where(rows(popup)[number], isText)
                 .map(function (each) { return each.text; })
                 .filter(function (text) { return text !== "Envoi SMS"; });
         }
 
-        function test_ten_thousand_patients_load_scroll_and_are_ticked() {
+        function test_ten_thousand_patients_can_be_loaded_scrolled_and_ticked() {
             givenPatients([]);
             Native.rows("WITH RECURSIVE n(i) AS (SELECT 10000 UNION ALL SELECT i + 1 FROM n WHERE i < 19999) "
                         + "INSERT INTO Patients (name, notification_date) SELECT 'PATIENT ' || i, '2014-05-12' FROM n");
@@ -321,7 +321,7 @@ Item {
             list.forceLayout();
             compare(list.itemAt(10, list.contentY + list.height - 1).iname, "PATIENT 19999");
             verify(ticks(popup).every(function (each) { return each; }));
-            verify(rows(popup).length < 60, "rows far from the window are not kept");
+            verify(rows(popup).length < 60, "rows outside the window are deleted");
             openTab(popup, allTitle);
             compare(list.count, 10000);
         }

@@ -12,7 +12,7 @@ Item {
         stage: desk
         when: windowShown
 
-        /// The name of the control that has the keyboard, and the patient in whose row it is.
+        /// The name of the focused control, and the patient of its row.
         function focused(popup) {
             var item = Native.focusItem(popup);
             var row = rows(popup).filter(function (each) { return Native.isBelow(item, each); })[0];
@@ -38,7 +38,7 @@ Item {
 
         function start(names) {
             givenNames(names);
-            // The leftovers of the last test are deleted when control returns to the event loop.
+            // Objects of the last test are deleted by the event loop.
             tryVerify(function () { return ofType(desk, "ListPopup").length === 0; });
             return load("ListPopup");
         }
@@ -62,7 +62,7 @@ Item {
             compare(focusedAfter(popup, repeated(Qt.Key_Backtab, 11)), readingOrder.slice(0, 11).reverse());
         }
 
-        function test_Tab_comes_back_to_the_row_it_left() {
+        function test_Tab_returns_to_the_row_it_left() {
             var popup = start(["A", "B", "C"]);
 
             rows(popup);
@@ -72,7 +72,7 @@ Item {
             compare(focusedAfter(popup, [Qt.Key_Tab]), ["Sélectionner B"]);
         }
 
-        function test_the_focused_control_shows_it() {
+        function test_the_focused_control_shows_its_focus() {
             var popup = start(["A"]);
 
             focusedAfter(popup, repeated(Qt.Key_Tab, 9)).forEach(function (name, index, all) {
@@ -129,7 +129,7 @@ Item {
             verify(top >= 0 && top + 42 <= listOf(popup).height, "in view at " + top);
         }
 
-        function test_select_all_by_Space_and_tab_by_Return() {
+        function test_Space_ticks_select_all_and_Return_changes_the_tab() {
             var popup = start(["A", "B"]);
 
             named(popup, "Tout sélectionner").forceActiveFocus();
@@ -141,7 +141,7 @@ Item {
             compare(popup.waitingShown, false);
         }
 
-        function test_the_keyboard_stays_in_its_row_through_a_refresh() {
+        function test_the_focus_stays_in_its_row_during_a_refresh() {
             var popup = start(["A", "B", "C"]);
 
             rows(popup);

@@ -12,7 +12,7 @@ Item {
         stage: desk
         when: windowShown
 
-        function test_titles_are_read_without_their_markup() {
+        function test_accessible_names_of_titles_have_no_markup() {
             givenNames([]);
             var popup = load("ListPopup");
 
@@ -22,12 +22,12 @@ Item {
                  "RDV 1ère prise", "RDV bilan fin de saison", "Téléphone", "Rappel SMS"]);
         }
 
-        function test_the_badge_is_read_as_a_sentence_data() {
+        function test_the_accessible_name_of_the_badge_is_a_sentence_data() {
             return [{ tag: "1", names: ["A"], name: "1 patient en attente" },
                     { tag: "2", names: ["A", "B"], name: "2 patients en attente" }];
         }
 
-        function test_the_badge_is_read_as_a_sentence(data) {
+        function test_the_accessible_name_of_the_badge_is_a_sentence(data) {
             givenNames(data.names);
             compare(Native.accessible(textItem(load("ListPopup"), data.tag)).name, data.name);
         }

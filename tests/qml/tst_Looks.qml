@@ -21,9 +21,9 @@ Item {
     width: 840
     height: 860
 
-    // Every text, colour and number of the windows, against tables written by hand: one file in looks/ for each
-    // document, one row for each item, or for some that look alike, in a state. A state is reached by steps, see
-    // follow(); how an item is named: candidates() in DocumentTestCase.qml.
+    // Compares every text, colour and number of the windows with hand-written tables: one file in looks/ for each
+    // document, one row for each item or group of equal items in a state. follow() performs the steps to a state;
+    // candidates() in DocumentTestCase.qml resolves item names.
     DocumentTestCase {
         name: "Looks"
         stage: desk
@@ -34,7 +34,7 @@ Item {
             ActionButtonLook, AutocompleteLook, ButtonSMSLook, ContactPopupLook, DetailLook, ListPopupLook, MainLook,
             NameStatusLook, PatientTableRowLook, PatientsItemLook, QuestionLook, SMSSendLook, StepButtonLook, TabPopupLook
         ]
-        // What the running test holds down.
+        // The item that the running test holds pressed.
         property Item pressed
 
         function finish() {
@@ -44,7 +44,7 @@ Item {
             pressed = null;
         }
 
-        function test_look_data() {
+        function test_the_look_matches_its_table_data() {
             return tables.reduce(function (found, table) {
                 return found.concat(Object.keys(table.states).map(function (state) {
                     return { tag: table.type + ", " + state, table: table, state: state };
@@ -52,7 +52,7 @@ Item {
             }, []);
         }
 
-        function test_look(data) {
+        function test_the_look_matches_its_table(data) {
             var state = data.table.states[data.state];
             var document = bring(data.table, state);
             var rows = facts(data.table).filter(function (row) { return row[0] === data.state; });
@@ -61,7 +61,7 @@ Item {
 
             verify(rows.length > 0);
             (state.steps || []).forEach(function (step) { follow(document, step); });
-            // What is still being loaded has no font of its own yet.
+            // Text that is still loading has no font yet.
             for (wrong = faults(document, rows); wrong.length > 0 && Date.now() < until;) {
                 wait(10);
                 wrong = faults(document, rows);
@@ -70,7 +70,7 @@ Item {
             compare(unlisted(document, facts(data.table)), [], "texts and pictures without a row");
         }
 
-        /// The rows of a table one by one: [state, item, property, expected].
+        /// The rows of a table, one for each property: [state, item, property, expected].
         function facts(table) {
             var found = [];
 
@@ -84,11 +84,11 @@ Item {
             return found;
         }
 
-        function test_every_row_has_its_state_and_stands_once_data() {
+        function test_every_row_of_a_table_has_a_state_and_is_unique_data() {
             return tables.map(function (table) { return { tag: table.type, table: table }; });
         }
 
-        function test_every_row_has_its_state_and_stands_once(data) {
+        function test_every_row_of_a_table_has_a_state_and_is_unique(data) {
             var seen = {};
 
             facts(data.table).forEach(function (row) {
@@ -100,7 +100,7 @@ Item {
             });
         }
 
-        /// The document of a table as its state wants it at the start.
+        /// Creates the document of a table with the properties of the state.
         function bring(table, state) {
             var properties = {};
 
@@ -146,11 +146,11 @@ Item {
                 tryCompare(awaited(document, step[1]), step[2], step[3], patienceMs);
                 break;
             default:
-                fail("What is " + step + "?");
+                fail("Unknown step: " + step);
             }
         }
 
-        /// The part of that path, once it is there: a list makes its rows when it is drawn.
+        /// Waits for the part with that path: a list creates its rows when it is painted.
         function awaited(document, path) {
             tryVerify(function () { return findPart(document, path) !== null; }, patienceMs, path);
             return part(document, path);
@@ -167,7 +167,7 @@ Item {
             return differences(document, rows).concat(otherFonts(document));
         }
 
-        /// The rows that do not hold, each as a line that says what it is instead.
+        /// The rows that do not match, each as a line with the actual value.
         function differences(document, rows) {
             return rows.map(function (row) { return difference(document, row); }).filter(function (text) {
                 return text !== "";
@@ -186,7 +186,7 @@ Item {
             return holds(document, value, row[2], row[3]) ? "" : place + ": " + shown(value) + ", not " + shown(row[3]);
         }
 
-        /// Whether a value is the expected one: a plain value, or an array that refers to another item, as
+        /// Whether a value matches: `expected` is a plain value, or an array that refers to another item, such as
         /// ["right", "picture cross.png", 20] (its right edge and 20) or ["<=", "left", "picture cross.png"].
         function holds(document, value, property, expected) {
             if (Array.isArray(expected)) {
@@ -212,7 +212,7 @@ Item {
             return Math.abs(value - other - expected[2]) <= tolerance(property);
         }
 
-        /// A middle may lie half a pixel beside, since what is centred stands on whole pixels.
+        /// A centre may be half a pixel off, because centred items are placed on whole pixels.
         function tolerance(property) {
             return property.indexOf("centre") === 0 ? 0.51 : 0.001;
         }
@@ -228,8 +228,7 @@ Item {
             }).map(function (each) { return each.text + ": in " + each.font.family; });
         }
 
-        /// What is shown although no row of the table speaks of it. Documents in it that have a table of their own
-        /// answer for themselves.
+        /// Visible items that no row of the table covers, except inside documents that have a table of their own.
         function unlisted(document, rows) {
             var parts = rows.map(function (row) { return row[1]; });
             var listed = parts.filter(function (path, index) { return parts.indexOf(path) === index; })
@@ -241,7 +240,7 @@ Item {
             }).map(function (each) { return JSON.stringify(each.text || each.source.toString()); });
         }
 
-        /// The item and all below it without those types and what is below them.
+        /// The item and all items below it, without items of those types and their children.
         function own(item, types) {
             return Array.prototype.slice.call(item.children).reduce(function (found, each) {
                 return types.indexOf(Native.typeName(each)) < 0 ? found.concat(own(each, types)) : found;

@@ -21,7 +21,7 @@ Item {
             Native.releaseAnimations();
         }
 
-        /// Where the list has slid to, and how much of the search bar and of the name bar is to be seen.
+        /// The list's horizontal offset, and the opacity of the search bar and the name bar.
         function shown() {
             return [listPane().anchors.leftMargin, searchBar().opacity, nameBar().opacity];
         }

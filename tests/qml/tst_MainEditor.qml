@@ -28,11 +28,11 @@ Item {
             verify(search().activeFocus);
         }
 
-        function test_open_patient_loads_opens_and_gives_the_name_the_keyboard_data() {
+        function test_open_patient_loads_opens_and_focuses_the_name_data() {
             return [{ tag: "text", id: "2" }, { tag: "number", id: 2 }];
         }
 
-        function test_open_patient_loads_opens_and_gives_the_name_the_keyboard(data) {
+        function test_open_patient_loads_opens_and_focuses_the_name(data) {
             main.openPatient(data.id);
             compare(main.state, "open");
             compare(detail().currentId, "2");
@@ -62,7 +62,7 @@ Item {
             tryCompare(listPane().anchors, "leftMargin", 0);
         }
 
-        function test_what_slides_or_fades_is_visible_until_it_is_gone() {
+        function test_sliding_and_fading_parts_stay_visible_until_the_end() {
             var shown = function () {
                 return [searchBar(), listPane(), nameBar(), detail()].map(function (item) { return item.visible; });
             };
@@ -84,7 +84,7 @@ Item {
             tryCompare(results(), "visible", false);
         }
 
-        function test_need_refresh_is_passed_on() {
+        function test_need_refresh_is_forwarded() {
             var needRefresh = spy(main, "needRefresh");
 
             main.openPatient("1");
@@ -103,7 +103,7 @@ Item {
             compare([main.number, main.total], [1, 3]);
         }
 
-        function test_removed_patients_data() {
+        function test_the_editor_closes_only_if_its_patient_was_removed_data() {
             return [
                 { tag: "its number", list: [1], leaves: true },
                 { tag: "its text", list: ["1"], leaves: true },
@@ -117,7 +117,7 @@ Item {
             ];
         }
 
-        function test_removed_patients(data) {
+        function test_the_editor_closes_only_if_its_patient_was_removed(data) {
             search().text = "du";
             main.openPatient("1");
             main.removedPatients(data.list);
@@ -131,14 +131,14 @@ Item {
             }
         }
 
-        function test_removed_patients_leave_the_search_alone_when_no_editor_is_open() {
+        function test_removed_patients_do_not_change_the_search_when_no_editor_is_open() {
             search().text = "du";
             main.removedPatients([1, 2]);
             compare(search().text, "du");
             compare(main.state, "close");
         }
 
-        function test_removed_patients_leave_a_new_patient_alone() {
+        function test_removed_patients_do_not_close_a_new_patient() {
             search().text = "du";
             click(named(main, "Créer la fiche patient"));
             main.removedPatients([1, "2"]);

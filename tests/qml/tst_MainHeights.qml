@@ -16,12 +16,12 @@ Item {
             givenPatients([{ id: 1, name: "DUPONT Marie" }]);
         }
 
-        /// What the root wrote about its height.
+        /// The heights that the root logged.
         function loggedHeights() {
             return Native.takeTraces().filter(function (text) { return /^qml: [0-9.]+$|^[0-9.]+$/.test(text); });
         }
 
-        function test_frame_states_data() {
+        function test_the_frame_has_a_height_for_each_state_data() {
             return [
                 { tag: "base", height: 174, target: 174 },
                 { tag: "results", height: 326, target: 326 },
@@ -29,8 +29,8 @@ Item {
             ];
         }
 
-        // A frame alone counts with an editor of 538.
-        function test_frame_states(data) {
+        // Without an editor, the frame uses an editor height of 538.
+        function test_the_frame_has_a_height_for_each_state(data) {
             var item = load("Container");
 
             compare(item.internalContentHeight, 538);
@@ -40,7 +40,7 @@ Item {
             tryCompare(item, "height", data.height);
         }
 
-        function test_frame_takes_current_and_target_height_of_the_editor_apart() {
+        function test_the_frame_uses_current_and_target_height_of_the_editor_separately() {
             var item = load("Container", { internalContentHeight: 100, internalContentInternalHeight: 250 });
 
             item.internalState = "detail";
@@ -51,7 +51,7 @@ Item {
             compare(item.internalHeight, 350);
         }
 
-        function test_root_has_the_frames_target_as_its_own() {
+        function test_the_root_has_the_target_height_of_the_frame() {
             start();
             compare(main.internalHeight, 174);
             main.openPatient("1");
@@ -59,7 +59,7 @@ Item {
             compare(frame().internalHeight, 339);
         }
 
-        function test_growing_happens_at_once_and_is_logged_as_the_bare_number() {
+        function test_the_root_grows_at_once_and_logs_only_the_number() {
             start();
             Native.takeTraces();
             search().text = "d";
@@ -67,7 +67,7 @@ Item {
             compare(loggedHeights(), ["326"]);
         }
 
-        function test_shrinking_waits_a_second_and_is_logged_as_the_bare_number() {
+        function test_the_root_shrinks_after_a_second_and_logs_only_the_number() {
             var since;
 
             start();
@@ -101,7 +101,7 @@ Item {
             compare(main.height, 326);
         }
 
-        function test_a_pending_shrink_is_put_off_by_another_lower_target() {
+        function test_a_pending_shrink_is_delayed_by_another_lower_target() {
             start();
             openFile("1");
             compare(main.height, 339);
@@ -124,7 +124,7 @@ Item {
             compare(loggedHeights(), []);
         }
 
-        function test_editor_heights_data() {
+        function test_the_editor_height_is_the_sum_of_its_parts_data() {
             return [
                 { tag: "new patient without a name", height: 200 },
                 { tag: "new patient with a name", name: "D", height: 238 },
@@ -142,9 +142,9 @@ Item {
             ];
         }
 
-        // 100 of the frame, 100 or 138 of the fields, 60 for each question and 40 for the unfolded one, 1 above the
-        // first question and 38 of the SMS bar.
-        function test_editor_heights(data) {
+        // 100 for the frame, 100 or 138 for the fields, 60 for each question and 40 more for the expanded one, 1 above
+        // the first question and 38 for the SMS bar.
+        function test_the_editor_height_is_the_sum_of_its_parts(data) {
             if (data.set) {
                 Native.rows("UPDATE Patients SET " + data.set);
             }
@@ -163,7 +163,7 @@ Item {
             }
         }
 
-        function test_a_target_is_the_sum_of_targets_and_not_of_current_heights() {
+        function test_the_target_height_is_the_sum_of_target_heights() {
             start();
             openFile("1");
             detail().externalName = "other";
@@ -172,7 +172,7 @@ Item {
             tryCompare(detail(), "height", 176);
         }
 
-        function test_ready_is_told_once_two_seconds_after_the_start() {
+        function test_ready_is_signalled_once_two_seconds_after_the_start() {
             var since = Date.now();
             var ready;
 

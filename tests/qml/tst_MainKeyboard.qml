@@ -20,7 +20,7 @@ Item {
             start();
         }
 
-        /// The control that has the keyboard, by its accessible name.
+        /// The accessible name of the focused control.
         function focused() {
             var item = Native.focusItem(main);
             var control = only(where(main, function (each) { return isControl(each) && Native.isBelow(item, each); }),
@@ -29,7 +29,7 @@ Item {
             return Native.accessible(control).name;
         }
 
-        /// Names of the controls that Tab reaches from the search or name field, once round.
+        /// The names of the controls in one round of Tab from the search or name field.
         function tabRound() {
             var names = [focused()];
             var i;
@@ -50,7 +50,7 @@ Item {
                                  "Fermer", "Rechercher"]);
         }
 
-        function test_tab_order_over_results() {
+        function test_tab_order_with_results() {
             type("du");
             tryCompare(results(), "opacity", 1);
             compare(tabRound(), ["Rechercher un patient", "Effacer la recherche", "Créer la fiche patient",
@@ -76,7 +76,7 @@ Item {
                                  "Retour"]);
         }
 
-        function test_backtab_goes_the_other_way() {
+        function test_backtab_reverses_the_tab_order() {
             compare(focused(), "Rechercher un patient");
             keyClick(Qt.Key_Backtab, Qt.ShiftModifier);
             compare(focused(), "Rechercher");
@@ -119,7 +119,7 @@ Item {
             verify(main.state !== "open");
         }
 
-        // The list may not have drawn its rows yet when a fast typist presses Return.
+        // A fast typist can press Return before the list has created its rows.
         function test_return_right_after_the_last_letter_opens_the_first_result() {
             type("du");
             keyClick(Qt.Key_Return);
@@ -143,14 +143,14 @@ Item {
                     [{ name: "Nouveau", phone: "0612" }]);
         }
 
-        function test_fields_are_editable_texts() {
+        function test_fields_are_accessible_as_editable_texts() {
             main.openPatient("2");
             [search(), nameField(), named(main, "Téléphone")].forEach(function (field) {
                 compare(Native.accessible(field).role, "EditableText");
             });
         }
 
-        function test_no_control_is_without_a_role_and_a_name() {
+        function test_every_control_has_a_role_and_a_name() {
             var seen = 0;
 
             main.openPatient("2");
@@ -165,7 +165,7 @@ Item {
             verify(seen >= 30);
         }
 
-        function test_whatever_takes_clicks_is_a_control_but_the_zone_that_drags() {
+        function test_every_mouse_area_but_the_drag_zone_belongs_to_a_control() {
             var others = where(main, function (each) {
                 return each.hasOwnProperty("pressAndHoldInterval") && each.hasOwnProperty("cursorShape")
                     && !where(main, isControl).some(function (control) { return Native.isBelow(each, control); })
@@ -176,7 +176,7 @@ Item {
             compare(others[0].height, 42);
         }
 
-        function test_the_focused_control_shows_where_the_keyboard_is() {
+        function test_the_focused_control_shows_its_focus_frame() {
             var i;
 
             main.openPatient("2");

@@ -7,13 +7,13 @@ Item {
     width: 400
     height: 760
 
-    // The only test of its process: what has been loaded once is there at once for the next.
+    // The only test in its process: a document that was loaded once loads at once the next time.
     MainTestCase {
         name: "MainLoading"
         stage: desk
         when: windowShown
 
-        function test_what_is_wanted_while_it_is_being_loaded_knows_its_patients() {
+        function test_parts_needed_during_their_loading_show_their_patients() {
             var loaders;
             var begun = 0;
 

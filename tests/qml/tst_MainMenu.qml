@@ -20,21 +20,21 @@ Item {
             menu().__dismissMenu();
         }
 
-        function test_items_tell_their_signal_data() {
+        function test_menu_items_emit_their_signal_data() {
             return [
                 { tag: "A propos", signalName: "openAbout" },
                 { tag: "Quitter", signalName: "close" }
             ];
         }
 
-        function test_items_tell_their_signal(data) {
+        function test_menu_items_emit_their_signal(data) {
             var told = spy(main, data.signalName);
 
             menuItem(data.tag).trigger();
             compare(told.count, 1);
         }
 
-        function test_menu_opens_data() {
+        function test_only_a_right_click_on_the_header_opens_the_menu_data() {
             return [
                 { tag: "right click on the left of the header", x: 5, y: 5, button: Qt.RightButton, opens: true },
                 { tag: "right click on the title", x: 90, y: 28, button: Qt.RightButton, opens: true },
@@ -47,7 +47,7 @@ Item {
             ];
         }
 
-        function test_menu_opens(data) {
+        function test_only_a_right_click_on_the_header_opens_the_menu(data) {
             var shown = spy(menu(), "aboutToShow");
 
             mouseClick(main, data.x, data.y, data.button);
@@ -61,7 +61,7 @@ Item {
             compare(hide.count, 0);
         }
 
-        function test_holding_the_cross_opens_the_menu_and_does_not_hide() {
+        function test_a_long_press_on_the_cross_opens_the_menu_and_does_not_hide_the_window() {
             var hide = spy(main, "hide");
             var shown = spy(menu(), "aboutToShow");
 
@@ -112,7 +112,7 @@ Item {
             compare(shown.count, data.opens);
         }
 
-        function test_set_autorun_ticks_and_tells_each_change_once() {
+        function test_set_autorun_ticks_the_item_and_signals_each_change_once() {
             var autorun = spy(main, "autorun");
 
             compare(menuItem("Lancer au démarrage").checked, false);
@@ -130,7 +130,7 @@ Item {
             compare(autorun.count, 2);
         }
 
-        // The service answers each new setting with setAutorun.
+        // The service confirms each new setting with setAutorun.
         function test_the_round_trip_of_the_tick_ends_after_one_emission() {
             var autorun = spy(main, "autorun");
             var atLogin = false;

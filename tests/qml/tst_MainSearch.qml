@@ -22,14 +22,14 @@ Item {
             start();
         }
 
-        function test_start_counts_the_patients_and_gives_the_search_the_keyboard() {
+        function test_the_start_counts_the_patients_and_focuses_the_search() {
             compare(main.number, 2);
             compare(main.total, 4);
             verify(search().activeFocus);
             compare(main.state, "");
         }
 
-        function test_refresh_counts_again_and_nothing_else_does() {
+        function test_only_a_refresh_counts_again() {
             Native.rows("DELETE FROM Patients WHERE id = 1");
             search().text = "d";
             compare(main.number, 2);
@@ -39,7 +39,7 @@ Item {
             compare(main.total, 3);
         }
 
-        function test_typing_lists_starting_names_then_containing_ones() {
+        function test_typing_lists_names_that_start_with_the_text_then_names_that_contain_it() {
             type("du");
             compare(search().text, "du");
             tryVerify(function () { return found().length === 3; });
@@ -58,7 +58,7 @@ Item {
             compare(frame().internalState, "base");
         }
 
-        function test_a_patient_deleted_elsewhere_opens_an_editor_that_takes_nothing() {
+        function test_a_patient_deleted_elsewhere_opens_a_disabled_editor() {
             expectedWarnings = ["The store has no such patient"];
             type("dup");
             Native.rows("DELETE FROM Patients WHERE id = 1");
@@ -71,11 +71,11 @@ Item {
             compare(search().text, "");
         }
 
-        function test_everything_is_loaded_soon_after_the_start_without_being_wanted_data() {
+        function test_all_parts_are_loaded_soon_after_the_start_data() {
             return [{ tag: "in a window", stage: desk }, { tag: "without a window", stage: null }];
         }
 
-        function test_everything_is_loaded_soon_after_the_start_without_being_wanted(data) {
+        function test_all_parts_are_loaded_soon_after_the_start(data) {
             var component = Qt.createComponent("qrc:/qml/main.qml");
             var document = component.createObject(data.stage);
 
@@ -85,7 +85,7 @@ Item {
             document.destroy();
         }
 
-        function test_erasing_empties_the_list_and_the_frame_goes_back() {
+        function test_clearing_the_search_empties_the_list_and_shrinks_the_frame() {
             type("d");
             compare(frame().internalState, "results");
             keyClick(Qt.Key_Backspace);
@@ -96,7 +96,7 @@ Item {
             tryCompare(frame(), "height", 174);
         }
 
-        function test_creation_link_reads_by_what_is_typed_data() {
+        function test_the_text_of_the_creation_link_depends_on_the_search_data() {
             return [
                 { tag: "nothing", text: "", link: "Nouvelle fiche patient" },
                 { tag: "match", text: "d", link: "Créer la fiche patient" },
@@ -105,7 +105,7 @@ Item {
             ];
         }
 
-        function test_creation_link_reads_by_what_is_typed(data) {
+        function test_the_text_of_the_creation_link_depends_on_the_search(data) {
             search().text = data.text;
             compare(named(listPane(), data.link).visible, true);
             compare(namedAll(listPane(), data.link === "Nouvelle fiche patient" ? "Créer la fiche patient"
@@ -123,7 +123,7 @@ Item {
             compare(frame().internalState, "detail");
         }
 
-        function test_creation_link_opens_a_new_patient_of_the_typed_name_even_with_results() {
+        function test_the_creation_link_opens_a_new_patient_with_the_typed_name_even_with_results() {
             type("Dup");
             click(named(main, "Créer la fiche patient"));
             compare(main.state, "open");
@@ -133,7 +133,7 @@ Item {
             verify(nameField().activeFocus);
         }
 
-        function test_creation_link_without_a_text_opens_a_nameless_patient_who_cannot_be_saved() {
+        function test_the_creation_link_without_a_text_opens_a_new_patient_without_a_name_that_cannot_be_saved() {
             click(named(main, "Nouvelle fiche patient"));
             compare(main.state, "open");
             compare(nameField().text, "");
@@ -157,7 +157,7 @@ Item {
             tryCompare(listPane().anchors, "leftMargin", 0);
         }
 
-        function test_magnifier_returns_to_the_list_too() {
+        function test_the_magnifier_returns_to_the_list_too() {
             main.openPatient("1");
             searchBar().changed();
             compare(main.state, "close");

@@ -28,12 +28,12 @@ Item {
             return part(item, "part " + step);
         }
 
-        function test_entering_either_zone_hovers_and_leaving_restores_data() {
+        function test_the_row_is_hovered_while_the_mouse_is_in_either_zone_data() {
             return [{ tag: "tick zone", x: 20 }, { tag: "open zone, left end", x: 41 },
                     { tag: "open zone, right end", x: 693 }];
         }
 
-        function test_entering_either_zone_hovers_and_leaving_restores(data) {
+        function test_the_row_is_hovered_while_the_mouse_is_in_either_zone(data) {
             var item = row();
 
             compare(item.state, "base");
@@ -83,7 +83,7 @@ Item {
             compare(mark.checked, true);
         }
 
-        function test_the_focus_frame_goes_round_the_phone_number() {
+        function test_the_focus_frame_includes_the_phone_number() {
             var item = row({ iphone: "06 11 22 33 44" });
             var ring = ofType(named(item, "Ouvrir " + marie), "FocusRing")[0];
             var phone = textItem(item, "06 11 22 33 44");
@@ -105,7 +105,7 @@ Item {
             compare(Native.accessible(named(item, "Envoi SMS")).role, "Button");
         }
 
-        function test_a_screen_reader_hears_the_column_of_each_cell() {
+        function test_the_accessible_description_of_each_cell_is_its_column() {
             var item = row({ iphone: "0612", icreated: "10/04/2014", itest: 0, itest_date: "2014-04-10", irdv1: 1,
                              idate1: "2014-04-10", iconfirmation: 1, iconfirmation_date: "2014-04-10", irdv2: 1,
                              idate2: "2014-04-10", irdv3: 0, idate3: "2014-04-10" });
@@ -120,14 +120,14 @@ Item {
                             "RDV bilan fin de saison: Non", "Téléphone: 0612"]);
         }
 
-        function test_a_name_is_no_markup() {
+        function test_a_name_is_shown_without_interpreting_markup() {
             verify(hasText(row({ iname: "<b>A</b> & B" }), "<b>A</b> & B"));
         }
 
-        // Each cell over all combinations of what it depends on, in its own pathway: dates, flags, texts before it.
+        // Each cell for all combinations of the dates, flags and earlier texts that it depends on.
         readonly property string given: "2014-05-12"
 
-        /// Rows of values as data of these names; the values are the tag.
+        /// Converts rows of values to data with these names; the tag lists the values.
         function table(names, rows) {
             return rows.map(function (row) {
                 var data = { tag: row.slice(0, -2).map(String).join(", ") };
@@ -137,18 +137,18 @@ Item {
             });
         }
 
-        function test_skin_tests_data() {
+        function test_the_skin_test_cell_follows_its_rule_data() {
             return table(["date", "flag", "text", "bold"], [
                 [null, 0, "?", true], [null, 1, "?", true], ["", 0, "?", true], ["", 1, "?", true],
                 [given, 0, "Non", false], [given, 1, "Oui", false], [given, 2, "Non", false]
             ]);
         }
 
-        function test_skin_tests(data) {
+        function test_the_skin_test_cell_follows_its_rule(data) {
             compareCell(row({ itest_date: data.date, itest: data.flag }), "test", data);
         }
 
-        function test_work_up_data() {
+        function test_the_work_up_cell_follows_its_rule_data() {
             return table(["test_date", "test", "date", "flag", "text", "bold"], [
                 ["", 0, "", 0, "", true], ["", 0, "", 1, "", true], ["", 1, "", 0, "", true], ["", 1, "", 1, "", true],
                 [null, 0, null, 0, "", true], [given, 0, "", 0, "?", true], [given, 0, "", 1, "?", true],
@@ -160,12 +160,12 @@ Item {
             ]);
         }
 
-        function test_work_up(data) {
+        function test_the_work_up_cell_follows_its_rule(data) {
             compareCell(row({ itest_date: data.test_date, itest: data.test, idate1: data.date, irdv1: data.flag }), "rdv1",
                         data);
         }
 
-        function test_allergy_data() {
+        function test_the_allergy_cell_follows_its_rule_data() {
             return table(["before", "date", "flag", "text", "bold"], [
                 ["", "", 0, "", false], ["", "", 1, "", false], ["", given, 0, "Non", false],
                 ["", given, 1, "Oui", false], ["?", "", 0, "", false], ["?", "", 1, "", false],
@@ -177,7 +177,7 @@ Item {
             ]);
         }
 
-        function test_allergy(data) {
+        function test_the_allergy_cell_follows_its_rule(data) {
             var item = row(workUpReading(data.before));
 
             item.iconfirmation_date = data.date;
@@ -196,11 +196,11 @@ Item {
             }[text];
         }
 
-        function test_first_intake_data() {
+        function test_the_first_intake_cell_follows_its_rule_data() {
             return appointmentRows();
         }
 
-        function test_first_intake(data) {
+        function test_the_first_intake_cell_follows_its_rule(data) {
             var item = row(allergyReading(data.before));
 
             item.idate2 = data.date;
@@ -218,11 +218,11 @@ Item {
             }[text];
         }
 
-        function test_review_data() {
+        function test_the_review_cell_follows_its_rule_data() {
             return appointmentRows();
         }
 
-        function test_review(data) {
+        function test_the_review_cell_follows_its_rule(data) {
             var item = row(allergyReading(data.before === "" ? "" : "Oui"));
 
             if (data.before === "Oui" || data.before === "Non") {
@@ -246,7 +246,7 @@ Item {
             ]);
         }
 
-        /// The cell's text and weight, and its colour in both lists.
+        /// Compares the cell's text and weight, and its colour in both lists.
         function compareCell(item, step, data) {
             var shown = cell(item, step);
 

@@ -32,19 +32,19 @@ Item {
             return ofType(item, "PatientsItem").sort(function (a, b) { return a.y - b.y; });
         }
 
-        function test_rows_stand_one_below_the_other() {
+        function test_rows_are_placed_one_below_the_other() {
             var item = list(3);
 
             compare(rows(item).map(function (row) { return row.y; }), [0, 38, 76]);
             compare(rows(item).map(function (row) { return row.text; }), ["PATIENT 1", "PATIENT 2", "PATIENT 3"]);
         }
 
-        function test_selected_gives_id_and_name_and_always_a_man_data() {
+        function test_selected_passes_id_name_and_always_male_data() {
             return [{ tag: "man", index: 0, id: "1", name: "PATIENT 1" },
                     { tag: "woman", index: 1, id: "2", name: "PATIENT 2" }];
         }
 
-        function test_selected_gives_id_and_name_and_always_a_man(data) {
+        function test_selected_passes_id_name_and_always_male(data) {
             var item = list(2);
             var selected = spy(item, "selected");
 
@@ -58,14 +58,14 @@ Item {
             compare(part(list(4), "").__verticalScrollBar.visible, false);
         }
 
-        function test_rows_beyond_the_fourth_are_scrolled_to() {
+        function test_rows_after_the_fourth_can_be_scrolled_to() {
             var item = list(10);
 
             mouseWheel(item, 100, 100, 0, -1200);
             tryVerify(function () { return item.flickableItem.contentY > 0; });
         }
 
-        function test_first_row_is_opened_and_given_the_keyboard() {
+        function test_the_first_row_can_be_opened_and_focused() {
             var item = list(2);
             var selected = spy(item, "selected");
 
@@ -75,7 +75,7 @@ Item {
             compare(selected.signalArguments[0][0], "1");
         }
 
-        function test_no_first_row_opens_nothing() {
+        function test_without_rows_nothing_is_opened() {
             var item = list(0);
             var selected = spy(item, "selected");
 
@@ -83,7 +83,7 @@ Item {
             compare(selected.count, 0);
         }
 
-        function test_list_has_a_role_and_a_name() {
+        function test_the_list_has_a_role_and_a_name() {
             var accessible = Native.accessible(list(1));
 
             compare(accessible.role, "List");

@@ -7,7 +7,7 @@ Item {
     width: 400
     height: 760
 
-    // A name is data: whatever is typed is stored and shown as typed.
+    // Names are stored and shown exactly as typed.
     MainTestCase {
         name: "PlainText"
         stage: desk
@@ -49,12 +49,12 @@ Item {
             compare(Native.accessible(ofType(row, "Clickable")[0]).name, data.given);
         }
 
-        function test_a_stored_name_is_edited_as_it_is_data() {
+        function test_a_stored_name_is_edited_unchanged_data() {
             return names();
         }
 
-        // A field of one line shows line ends as separators.
-        function test_a_stored_name_is_edited_as_it_is(data) {
+        // A single-line field shows line breaks as separators.
+        function test_a_stored_name_is_edited_unchanged(data) {
             givenPatients([{ id: 1, name: data.given, created: "2014-04-10", phone: "06" }]);
             start();
             main.openPatient("1");
@@ -92,7 +92,7 @@ Item {
             compare(Native.rows("SELECT name FROM Patients"), [{ name: data.given }]);
         }
 
-        function test_a_failing_search_shows_nothing_and_the_next_one_works() {
+        function test_a_failing_search_shows_no_results_and_the_next_one_works() {
             givenPatients([{ id: 1, name: "DUPONT" }]);
             start();
             expectedWarnings = ["database is locked", "cannot start a transaction"];

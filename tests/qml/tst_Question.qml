@@ -14,7 +14,7 @@ Item {
 
         readonly property string asked: "Avez-vous compris ?"
 
-        /// A question, unfolded and at rest.
+        /// An expanded question whose animations are over.
         function unfolded() {
             var item = load("Question", { text: asked, checked: true });
 
@@ -22,7 +22,7 @@ Item {
             return item;
         }
 
-        function test_height_is_animated_while_its_target_is_reached_at_once() {
+        function test_the_height_is_animated_and_its_target_changes_at_once() {
             var item = load("Question", { text: asked });
 
             tryCompare(item, "height", 60);
@@ -37,13 +37,13 @@ Item {
             tryCompare(item, "height", 0);
         }
 
-        function test_no_answer_no_short_answer() {
+        function test_a_question_without_an_answer_shows_no_short_answer() {
             var item = load("Question", { text: asked });
 
             compare(part(item, "part shortAnswer").text, "");
         }
 
-        function test_a_click_on_the_row_unfolds_and_folds() {
+        function test_a_click_on_the_row_expands_and_collapses_the_question() {
             var item = load("Question", { text: asked });
 
             tryCompare(item, "height", 60);
@@ -69,7 +69,7 @@ Item {
             compare(item.no.checked, data.tag === "Non");
         }
 
-        function test_switching_saves_twice_and_last_with_the_new_answer_data() {
+        function test_switching_saves_twice_and_the_second_time_the_new_answer_data() {
             return [
                 { tag: "to Non by mouse", from: "Oui", to: "Non" },
                 { tag: "to Oui by mouse", from: "Non", to: "Oui" },
@@ -80,7 +80,7 @@ Item {
             ];
         }
 
-        function test_switching_saves_twice_and_last_with_the_new_answer(data) {
+        function test_switching_saves_twice_and_the_second_time_the_new_answer(data) {
             var item = unfolded();
             var seen = [];
 
@@ -98,7 +98,7 @@ Item {
             compare(seen[1], data.to === "Oui" ? "true,false" : "false,true");
         }
 
-        function test_unticking_by_program_saves_once_more() {
+        function test_unticking_by_script_saves_once_more() {
             var item = unfolded();
             var saved;
 
@@ -122,7 +122,7 @@ Item {
             compare(item.no.checked, true);
         }
 
-        function test_folded_answers_are_out_of_the_keyboards_reach() {
+        function test_collapsed_answers_cannot_be_focused() {
             var item = load("Question", { text: asked });
 
             tryCompare(item, "height", 60);

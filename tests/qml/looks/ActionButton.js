@@ -1,4 +1,4 @@
-// The wide coloured button, alone.
+// The wide coloured button.
 var type = "ActionButton";
 var properties = { text: "Enregistrer", width: 138 };
 var icon = { image: "qrc:/images/yes-white.png" };

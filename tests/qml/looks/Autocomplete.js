@@ -1,4 +1,4 @@
-// The search bar, alone.
+// The search bar.
 var type = "Autocomplete";
 var properties = { placeholder: "NOM Prénom", width: 275 };
 

@@ -1,4 +1,4 @@
-// The SMS button of a table row, alone.
+// The SMS button of a table row.
 var type = "ButtonSMS";
 var properties = {};
 

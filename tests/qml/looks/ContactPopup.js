@@ -1,4 +1,4 @@
-// The contact popup. Its telephone number stands in it twice.
+// The contact popup. It shows the telephone number twice.
 var type = "ContactPopup";
 var properties = {};
 

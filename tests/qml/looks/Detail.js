@@ -1,4 +1,4 @@
-// The patient editor under its name bar. Each patient has come another way along the pathway.
+// The patient editor below its name bar. Each patient has reached a different step of the pathway.
 var type = "Detail";
 var properties = {};
 var patients = [

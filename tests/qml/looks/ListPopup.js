@@ -1,4 +1,4 @@
-// The patient list: two of its four patients wait, the first of them without an answer.
+// The patient list: two of its four patients are waiting, the first of them without an answer.
 var type = "ListPopup";
 var properties = {};
 var patients = [
@@ -16,7 +16,7 @@ var elsewhere = ["hover", "text Nom du patient"];
 
 var states = {
     "waiting tab": {},
-    "nobody waits": { patients: [] },
+    "no patient waits": { patients: [] },
     "more than fit wait": { patients: many },
     "waiting tab, its tab hovered": { steps: [["hover", "part waitingTab"]] },
     "waiting tab, other tab hovered": { steps: [["hover", "part allTab"]] },
@@ -155,10 +155,10 @@ var rows = [
                  "text Envoi SMS in " + rowC, "text Envoi SMS in " + rowD, "part test in " + rowA,
                  "part rdv1 in " + rowB], { color: "#002357" }],
     ["all tab, other tab hovered", "part waitingTab", { color: "#ffb4bd" }],
-    ["nobody waits", "type WaitingBadge", { opacity: 0 }],
-    ["nobody waits", "text 0", { "font.bold": true }],
-    ["nobody waits", "type PatientTable", { color: "#f9f9f9" }],
-    ["nobody waits", "shown groove", { width: 4 }],
+    ["no patient waits", "type WaitingBadge", { opacity: 0 }],
+    ["no patient waits", "text 0", { "font.bold": true }],
+    ["no patient waits", "type PatientTable", { color: "#f9f9f9" }],
+    ["no patient waits", "shown groove", { width: 4 }],
     ["waiting tab, selected", "type TickMark in control Tout sélectionner", { color: "#95a3b8" }],
     ["waiting tab, selected", "picture tiny-tick.png in control Tout sélectionner", { visible: true }],
     ["waiting tab, selected", "type TickMark in control Sélectionner A", { color: "#6888b9" }],

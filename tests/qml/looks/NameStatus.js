@@ -1,4 +1,4 @@
-// The name bar of the editor, alone.
+// The name bar of the editor.
 var type = "NameStatus";
 var properties = { width: 275 };
 

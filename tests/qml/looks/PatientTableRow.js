@@ -1,4 +1,4 @@
-// One row of the patient table, alone. Its columns are fractions of its width of 798.
+// One row of the patient table. Its columns are fractions of its width of 798.
 var type = "PatientTableRow";
 var properties = { iid: "7", iname: "DUPONT Marie", icreated: "10/04/2014", iphone: "06 11 22 33 44" };
 var coloured = { rowColor: "#111111", pairRowColor: "#222222", rowColorHovered: "#333333",

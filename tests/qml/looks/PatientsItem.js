@@ -1,4 +1,4 @@
-// One row of the main widget, alone.
+// One row of the main widget.
 var type = "PatientsItem";
 var properties = { text: "DUPONT Marie", width: 275 };
 

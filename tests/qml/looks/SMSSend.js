@@ -1,4 +1,4 @@
-// The bar at the foot of the editor that leads to the SMS service, alone.
+// The bar at the bottom of the editor that opens the SMS service.
 var type = "SMSSend";
 var properties = {};
 

@@ -1,4 +1,4 @@
-// A gate of the pathway, alone.
+// A gate of the pathway.
 var type = "StepButton";
 var properties = {};
 

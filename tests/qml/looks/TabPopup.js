@@ -1,4 +1,4 @@
-// One tab of the patient list, alone.
+// One tab of the patient list.
 var type = "TabPopup";
 var properties = { title: "Onglet", width: 200, height: 42 };
 

@@ -1,5 +1,4 @@
-// The main widget without a patient, over one who waits and one who does not, over five women, and with its editor
-// open.
+// The main widget without patients, with one waiting and one other patient, with five women, and with its editor open.
 var type = "main";
 var properties = {};
 var waiting = [{ id: 1, name: "DUPONT Marie", created: "2014-04-10", notification_date: "2014-05-12" },
@@ -11,7 +10,7 @@ var open = [["call", "openPatient", "1"], ["until", "type Container", "height", 
 var states = {
     "start": { patients: [] },
     "one waits": { patients: waiting },
-    "nobody found": { patients: waiting, steps: [["type", "control Rechercher un patient", "x"]] },
+    "no match": { patients: waiting, steps: [["type", "control Rechercher un patient", "x"]] },
     "found": { patients: five, steps: found.concat([["hover", "control DUB"]]) },
     "creation link hovered": { patients: [], steps: [["hover", "control Nouvelle fiche patient"]] },
     "waiting link hovered": { patients: waiting, steps: [["hover", "control Liste des patients en attente (1)"]] },
@@ -80,11 +79,11 @@ var rows = [
     ["list pressed", "picture table.png", { opacity: 0.5 }],
     ["cross hovered", cross, { opacity: 0.66 }],
     ["cross pressed", cross, { opacity: 0.5 }],
-    ["nobody found", "text Créer la fiche patient", { "font.bold": true }],
-    ["nobody found", "picture add.png", { visible: true }],
-    ["nobody found", "", { height: 174 }],
-    ["nobody found", "type PatientsResults", { visible: false }],
-    ["nobody found", resultsPane, { opacity: 0 }],
+    ["no match", "text Créer la fiche patient", { "font.bold": true }],
+    ["no match", "picture add.png", { visible: true }],
+    ["no match", "", { height: 174 }],
+    ["no match", "type PatientsResults", { visible: false }],
+    ["no match", resultsPane, { opacity: 0 }],
     ["creation link hovered", "part background in " + creation, { color: "#dfdfdf" }],
     ["creation link hovered", "picture next.png in " + creation, { visible: true }],
     ["found", resultsPane, { behavior: "number 500 InOutQuad", opacity: 1 }],

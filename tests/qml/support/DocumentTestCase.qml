@@ -1,7 +1,7 @@
 import QtQuick 2.2
 import QtTest 1.1
 
-// A test of one document: loads it into the window, finds its parts by what they are and show, and fails on warnings.
+// A test of one document: loads it into the window, finds its parts by type, name or text, and fails on warnings.
 TestCase {
     id: testCase
 
@@ -17,7 +17,7 @@ TestCase {
     }
 
     function cleanup() {
-        // What the window-less platform says of itself when a menu opens is no warning of the program's.
+        // The offscreen platform logs this when a menu opens; it is not a warning of the program.
         var allowed = expectedWarnings.concat("This plugin does not support grabbing");
         var unexpected = Native.takeWarnings().filter(function (text) {
             return !allowed.some(function (part) { return text.indexOf(part) >= 0; });
@@ -33,7 +33,7 @@ TestCase {
         compare(unexpected, [], "warnings in the log");
     }
 
-    /// What a test file does before and after each of its tests.
+    /// Test files override these to run code before and after each test.
     function prepare() {}
     function finish() {}
 
@@ -41,11 +41,11 @@ TestCase {
         var file = testCase.name + "-" + qtest_results.functionName + ".png";
 
         if (Native.saveWindow(stage, file)) {
-            console.info("The window at the failure: " + file);
+            console.info("Screenshot of the failure: " + file);
         }
     }
 
-    /// The document of that name, deleted after the test.
+    /// Creates the document of that name; deleted after the test.
     function load(name, properties) {
         var component = Qt.createComponent("qrc:/qml/" + name + ".qml");
 
@@ -78,7 +78,7 @@ TestCase {
             .indexOf(Native.typeName(item)) >= 0;
     }
 
-    /// The one text item of that text.
+    /// The only text item with that text.
     function textItem(item, text) {
         return only(where(item, function (each) { return isText(each) && each.text === text; }), "text " + text);
     }
@@ -91,12 +91,12 @@ TestCase {
         return Native.typeName(item) === "Image" && item.source.toString() === "qrc:/images/" + file;
     }
 
-    /// The one picture of that file.
+    /// The only picture of that file.
     function picture(item, file) {
         return only(where(item, function (each) { return isPicture(each, file); }), "picture " + file);
     }
 
-    /// The one control of that accessible name.
+    /// The only control with that accessible name.
     function named(item, name) {
         return only(namedAll(item, name), "control " + name);
     }
@@ -108,7 +108,7 @@ TestCase {
         });
     }
 
-    /// All items of a type written in the documents, in order.
+    /// All items of a QML type, in document order.
     function ofType(item, type) {
         return where(item, function (each) { return Native.typeName(each) === type; });
     }
@@ -117,14 +117,14 @@ TestCase {
         return ["Clickable", "TableTick", "ImageButton", "InputField", "AnswerBox"].indexOf(Native.typeName(item)) >= 0;
     }
 
-    /// The part of the document that a path names, its outermost step last: "picture cross.png in control Fermer".
+    /// The part of the document with that path, outermost step last: "picture cross.png in control Fermer".
     function part(document, path) {
         return path === "" ? document : path.split(" in ").reduceRight(function (item, name) {
             return only(candidates(item, name), name);
         }, document);
     }
 
-    /// The same without a failure: null when the path names nothing, or more than one thing.
+    /// The same, but null instead of a failure when the path matches no item or more than one.
     function findPart(document, path) {
         return path === "" ? document : path.split(" in ").reduceRight(function (item, name) {
             var found = item ? candidates(item, name) : [];
@@ -133,8 +133,8 @@ TestCase {
         }, document);
     }
 
-    /// What one step of a path may mean: "text Oui" and the like by what is to be read, "type Container" by its type,
-    /// "part topRow" by its objectName, "shown groove" the same as long as it is visible.
+    /// The items that match one step of a path: "text Oui" and the like by their text, "type Container" by type,
+    /// "part topRow" by objectName, "shown groove" by objectName among visible items.
     function candidates(item, name) {
         var words = name.split(" ");
         var rest = words.slice(1).join(" ");
@@ -155,22 +155,22 @@ TestCase {
         case "input": return where(item, isInput);
         case "menu": return menuItems(item).slice(words[2] - 1, words[2]);
         }
-        fail("What is " + name + "?");
+        fail("Unknown path: " + name);
     }
 
-    /// The items of the menu that an item holds.
+    /// The items of an item's menu.
     function menuItems(item) {
         return Array.prototype.slice.call(item.resources).reduce(function (found, each) {
             return each.items === undefined ? found : found.concat(Array.prototype.slice.call(each.items));
         }, []);
     }
 
-    /// The bare line of text inside a field.
+    /// Whether the item is the TextInput inside a field.
     function isInput(item) {
         return item.hasOwnProperty("echoMode") && item.hasOwnProperty("cursorDelegate");
     }
 
-    /// A property by its dotted name; edges and middles are measured in the document.
+    /// The value of a property by its dotted name; edges and centres are in document coordinates.
     function look(document, item, property) {
         switch (property) {
         case "left": return item.mapToItem(document, 0, 0).x;
@@ -215,12 +215,12 @@ TestCase {
         return Native.focusItem(item) === item;
     }
 
-    /// Types a text where the keyboard is.
+    /// Types a text into the focused item.
     function type(text) {
         text.split("").forEach(function (letter) { keyClick(letter); });
     }
 
-    /// Makes the store hold these patients and no other; what a record leaves out has the table's own default.
+    /// Replaces the store's patients with these; missing values get the table's defaults.
     function givenPatients(records) {
         load("Autocomplete", { visible: false });
         Native.rows("DELETE FROM Patients");
@@ -233,7 +233,7 @@ TestCase {
         });
     }
 
-    /// The stored row of that id.
+    /// The stored row with that id.
     function stored(id) {
         return Native.rows("SELECT * FROM Patients WHERE id = ?", [id])[0];
     }

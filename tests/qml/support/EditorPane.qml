@@ -1,7 +1,7 @@
 import QtQuick 2.2
 import "qrc:/qml"
 
-// The patient editor under its name bar, bound to it as the main widget binds them.
+// The patient editor below its name bar, bound to it as in the main document.
 Item {
     property alias detail: detail
     property alias nameBar: nameBar

@@ -16,7 +16,7 @@ DocumentTestCase {
         pane = createTemporaryObject(component, stage);
     }
 
-    /// Stores one patient of id 1 with these fields and opens him.
+    /// Stores one patient with id 1 and these fields, and opens it.
     function openPatient(fields) {
         var record = { id: 1, name: "DUPONT Marie", genderMale: 1, phone: "0612", created: "2014-04-10",
                        notification_date: "2014-09-15" };
@@ -30,7 +30,7 @@ DocumentTestCase {
         compare(detail.loaded, true);
     }
 
-    /// Waits until every part has its target height; one that grows can hide another that shrinks from the sum.
+    /// Waits until every part has its target height: in the sum, a growing part can compensate a shrinking one.
     function rest() {
         tryVerify(function () {
             return parts().every(function (part) { return part.height === part.internalHeight; });
@@ -57,7 +57,7 @@ DocumentTestCase {
     function cancelButton() { return part(detail, "part cancel"); }
     function sms() { return ofType(detail, "SMSSend")[0]; }
 
-    /// What the answer boxes of a question show: "Oui", "Non", "" or, wrongly, "both".
+    /// The ticked answer of a question: "Oui", "Non", "" or, on an error, "both".
     function answerOf(key) {
         var yes = question(key).yes.checked;
         var no = question(key).no.checked;
@@ -69,7 +69,7 @@ DocumentTestCase {
         return keys.map(answerOf);
     }
 
-    /// Clicks an answer, unfolding its question first.
+    /// Clicks an answer; expands its question first.
     function answer(key, text) {
         rest();
         if (!question(key).checked) {

@@ -5,7 +5,7 @@ DocumentTestCase {
     readonly property string waitingTitle: "Patients en attente"
     readonly property string allTitle: "Liste de tous les patients"
 
-    /// Patients of these names; those of the second list are not waiting.
+    /// Stores patients with these names; those of the second list are not waiting.
     function givenNames(waiting, others) {
         givenPatients(waiting.map(function (name) {
             return { name: name, notification_date: "2014-05-12" };
@@ -14,7 +14,7 @@ DocumentTestCase {
         })));
     }
 
-    /// The table's rows from top to bottom, as far as the list has made them.
+    /// The table's existing rows from top to bottom.
     function rows(popup) {
         listOf(popup).forceLayout();
         return ofType(popup, "PatientTableRow").sort(function (a, b) { return a.y - b.y; });

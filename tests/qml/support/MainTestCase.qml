@@ -4,7 +4,7 @@ import QtQuick 2.2
 DocumentTestCase {
     property Item main
 
-    /// The main widget as it starts, over the patients that the store holds.
+    /// Starts the main document with the patients of the store.
     function start() {
         main = load("main");
         return main;
@@ -13,14 +13,14 @@ DocumentTestCase {
     function frame() { return ofType(main, "Container")[0]; }
     function detail() { return ofType(main, "Detail")[0]; }
     function listPane() { return part(main, "part listPane"); }
-    /// What holds the results, from the first letter on.
+    /// The loader of the results, active from the first letter on.
     function results() { return part(main, "part results"); }
     function searchBar() { return ofType(main, "Autocomplete")[0]; }
     function nameBar() { return ofType(main, "NameStatus")[0]; }
     function search() { return named(main, "Rechercher un patient"); }
     function nameField() { return named(main, "Nom du patient"); }
 
-    /// The menu of the frame and one of its items.
+    /// The frame's menu, and one of its items.
     function menu() {
         return only(listOf(frame().resources).filter(function (each) { return each.items !== undefined; }), "menu");
     }
@@ -44,13 +44,13 @@ DocumentTestCase {
             .map(function (row) { return row.text; });
     }
 
-    /// Waits until the editor or the list has slid in.
+    /// Waits until the editor or the list has finished sliding.
     function settle() {
         tryCompare(nameBar(), "opacity", main.state === "open" ? 1 : 0);
         tryCompare(frame(), "height", frame().internalHeight);
     }
 
-    /// Opens a stored patient, as a click on its row does.
+    /// Opens a stored patient, like a click on its row.
     function openFile(id) {
         main.openPatient(id);
         compare(detail().loaded, true);

@@ -52,14 +52,14 @@ QVariantMap animationLook(const QObject *animation)
 
 } // namespace
 
-/// A time of the animations that stands still but for `pass`: a busy machine shows them at each moment all the same.
+/// An animation clock that advances only in `pass`: even a busy machine shows every moment of an animation.
 class Native::HeldTime : public QAnimationDriver
 {
 public:
     HeldTime()
     {
         install();
-        // Between two animations the time would be the clock's again.
+        // Without a running animation, the driver would return to the real clock.
         m_endless.setEndValue(1.0);
         m_endless.setLoopCount(-1);
         m_endless.start();
@@ -171,7 +171,7 @@ bool Native::lockStore(const QString &kind)
     QSqlQuery query(QSqlDatabase::database("observer"));
     if (kind == "exclusive")
         return query.exec("BEGIN EXCLUSIVE");
-    // A read inside an open transaction holds the shared lock that keeps others from committing.
+    // A read inside an open transaction holds a shared lock, which keeps others from committing.
     return query.exec("BEGIN") && query.exec("SELECT COUNT(*) FROM Patients") && query.next();
 }
 
@@ -192,7 +192,7 @@ QStringList Native::takeOpenedAddresses()
 bool Native::saveWindow(QObject *itemOfWindow, const QString &fileName) const
 {
     const auto *item = qobject_cast<QQuickItem *>(itemOfWindow);
-    // Of the screen: the software renderer gives an empty picture of a window that has nothing new to draw.
+    // Grabs the screen: the software renderer returns an empty picture of a window without changes.
     return item && item->window() && item->window()->screen()->grabWindow(item->window()->winId()).save(fileName);
 }
 
@@ -252,7 +252,7 @@ QVariantList Native::behaviors(QObject *object) const
     for (QObject *child : object->children()) {
         if (!child->inherits("QQuickBehavior"))
             continue;
-        // The animation is made only when it first runs.
+        // The animation is created when it first runs.
         qmlExecuteDeferred(child);
         found.append(animationLook(child->property("animation").value<QObject *>()));
     }
@@ -282,7 +282,7 @@ void Native::releaseAnimations()
 
 void Native::passTime(int milliseconds)
 {
-    // An animation that has just been started joins in with the next step of the time.
+    // A newly started animation advances from the next step on.
     QCoreApplication::processEvents();
     m_heldTime->pass(0);
     QCoreApplication::processEvents();
