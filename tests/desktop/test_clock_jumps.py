@@ -68,7 +68,7 @@ class Clock(DesktopTest):
         self.assertEqual(self.store.patient("Dupont"), before)
         self.assertEqual(self.stored("Martin", "created", "notification_date"), ("2015-06-01", "2015-06-01"))
 
-    def test_the_day_changes_while_it_runs(self):
+    def test_the_first_tick_of_a_new_day_refreshes(self):
         self.store.seed({"name": "Dupont", "created": "2014-04-10", "notification_date": "2014-05-13"})
         # The program's clock and timers run 900 times as fast: its hour is four seconds.
         widget = self.start(environment={"TZ": "UTC"}, clock="2014-05-12 21:30:00", speed=900)
