@@ -1,8 +1,12 @@
 #include "draggablequickview.h"
 
+#include "dragplace.h"
 #include "focuser.h"
+#include "screenunit.h"
 
 #include <QMouseEvent>
+#include <QQuickItem>
+#include <QScreen>
 
 DraggableQuickView::DraggableQuickView(bool staysOnTop)
     : focuser(new Focuser(this))
@@ -13,6 +17,9 @@ DraggableQuickView::DraggableQuickView(bool staysOnTop)
     } else {
         setFlags(Qt::FramelessWindowHint);
     }
+    // On a screen of another density the window system's rounding would stay.
+    connect(
+        this, &QWindow::screenChanged, this, [this] { resize(documentSize()); }, Qt::QueuedConnection);
 }
 
 DraggableQuickView::~DraggableQuickView()
@@ -50,13 +57,29 @@ void DraggableQuickView::mousePressEvent(QMouseEvent *event)
 void DraggableQuickView::mouseMoveEvent(QMouseEvent *event)
 {
     if (event->buttons().testFlag(Qt::LeftButton) && dragging) {
-        // The window follows the pointer, so the pointer comes back to dragPosition, which therefore stays.
-        // position() may be ahead of the window manager: a real event knows where the window was when it happened.
-        const QPoint origin = event->spontaneous() ? event->globalPos() - event->pos() : position();
-        setPosition(origin + event->pos() - dragPosition);
+        // position() may be ahead of the window manager: a real event knows where the pointer is on the screen.
+        const QPoint place = event->spontaneous() ? placeBelow(event->globalPos())
+                                                  : position() + event->pos() - dragPosition;
+        // With its size, which the window loses by the way to a screen of another density.
+        setGeometry(QRect(place, documentSize()));
         return;
     }
     QQuickView::mouseMoveEvent(event);
+}
+
+QPoint DraggableQuickView::placeBelow(QPoint pointer) const
+{
+    QVector<ScreenArea> areas{{screen()->geometry(), screenUnit(*screen())}};
+    const QList<QScreen *> siblings = screen()->virtualSiblings();
+    for (const QScreen *each : siblings) {
+        areas.append({each->geometry(), screenUnit(*each)});
+    }
+    return dragPlace(pointer, dragPosition, documentSize(), areas);
+}
+
+QSize DraggableQuickView::documentSize() const
+{
+    return rootObject() ? rootObject()->size().toSize() : size();
 }
 
 void DraggableQuickView::mouseReleaseEvent(QMouseEvent *event)

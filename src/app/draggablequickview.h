@@ -32,6 +32,9 @@ protected:
 private:
     Q_DISABLE_COPY(DraggableQuickView)
 
+    QPoint placeBelow(QPoint pointer) const;
+    QSize documentSize() const;
+
     bool dragging = false;
     QPoint dragPosition;
     Focuser *focuser;

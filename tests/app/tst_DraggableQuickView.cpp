@@ -131,6 +131,8 @@ private slots:
     void a_press_alone_does_not_arm();
     void press_position_is_the_corner_before_any_press();
     void window_can_leave_the_screen_on_the_left();
+    void drag_gives_the_window_the_size_of_its_document_back();
+    void another_screen_gives_the_window_the_size_of_its_document_back();
     void show_brings_the_window_to_the_front();
     void showing_the_window_again_raises_it_again();
     void the_focuser_shows_and_raises_twice();
@@ -317,6 +319,29 @@ void tst_DraggableQuickView::window_can_leave_the_screen_on_the_left()
     window.press({40, 30});
     window.pointTo({-60, -70});
     QCOMPARE(window.position(), QPoint(-100, -100));
+}
+
+void tst_DraggableQuickView::drag_gives_the_window_the_size_of_its_document_back()
+{
+    Window window;
+    window.setContent({}, nullptr, new QQuickItem);
+    window.rootObject()->setSize({275, 174});
+    window.resize(137, 87);
+    window.document.arms = true;
+    window.press({40, 30});
+    window.move({45, 30});
+    QCOMPARE(window.geometry(), QRect(105, 80, 275, 174));
+}
+
+void tst_DraggableQuickView::another_screen_gives_the_window_the_size_of_its_document_back()
+{
+    Window window;
+    window.setContent({}, nullptr, new QQuickItem);
+    window.rootObject()->setSize({275, 174});
+    QCoreApplication::processEvents(); // which ends the sizing to a new document
+    window.resize(274, 174);
+    emit window.screenChanged(window.screen());
+    QTRY_COMPARE(window.size(), QSize(275, 174));
 }
 
 void tst_DraggableQuickView::show_brings_the_window_to_the_front()

@@ -35,7 +35,8 @@ KNOWS = {
 }
 # The documents that all windows share know none of them, and the folder of a window knows no other window's.
 SHARED_DOCUMENTS = {"style": set(), "base": {"src/qml/style"}}
-VIEW = ("draggablequickview", "focuser", "focuser_linux", "focuser_mac")
+VIEW = ("draggablequickview", "dragplace", "focuser", "focuser_linux", "focuser_mac", "screenunit", "screenunit_linux",
+        "screenunit_mac")
 PROGRAMS = {"src/app/main.cpp": "program", "src/restore/main.cpp": "restore program"}
 
 
