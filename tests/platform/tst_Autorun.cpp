@@ -34,7 +34,7 @@ QByteArray python(const QString &script, const QStringList &arguments)
     return process.readAllStandardOutput();
 }
 
-/// The list as a reader that is not ours sees it: for each key its type and its value, in the file's order.
+/// The list as an independent reader sees it: the type and value of each key, in the file's order.
 QJsonArray independentlyRead()
 {
     return QJsonDocument::fromJson(
@@ -56,7 +56,7 @@ QJsonArray independentlyRead(const QString &key)
     return {};
 }
 
-/// Writes a list with a writer that is not ours; \a values is Python.
+/// Writes a list with an independent writer; \a values is Python code.
 void independentlyWrite(const QString &values)
 {
     QVERIFY(QDir().mkpath(agentsFolder()));
@@ -98,24 +98,24 @@ private slots:
     void switching_on_is_read_back();
     void switching_off_keeps_the_list_disabled();
     void each_key_has_its_type_and_value();
-    void the_program_is_told_startup_and_nothing_else();
-    void the_program_is_written_at_each_change();
-    void a_foreign_list_is_read_data();
-    void a_foreign_list_is_read();
+    void startup_is_the_only_argument_of_the_program();
+    void each_change_writes_the_program_again();
+    void a_list_of_another_writer_is_read_data();
+    void a_list_of_another_writer_is_read();
     void a_list_without_the_key_disabled_is_off();
     void a_broken_list_is_off_data();
     void a_broken_list_is_off();
     void a_broken_list_is_repaired_by_switching();
     void an_unreadable_list_is_off();
-    void an_edit_by_hand_counts_at_the_next_query();
-    void an_edit_of_the_same_size_and_time_counts_too();
+    void a_manual_edit_counts_at_the_next_query();
+    void a_manual_edit_of_the_same_size_and_time_counts_too();
     void a_removed_list_counts_at_the_next_query();
-    void the_keys_of_others_survive_a_change();
-    void an_edit_between_two_changes_survives();
+    void unknown_keys_survive_a_change();
+    void a_manual_edit_between_two_changes_survives();
     void two_controllers_see_each_other();
-    void the_list_is_its_owners_alone();
+    void the_list_is_accessible_to_its_owner_only();
     void nothing_else_stays_in_the_folder();
-    void a_failing_write_is_not_taken_for_done();
+    void a_failed_write_leaves_launch_at_login_off();
 };
 
 void tst_Autorun::init()
@@ -127,7 +127,7 @@ void tst_Autorun::init()
 void tst_Autorun::without_a_list_it_is_off()
 {
     QVERIFY(!Autorun().isAutorun());
-    QVERIFY2(!QFileInfo::exists(listPath()), "asking must not write");
+    QVERIFY2(!QFileInfo::exists(listPath()), "a query must not write");
 }
 
 void tst_Autorun::switching_on_is_read_back()
@@ -161,7 +161,7 @@ void tst_Autorun::each_key_has_its_type_and_value()
     QCOMPARE(independentlyRead(), expected);
 }
 
-void tst_Autorun::the_program_is_told_startup_and_nothing_else()
+void tst_Autorun::startup_is_the_only_argument_of_the_program()
 {
     Autorun().setAutorun(true);
     const QJsonArray arguments = independentlyRead("ProgramArguments").at(2).toArray();
@@ -169,7 +169,7 @@ void tst_Autorun::the_program_is_told_startup_and_nothing_else()
     QCOMPARE(arguments.at(1).toString(), QString("startup"));
 }
 
-void tst_Autorun::the_program_is_written_at_each_change()
+void tst_Autorun::each_change_writes_the_program_again()
 {
     independentlyWrite("{'Label': 'old', 'Program': '/gone/tandry', 'Disabled': False, 'RunAtLoad': False,"
                        " 'ProgramArguments': ['/gone/tandry']}");
@@ -181,7 +181,7 @@ void tst_Autorun::the_program_is_written_at_each_change()
     QCOMPARE(independentlyRead("RunAtLoad").at(2), QJsonValue(true));
 }
 
-void tst_Autorun::a_foreign_list_is_read_data()
+void tst_Autorun::a_list_of_another_writer_is_read_data()
 {
     QTest::addColumn<QString>("values");
     QTest::addColumn<bool>("on");
@@ -198,7 +198,7 @@ void tst_Autorun::a_foreign_list_is_read_data()
     QTest::newRow("empty list") << "{}" << false;
 }
 
-void tst_Autorun::a_foreign_list_is_read()
+void tst_Autorun::a_list_of_another_writer_is_read()
 {
     QFETCH(QString, values);
     independentlyWrite(values);
@@ -250,7 +250,7 @@ void tst_Autorun::an_unreadable_list_is_off()
     Autorun autorun;
     autorun.setAutorun(true);
     QVERIFY(QFile::setPermissions(listPath(), QFile::Permissions()));
-    // A superuser reads everything, so ask as somebody else.
+    // root can read every file: query as another user.
     const bool superuser = geteuid() == 0;
     if (superuser)
         QCOMPARE(seteuid(65534), 0);
@@ -262,7 +262,7 @@ void tst_Autorun::an_unreadable_list_is_off()
     QVERIFY(!on);
 }
 
-void tst_Autorun::an_edit_by_hand_counts_at_the_next_query()
+void tst_Autorun::a_manual_edit_counts_at_the_next_query()
 {
     Autorun autorun;
     autorun.setAutorun(true);
@@ -273,7 +273,7 @@ void tst_Autorun::an_edit_by_hand_counts_at_the_next_query()
     QVERIFY(autorun.isAutorun());
 }
 
-void tst_Autorun::an_edit_of_the_same_size_and_time_counts_too()
+void tst_Autorun::a_manual_edit_of_the_same_size_and_time_counts_too()
 {
     Autorun autorun;
     autorun.setAutorun(true);
@@ -307,7 +307,7 @@ void tst_Autorun::a_removed_list_counts_at_the_next_query()
     QCOMPARE(independentlyRead().size(), 5);
 }
 
-void tst_Autorun::the_keys_of_others_survive_a_change()
+void tst_Autorun::unknown_keys_survive_a_change()
 {
     independentlyWrite("{'Disabled': True, 'ThrottleInterval': 30, 'LimitLoadToSessionType': ['Aqua', 'Background'],"
                        " 'EnvironmentVariables': {'LANG': 'fr_FR.UTF-8', 'A/B': 'é & <x>'}, 'Ratio': 0.123456789,"
@@ -327,7 +327,7 @@ void tst_Autorun::the_keys_of_others_survive_a_change()
     QCOMPARE(wrong.trimmed(), QByteArray("same"));
 }
 
-void tst_Autorun::an_edit_between_two_changes_survives()
+void tst_Autorun::a_manual_edit_between_two_changes_survives()
 {
     Autorun autorun;
     autorun.setAutorun(true);
@@ -347,7 +347,7 @@ void tst_Autorun::two_controllers_see_each_other()
     QVERIFY(!first.isAutorun());
 }
 
-void tst_Autorun::the_list_is_its_owners_alone()
+void tst_Autorun::the_list_is_accessible_to_its_owner_only()
 {
     const mode_t before = umask(077);
     Autorun().setAutorun(true);
@@ -368,9 +368,9 @@ void tst_Autorun::nothing_else_stays_in_the_folder()
     QCOMPARE(QDir(agentsFolder()).entryList(everything), QStringList{"com.olmeric.vesktandry.plist"});
 }
 
-void tst_Autorun::a_failing_write_is_not_taken_for_done()
+void tst_Autorun::a_failed_write_leaves_launch_at_login_off()
 {
-    // A file stands where the folder should be.
+    // A file in place of the folder.
     QFile obstacle(home->home() + "/Library");
     QVERIFY(obstacle.open(QIODevice::WriteOnly));
     obstacle.close();

@@ -23,8 +23,8 @@ QByteArray entry()
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-/// What the desktop's own library reads in the entry: the program that has to be there, then the command line, one
-/// argument a line.
+/// The entry as the desktop's library reads it: the program of TryExec, then the command line, one argument on each
+/// line.
 QByteArrayList commandLine()
 {
     QProcess process;
@@ -51,7 +51,7 @@ int mode(const QString &path)
 
 } // namespace
 
-/// The desktop's autostart entry, which makes launch at login work where no launchd reads the property list.
+/// The desktop's autostart entry: launch at login on systems where no launchd reads the property list.
 class tst_AutostartEntry : public QObject
 {
     Q_OBJECT
@@ -59,16 +59,16 @@ class tst_AutostartEntry : public QObject
 private slots:
     void init();
 
-    void switched_on_it_starts_the_program();
-    void switched_off_it_stays_but_hidden();
-    void asking_writes_nothing();
-    void it_follows_a_list_that_was_edited_by_hand();
-    void it_is_no_state_of_its_own();
-    void it_follows_a_list_that_could_not_be_written();
-    void any_path_reaches_the_desktop_whole_data();
-    void any_path_reaches_the_desktop_whole();
-    void the_path_is_quoted_as_the_desktops_agree();
-    void it_is_its_owners_alone();
+    void switched_on_the_entry_starts_the_program();
+    void switched_off_the_entry_stays_but_is_hidden();
+    void a_query_writes_nothing();
+    void the_entry_follows_a_manually_edited_list();
+    void the_entry_holds_no_state_of_its_own();
+    void the_entry_follows_a_list_that_could_not_be_written();
+    void the_desktop_reads_every_path_unchanged_data();
+    void the_desktop_reads_every_path_unchanged();
+    void the_path_is_quoted_as_in_the_desktop_entry_format();
+    void the_entry_is_accessible_to_its_owner_only();
     void nothing_else_stays_in_the_folder();
     void a_broken_entry_is_replaced();
 };
@@ -80,7 +80,7 @@ void tst_AutostartEntry::init()
     QFile::remove(home->home() + "/Library");
 }
 
-void tst_AutostartEntry::switched_on_it_starts_the_program()
+void tst_AutostartEntry::switched_on_the_entry_starts_the_program()
 {
     Autorun().setAutorun(true);
     QCOMPARE(entry(),
@@ -98,7 +98,7 @@ void tst_AutostartEntry::switched_on_it_starts_the_program()
                           "X-GNOME-Autostart-enabled=true\n"));
 }
 
-void tst_AutostartEntry::switched_off_it_stays_but_hidden()
+void tst_AutostartEntry::switched_off_the_entry_stays_but_is_hidden()
 {
     Autorun autorun;
     autorun.setAutorun(true);
@@ -111,13 +111,13 @@ void tst_AutostartEntry::switched_off_it_stays_but_hidden()
     QVERIFY(entry().contains("\nHidden=false\n"));
 }
 
-void tst_AutostartEntry::asking_writes_nothing()
+void tst_AutostartEntry::a_query_writes_nothing()
 {
     QVERIFY(!Autorun().isAutorun());
     QVERIFY(!QFileInfo::exists(entryPath()));
 }
 
-void tst_AutostartEntry::it_follows_a_list_that_was_edited_by_hand()
+void tst_AutostartEntry::the_entry_follows_a_manually_edited_list()
 {
     Autorun autorun;
     autorun.setAutorun(true);
@@ -127,7 +127,7 @@ void tst_AutostartEntry::it_follows_a_list_that_was_edited_by_hand()
     list.sync();
     QVERIFY(!autorun.isAutorun());
     QVERIFY(entry().contains("\nHidden=true\n"));
-    // Asking makes no other program the one that is started.
+    // A query from another program does not change the program that is started.
     QVERIFY(entry().contains("\nExec=\"/opt/tandry\" startup\n"));
 
     autorun.setAutorun(true);
@@ -136,7 +136,7 @@ void tst_AutostartEntry::it_follows_a_list_that_was_edited_by_hand()
     QVERIFY(entry().contains("\nHidden=true\n"));
 }
 
-void tst_AutostartEntry::it_is_no_state_of_its_own()
+void tst_AutostartEntry::the_entry_holds_no_state_of_its_own()
 {
     Autorun autorun;
     autorun.setAutorun(true);
@@ -147,7 +147,7 @@ void tst_AutostartEntry::it_is_no_state_of_its_own()
     QVERIFY(QFileInfo::exists(entryPath()));
 }
 
-void tst_AutostartEntry::it_follows_a_list_that_could_not_be_written()
+void tst_AutostartEntry::the_entry_follows_a_list_that_could_not_be_written()
 {
     QFile obstacle(home->home() + "/Library");
     QVERIFY(obstacle.open(QIODevice::WriteOnly));
@@ -156,7 +156,7 @@ void tst_AutostartEntry::it_follows_a_list_that_could_not_be_written()
     QVERIFY(entry().contains("\nHidden=true\n"));
 }
 
-void tst_AutostartEntry::any_path_reaches_the_desktop_whole_data()
+void tst_AutostartEntry::the_desktop_reads_every_path_unchanged_data()
 {
     QTest::addColumn<QString>("folder");
     QTest::newRow("plain") << "plain";
@@ -170,7 +170,7 @@ void tst_AutostartEntry::any_path_reaches_the_desktop_whole_data()
     QTest::newRow("tab") << "a\tb";
 }
 
-void tst_AutostartEntry::any_path_reaches_the_desktop_whole()
+void tst_AutostartEntry::the_desktop_reads_every_path_unchanged()
 {
     QFETCH(QString, folder);
     const QTemporaryDir root;
@@ -181,9 +181,9 @@ void tst_AutostartEntry::any_path_reaches_the_desktop_whole()
     QCOMPARE(commandLine(), (QByteArrayList{program.toUtf8(), program.toUtf8(), "startup"}));
 }
 
-void tst_AutostartEntry::the_path_is_quoted_as_the_desktops_agree()
+void tst_AutostartEntry::the_path_is_quoted_as_in_the_desktop_entry_format()
 {
-    // A reader more lenient than the agreed format takes some of these without their escapes too.
+    // A lenient reader also accepts some of these without their escapes.
     const QTemporaryDir root;
     QVERIFY(QDir(root.path()).mkdir("a$b\tc\nd`e\"f\\g%h i"));
     const QString program = root.path() + "/a$b\tc\nd`e\"f\\g%h i/tandry";
@@ -194,7 +194,7 @@ void tst_AutostartEntry::the_path_is_quoted_as_the_desktops_agree()
     QVERIFY2(entry().contains(line), entry().constData());
 }
 
-void tst_AutostartEntry::it_is_its_owners_alone()
+void tst_AutostartEntry::the_entry_is_accessible_to_its_owner_only()
 {
     const mode_t before = umask(077);
     Autorun().setAutorun(true);

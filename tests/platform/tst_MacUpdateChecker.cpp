@@ -34,15 +34,15 @@ private slots:
     void init();
     void cleanup();
 
-    void a_check_is_asked_for_at_construction();
-    void each_call_of_the_slot_asks_for_a_check();
+    void construction_starts_a_check();
+    void each_call_of_the_slot_starts_a_check();
     void the_feed_is_plain_http_on_the_build_host();
     void the_timer_repeats_every_24_hours();
-    void each_tick_asks_for_a_check();
-    void one_slot_is_all_it_shows();
-    void the_parent_is_the_one_given();
-    void the_timer_goes_with_the_checker();
-    void the_updater_alone_asks_for_nothing();
+    void each_tick_starts_a_check();
+    void the_only_public_method_is_one_slot();
+    void the_parent_is_the_given_one();
+    void the_timer_is_deleted_with_the_checker();
+    void the_updater_alone_starts_no_check();
 
 private:
     QtMessageHandler m_before = nullptr;
@@ -59,13 +59,13 @@ void tst_MacUpdateChecker::cleanup()
     qInstallMessageHandler(m_before);
 }
 
-void tst_MacUpdateChecker::a_check_is_asked_for_at_construction()
+void tst_MacUpdateChecker::construction_starts_a_check()
 {
     const MacUpdateChecker checker(nullptr);
     QCOMPARE(traces.size(), 1);
 }
 
-void tst_MacUpdateChecker::each_call_of_the_slot_asks_for_a_check()
+void tst_MacUpdateChecker::each_call_of_the_slot_starts_a_check()
 {
     MacUpdateChecker checker(nullptr);
     QVERIFY(QMetaObject::invokeMethod(&checker, "checkForUpdate", Qt::DirectConnection));
@@ -94,7 +94,7 @@ void tst_MacUpdateChecker::the_timer_repeats_every_24_hours()
     QVERIFY(!timer->parent());
 }
 
-void tst_MacUpdateChecker::each_tick_asks_for_a_check()
+void tst_MacUpdateChecker::each_tick_starts_a_check()
 {
     const ObjectTrace trace;
     const MacUpdateChecker checker(nullptr);
@@ -107,7 +107,7 @@ void tst_MacUpdateChecker::each_tick_asks_for_a_check()
     QVERIFY(timer->isActive());
 }
 
-void tst_MacUpdateChecker::one_slot_is_all_it_shows()
+void tst_MacUpdateChecker::the_only_public_method_is_one_slot()
 {
     const QMetaObject &meta = MacUpdateChecker::staticMetaObject;
     QCOMPARE(meta.methodCount() - meta.methodOffset(), 1);
@@ -116,7 +116,7 @@ void tst_MacUpdateChecker::one_slot_is_all_it_shows()
     QCOMPARE(meta.propertyCount(), meta.propertyOffset());
 }
 
-void tst_MacUpdateChecker::the_parent_is_the_one_given()
+void tst_MacUpdateChecker::the_parent_is_the_given_one()
 {
     QObject parent;
     const auto *checker = new MacUpdateChecker(&parent);
@@ -124,7 +124,7 @@ void tst_MacUpdateChecker::the_parent_is_the_one_given()
     QVERIFY(!MacUpdateChecker(nullptr).parent());
 }
 
-void tst_MacUpdateChecker::the_timer_goes_with_the_checker()
+void tst_MacUpdateChecker::the_timer_is_deleted_with_the_checker()
 {
     const ObjectTrace trace;
     {
@@ -134,7 +134,7 @@ void tst_MacUpdateChecker::the_timer_goes_with_the_checker()
     QVERIFY(!ObjectTrace::first<QTimer>());
 }
 
-void tst_MacUpdateChecker::the_updater_alone_asks_for_nothing()
+void tst_MacUpdateChecker::the_updater_alone_starts_no_check()
 {
     MacAutoUpdater updater("http://localhost/feed.xml");
     QVERIFY(traces.isEmpty());

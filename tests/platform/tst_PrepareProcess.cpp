@@ -8,25 +8,25 @@
 
 #include <sys/stat.h>
 
-/// The environment and the file creation mask belong to a whole process, so most of it is asked of a small program.
+/// The environment and the file creation mask belong to the whole process: most tests run a small program.
 class tst_PrepareProcess : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void the_mask_keeps_others_out();
-    void files_and_folders_are_their_owners_alone();
-    void patients_folder_has_its_name_whatever_the_executable_is_called();
-    void temporary_folder_that_does_not_exist_is_not_the_current_one();
+    void the_file_creation_mask_excludes_other_users();
+    void files_and_folders_are_accessible_to_their_owner_only();
+    void the_patients_folder_does_not_depend_on_the_name_of_the_executable();
+    void a_missing_temporary_folder_does_not_become_the_current_one();
     void text_resolution_is_72_unless_the_user_chose_one_data();
     void text_resolution_is_72_unless_the_user_chose_one();
-    void x_comes_before_wayland_unless_the_user_chose_data();
-    void x_comes_before_wayland_unless_the_user_chose();
-    void network_is_not_looked_at_every_10_s_unless_the_user_chose_so();
+    void x11_comes_before_wayland_unless_the_user_chose_data();
+    void x11_comes_before_wayland_unless_the_user_chose();
+    void qt_does_not_poll_the_network_every_10_s_unless_the_user_chose();
     void dialogs_keep_their_text_size();
     void a_chosen_resolution_leaves_the_font_alone();
-    void programs_that_we_open_do_not_inherit_our_choices();
-    void programs_that_we_open_inherit_the_users_choices();
+    void child_processes_do_not_inherit_the_choices_of_the_program();
+    void child_processes_inherit_the_choices_of_the_user();
 
 private:
     using Variables = QMap<QString, QString>;
@@ -55,12 +55,12 @@ QJsonObject tst_PrepareProcess::run(const QString &program, const QStringList &a
     return QJsonDocument::fromJson(process.readAllStandardOutput()).object();
 }
 
-void tst_PrepareProcess::the_mask_keeps_others_out()
+void tst_PrepareProcess::the_file_creation_mask_excludes_other_users()
 {
     QCOMPARE(probe("prepare", {})["umask"].toInt(), 077);
 }
 
-void tst_PrepareProcess::files_and_folders_are_their_owners_alone()
+void tst_PrepareProcess::files_and_folders_are_accessible_to_their_owner_only()
 {
     const mode_t before = umask(022);
     prepareProcess();
@@ -76,13 +76,13 @@ void tst_PrepareProcess::files_and_folders_are_their_owners_alone()
     QCOMPARE(static_cast<int>(status.st_mode & 0777), 0600);
 }
 
-void tst_PrepareProcess::patients_folder_has_its_name_whatever_the_executable_is_called()
+void tst_PrepareProcess::the_patients_folder_does_not_depend_on_the_name_of_the_executable()
 {
-    // "Vesk Tandry" in the sources for macOS.
+    // The sources for macOS use "Vesk Tandry".
     QCOMPARE(probe("prepare", {})["application"].toString(), QString("tandry"));
 }
 
-void tst_PrepareProcess::temporary_folder_that_does_not_exist_is_not_the_current_one()
+void tst_PrepareProcess::a_missing_temporary_folder_does_not_become_the_current_one()
 {
     QCOMPARE(probe("prepare", {{"TMPDIR", "/nowhere"}})["temporary"].toString(), QString("/tmp"));
     QCOMPARE(probe("prepare", {{"TMPDIR", QDir::tempPath()}})["temporary"].toString(), QDir::tempPath());
@@ -103,7 +103,7 @@ void tst_PrepareProcess::text_resolution_is_72_unless_the_user_chose_one()
     QTEST(probe("prepare", variables)["QT_FONT_DPI"].toString(), "resolution");
 }
 
-void tst_PrepareProcess::x_comes_before_wayland_unless_the_user_chose_data()
+void tst_PrepareProcess::x11_comes_before_wayland_unless_the_user_chose_data()
 {
     QTest::addColumn<Variables>("variables");
     QTest::addColumn<QString>("platform");
@@ -112,20 +112,20 @@ void tst_PrepareProcess::x_comes_before_wayland_unless_the_user_chose_data()
     QTest::newRow("only the resolution chosen") << Variables{{"QT_FONT_DPI", "96"}} << "xcb;wayland";
 }
 
-void tst_PrepareProcess::x_comes_before_wayland_unless_the_user_chose()
+void tst_PrepareProcess::x11_comes_before_wayland_unless_the_user_chose()
 {
     QFETCH(Variables, variables);
     QTEST(probe("prepare", variables)["QT_QPA_PLATFORM"].toString(), "platform");
 }
 
-void tst_PrepareProcess::network_is_not_looked_at_every_10_s_unless_the_user_chose_so()
+void tst_PrepareProcess::qt_does_not_poll_the_network_every_10_s_unless_the_user_chose()
 {
     QCOMPARE(probe("prepare", {})["QT_BEARER_POLL_TIMEOUT"].toString(), QString("2147483647"));
     QCOMPARE(probe("prepare", {{"QT_BEARER_POLL_TIMEOUT", "5000"}})["QT_BEARER_POLL_TIMEOUT"].toString(),
              QString("5000"));
 }
 
-// 12 points is the font of a desktop that says nothing about fonts, as the offscreen platform does.
+// 12 points is the default font size of a desktop without font settings, like the offscreen platform.
 
 void tst_PrepareProcess::dialogs_keep_their_text_size()
 {
@@ -141,9 +141,9 @@ void tst_PrepareProcess::a_chosen_resolution_leaves_the_font_alone()
     QCOMPARE(result["fontPointSize"].toDouble(), 12.0);
 }
 
-void tst_PrepareProcess::programs_that_we_open_do_not_inherit_our_choices()
+void tst_PrepareProcess::child_processes_do_not_inherit_the_choices_of_the_program()
 {
-    // Nothing is chosen, so this takes a display.
+    // With no platform chosen, this needs a display.
     const QJsonObject result = run("xvfb-run", {"-a", PLATFORM_PROBE, "window"}, {});
     QCOMPARE(result["platform"].toString(), QString("xcb"));
     QCOMPARE(result["dpi"].toDouble(), 72.0);
@@ -151,7 +151,7 @@ void tst_PrepareProcess::programs_that_we_open_do_not_inherit_our_choices()
     QVERIFY(result["QT_QPA_PLATFORM"].isNull());
 }
 
-void tst_PrepareProcess::programs_that_we_open_inherit_the_users_choices()
+void tst_PrepareProcess::child_processes_inherit_the_choices_of_the_user()
 {
     const QJsonObject result = probe("window", {{"QT_QPA_PLATFORM", "offscreen"}, {"QT_FONT_DPI", "110"}});
     QCOMPARE(result["QT_FONT_DPI"].toString(), QString("110"));

@@ -6,8 +6,7 @@
 #include <QDateTime>
 #include <QtTest>
 
-/// The reader and the writer by themselves. That other programs read what is written, and the reverse, is proven with
-/// launch at login.
+/// The reader and the writer alone. tst_Autorun proves that other programs can read the written lists, and the reverse.
 class tst_PropertyList : public QObject
 {
     Q_OBJECT
@@ -17,9 +16,9 @@ private slots:
     void each_type_is_read();
     void what_is_not_a_property_list_is_refused_data();
     void what_is_not_a_property_list_is_refused();
-    void a_refused_list_leaves_the_values_alone();
+    void a_refused_list_does_not_change_the_values();
     void the_document_is_written_in_key_order();
-    void a_type_that_no_property_list_knows_is_not_written();
+    void a_type_unknown_to_property_lists_is_not_written();
 
 private:
     static bool read(const QByteArray &document, QSettings::SettingsMap &values);
@@ -117,7 +116,7 @@ void tst_PropertyList::what_is_not_a_property_list_is_refused()
     QVERIFY(!read(document, values));
 }
 
-void tst_PropertyList::a_refused_list_leaves_the_values_alone()
+void tst_PropertyList::a_refused_list_does_not_change_the_values()
 {
     QSettings::SettingsMap values{{"Before", 1}};
     QVERIFY(!read("<plist><dict><key>K</key><true/></dict>", values));
@@ -149,7 +148,7 @@ void tst_PropertyList::the_document_is_written_in_key_order()
             "</plist>\n"));
 }
 
-void tst_PropertyList::a_type_that_no_property_list_knows_is_not_written()
+void tst_PropertyList::a_type_unknown_to_property_lists_is_not_written()
 {
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);

@@ -2,27 +2,27 @@
 
 #include <QStringList>
 
-/// Listens to the messages that the macOS sources send: to the application object, to autorelease pools, to strings
-/// and addresses being made, and to the update framework. Messages that those send among themselves are left out.
+/// Records the messages that the macOS sources send to the application object, to autorelease pools, to the update
+/// framework and to create strings and URLs. Leaves out the messages that these objects send to each other.
 namespace MacRecorder {
 
-/// Puts the listeners in place; once, before anything else. Makes the shared application object, so it needs a
+/// Installs the recorder; call it once, before anything else. Creates the shared application object, which needs a
 /// display.
 void install();
 
-/// From now on messages are kept, those of before are forgotten.
+/// Starts recording and forgets earlier messages.
 void start();
 
-/// Adds a line of somebody else's to the messages, to see the order of both.
+/// Adds a line from elsewhere to the messages, to show the order of both.
 void add(const QString &line);
 
-/// The messages since start(), and stops keeping them.
+/// Stops recording and returns the messages since start().
 QStringList take();
 
-/// How many owners the shared updater has.
+/// The retain count of the shared updater.
 unsigned updaterOwners();
 
-/// Makes an object that the innermost autorelease pool owns, and that adds "Pooled dealloc" when it goes.
+/// Creates an object that the innermost autorelease pool owns and that adds "Pooled dealloc" when it is deallocated.
 void makePooledObject();
 
 } // namespace MacRecorder

@@ -10,7 +10,7 @@ namespace {
 
 QStringList messages;
 bool keeping = false;
-int depth = 0; // above 0 inside a message that is being recorded
+int depth = 0; // above 0 during a recorded message
 
 class Recorded
 {
@@ -33,8 +33,8 @@ QString text(NSURL *url)
     return text([url absoluteString]);
 }
 
-/// Lets \a replacement answer \a selector and returns what answered it until now. For a class's own messages, hand
-/// over its metaclass.
+/// Makes \a replacement the implementation of \a selector and returns the previous one. For class methods, pass the
+/// metaclass.
 template<typename Function>
 Function *replace(Class target, SEL selector, Function *replacement)
 {
@@ -71,7 +71,7 @@ id recordedPoolInit(id self, SEL selector)
 id recordedPoolRelease(id self, SEL selector)
 {
     MacRecorder::add(QStringLiteral("NSAutoreleasePool release"));
-    return poolRelease(self, selector); // not nested: what the pool lets go of is of interest
+    return poolRelease(self, selector); // not nested: the objects that the pool releases are recorded, too
 }
 
 id recordedSharedApplication(id self, SEL selector)
@@ -94,7 +94,7 @@ id recordedMakeAddress(id self, SEL selector, id string)
 
 void recordedActivate(id self, SEL, BOOL ignoringOthers)
 {
-    // Recorded only: there is no other program to be put behind.
+    // Recorded only: there is no other program.
     const bool shared = self == NSApp;
     MacRecorder::add(QStringLiteral("activateIgnoringOtherApps: %1 to %2")
                          .arg(ignoringOthers == YES ? QStringLiteral("YES") : QStringLiteral("NO"),
@@ -168,7 +168,7 @@ void MacRecorder::install()
     updater = [[SUUpdater alloc] init];
     [NSApplication sharedApplication];
 
-    // The class inherits alloc, which sends it this.
+    // The inherited alloc sends this message.
     poolAlloc = replace(object_getClass([NSAutoreleasePool class]), @selector(allocWithZone:), recordedPoolAlloc);
     poolInit = replace([NSAutoreleasePool class], @selector(init), recordedPoolInit);
     poolRelease = replace([NSAutoreleasePool class], @selector(release), recordedPoolRelease);

@@ -1,6 +1,6 @@
 #pragma once
 
-// The one function of AppKit that GNUstep lacks.
+// The only AppKit function that GNUstep lacks.
 #import <Foundation/Foundation.h>
 
 extern "C" BOOL NSApplicationLoad(void);

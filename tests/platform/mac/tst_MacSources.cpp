@@ -14,7 +14,7 @@ namespace {
 
 QtMessageHandler previousHandler = nullptr;
 
-/// Qt says in the log that a window which takes no focus is to be activated, and that this platform raises no window.
+/// Filters two messages: Qt logs that a window without focus is activated, and that this platform cannot raise windows.
 void keepWindowCalls(QtMsgType type, const QMessageLogContext &context, const QString &text)
 {
     if (text.startsWith("requestActivate() called"))
@@ -27,7 +27,7 @@ void keepWindowCalls(QtMsgType type, const QMessageLogContext &context, const QS
 
 } // namespace
 
-/// The macOS sources, unchanged, run against another AppKit that listens.
+/// Runs the unchanged macOS sources against an AppKit whose messages are recorded.
 class tst_MacSources : public QObject
 {
     Q_OBJECT
@@ -35,7 +35,7 @@ class tst_MacSources : public QObject
 private slots:
     void init()
     {
-        // Here and not in main(): the test framework has put its own handler in between.
+        // Here and not in main(): the test framework installs its own handler first.
         previousHandler = qInstallMessageHandler(keepWindowCalls);
         MacRecorder::start();
     }
@@ -46,13 +46,13 @@ private slots:
     }
 
     void cocoa_is_loaded_before_its_pool();
-    void the_pool_is_released_once_with_what_it_holds();
+    void the_pool_is_released_once_with_its_objects();
     void the_updater_is_prepared_in_this_order();
-    void the_feed_address_is_handed_on_unchanged();
-    void a_malformed_address_hands_on_no_url();
+    void the_feed_address_is_passed_on_unchanged();
+    void a_malformed_address_passes_a_nil_url();
     void a_check_is_one_message();
     void the_updater_is_released_as_often_as_retained();
-    void the_checker_checks_at_once_and_lets_go_at_its_end();
+    void the_checker_checks_at_once_and_releases_the_updater_at_its_end();
     void showing_a_view_activates_the_program_first();
     void the_focuser_raises_without_showing();
 };
@@ -64,7 +64,7 @@ void tst_MacSources::cocoa_is_loaded_before_its_pool()
              (QStringList{"NSApplicationLoad", "NSAutoreleasePool alloc", "NSAutoreleasePool init"}));
 }
 
-void tst_MacSources::the_pool_is_released_once_with_what_it_holds()
+void tst_MacSources::the_pool_is_released_once_with_its_objects()
 {
     {
         const CocoaInitializer initializer;
@@ -88,14 +88,14 @@ void tst_MacSources::the_updater_is_prepared_in_this_order()
              }));
 }
 
-void tst_MacSources::the_feed_address_is_handed_on_unchanged()
+void tst_MacSources::the_feed_address_is_passed_on_unchanged()
 {
     const QString address = QString::fromUtf8("http://h\xc3\xb4te/\xe2\x82\xac");
     const MacAutoUpdater updater(address);
     QVERIFY(MacRecorder::take().contains("NSString stringWithUTF8String: " + address));
 }
 
-void tst_MacSources::a_malformed_address_hands_on_no_url()
+void tst_MacSources::a_malformed_address_passes_a_nil_url()
 {
     const MacAutoUpdater updater("http://local host:port/");
     QVERIFY(MacRecorder::take().contains("SUUpdater setFeedURL: nil"));
@@ -121,7 +121,7 @@ void tst_MacSources::the_updater_is_released_as_often_as_retained()
     QCOMPARE(MacRecorder::updaterOwners(), before);
 }
 
-void tst_MacSources::the_checker_checks_at_once_and_lets_go_at_its_end()
+void tst_MacSources::the_checker_checks_at_once_and_releases_the_updater_at_its_end()
 {
     const QString address = QString("http://%1/widget_vesk/tandry/mac/appcast.xml").arg(BuildSettings::updateHost);
     {

@@ -1,6 +1,6 @@
-// platform_probe prepare          prints what prepareProcess() left behind, without an application object
-// platform_probe window           the same after an application object, with the resolution and the font
-// platform_probe autorun on|off   switches launch at login for this very executable
+// platform_probe prepare          prints the effects of prepareProcess(), without an application object
+// platform_probe window           the same with an application object, its resolution and its font
+// platform_probe autorun on|off   switches launch at login of this executable
 #include "autorun.h"
 #include "prepareprocess.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
-// A stand-in of the update framework's one class, with the four messages that the program sends to it. Written for
-// the tests; it records what it is sent and does nothing.
+// A stand-in for the update framework's class, with the four messages that the program sends to it. It records the
+// messages and does nothing else.
 #import <Foundation/Foundation.h>
 
 @interface SUUpdater : NSObject
