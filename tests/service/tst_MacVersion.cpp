@@ -2,7 +2,7 @@
 
 #include <QtTest>
 
-/// Asked for beside the service, since only a Mac ever hands it a code.
+/// Tested without the service, which gets such a code only on a Mac.
 class tst_MacVersion : public QObject
 {
     Q_OBJECT

@@ -14,7 +14,7 @@ constexpr int badgeSize = 90;
 
 const QRect badgeRect(badgeLeft, badgeLeft, badgeSize, badgeSize);
 
-/// `upper` over `lower`, channel by channel; both not premultiplied.
+/// `upper` over `lower`, channel by channel; neither is premultiplied.
 QColor over(const QColor &upper, const QColor &lower)
 {
     const double a = upper.alphaF() + lower.alphaF() * (1 - upper.alphaF());
@@ -25,20 +25,20 @@ QColor over(const QColor &upper, const QColor &lower)
                             mix(upper.blueF(), lower.blueF()), a);
 }
 
-/// The tray picture with the badge on it and no number: 32 points stretched to 90 by repeating the nearest.
+/// The tray picture with an empty badge: 32 pixels scaled to 90 with nearest-neighbour sampling.
 QColor expectedBackground(const QImage &tray, const QImage &counter, QPoint at)
 {
     const QColor below = tray.pixelColor(at);
     if (!badgeRect.contains(at))
         return below;
     const QPoint inBadge = at - badgeRect.topLeft();
-    // The point under the middle of the pixel; a middle between two points takes the first.
+    // The source pixel under the centre of the pixel; on a boundary, the first of the two.
     const int column = ((2 * inBadge.x() + 1) * counter.width() - 1) / (2 * badgeSize);
     const int row = ((2 * inBadge.y() + 1) * counter.height() - 1) / (2 * badgeSize);
     return over(counter.pixelColor(column, row), below);
 }
 
-/// Equal but for the rounding of premultiplied colours, which grows as they get transparent.
+/// Equal except for the rounding of premultiplied colours, which grows with their transparency.
 bool alike(const QColor &a, const QColor &b)
 {
     if (qAbs(a.alpha() - b.alpha()) > 1)
@@ -48,7 +48,7 @@ bool alike(const QColor &a, const QColor &b)
         && qAbs(a.blue() - b.blue()) <= tolerance;
 }
 
-/// The outline of the number where it belongs: centred in the badge, 70 points at 72 dots per inch.
+/// The outline of the number at its place: centred in the badge, 70 points at 72 dots per inch.
 QPainterPath expectedOutline(const QString &text)
 {
     QFont font(QStringLiteral("Liberation Sans"));
@@ -61,7 +61,7 @@ QPainterPath expectedOutline(const QString &text)
     return path;
 }
 
-/// Where the outline covers a pixel wholly (255), partly, or not at all (0).
+/// How much of each pixel the outline covers: all (255), part, or nothing (0).
 QImage coverage(const QPainterPath &outline)
 {
     constexpr int finer = 4;
@@ -76,7 +76,7 @@ QImage coverage(const QPainterPath &outline)
 
 } // namespace
 
-/// The picture of the tray icon with the number of waiting patients, compared with one that is put together here.
+/// The tray icon with the number of waiting patients, compared with a picture composed in the test.
 class ServiceBadge : public QObject
 {
     Q_OBJECT
@@ -84,13 +84,13 @@ class ServiceBadge : public QObject
 private slots:
     void init();
     void font_resolution_is_that_of_the_program();
-    void font_is_thin_although_this_machine_has_no_thin_one();
-    void picture_is_right_around_and_in_the_number_data();
-    void picture_is_right_around_and_in_the_number();
+    void font_is_thin_even_without_a_thin_font_on_this_machine();
+    void picture_matches_around_and_inside_the_number_data();
+    void picture_matches_around_and_inside_the_number();
     void numbers_above_99_look_the_same();
-    void number_stops_at_the_badge_s_edge();
+    void number_is_clipped_at_the_badge_s_edge();
     void picture_has_one_size();
-    void larger_texts_leave_the_number_its_size();
+    void larger_texts_do_not_change_the_size_of_the_number();
 
 private:
     static QImage picture(int number);
@@ -117,7 +117,7 @@ void ServiceBadge::font_resolution_is_that_of_the_program()
     QCOMPARE(QFontInfo(font).family(), QString("Liberation Sans"));
 }
 
-void ServiceBadge::font_is_thin_although_this_machine_has_no_thin_one()
+void ServiceBadge::font_is_thin_even_without_a_thin_font_on_this_machine()
 {
     const QFont font = ObservedService::badgeFont();
     QCOMPARE(font.family(), QString("Arial"));
@@ -126,7 +126,7 @@ void ServiceBadge::font_is_thin_although_this_machine_has_no_thin_one()
     QVERIFY(!font.italic());
 }
 
-void ServiceBadge::picture_is_right_around_and_in_the_number_data()
+void ServiceBadge::picture_matches_around_and_inside_the_number_data()
 {
     QTest::addColumn<int>("number");
     QTest::addColumn<QString>("text");
@@ -141,7 +141,7 @@ void ServiceBadge::picture_is_right_around_and_in_the_number_data()
     QTest::newRow("150") << 150 << "99+" << QRect(38, 58, 90, 51);
 }
 
-void ServiceBadge::picture_is_right_around_and_in_the_number()
+void ServiceBadge::picture_matches_around_and_inside_the_number()
 {
     QFETCH(int, number);
     QFETCH(QString, text);
@@ -171,7 +171,7 @@ void ServiceBadge::picture_is_right_around_and_in_the_number()
                 QVERIFY2(badgeRect.contains(at), where);
                 changed |= QRect(at, QSize(1, 1));
             }
-            // A pixel's breadth around the outline is left to the painter.
+            // Within a pixel of the outline, the painter's antialiasing decides.
             bool surrounded = badgeRect.contains(at);
             bool near = false;
             for (int dy = -1; dy <= 1; ++dy) {
@@ -190,11 +190,11 @@ void ServiceBadge::picture_is_right_around_and_in_the_number()
                 QVERIFY2(alike(colour, background), where);
         }
     }
-    // A font of another release may be hinted differently by a point.
+    // Another release of the font may be hinted differently by a pixel.
     QVERIFY2(changed.adjusted(-1, -1, 1, 1).contains(box) && box.adjusted(-1, -1, 1, 1).contains(changed),
              qPrintable(
                  QString("%1,%2 %3x%4").arg(changed.x()).arg(changed.y()).arg(changed.width()).arg(changed.height())));
-    QVERIFY2(inside > 100, "The number has no inside to look at");
+    QVERIFY2(inside > 100, "The number has no interior to compare");
 }
 
 void ServiceBadge::numbers_above_99_look_the_same()
@@ -205,9 +205,9 @@ void ServiceBadge::numbers_above_99_look_the_same()
     QVERIFY(picture(99) != hundred);
 }
 
-void ServiceBadge::number_stops_at_the_badge_s_edge()
+void ServiceBadge::number_is_clipped_at_the_badge_s_edge()
 {
-    // 99+ is wider than the badge, which is where it ends; the tray picture beside it is untouched.
+    // "99+" is wider than the badge and is clipped at its edge; the rest of the tray picture is unchanged.
     const QImage tray(":/images/tray.png");
     const QImage drawn = picture(100);
     for (int y = 0; y < 128; ++y) {
@@ -224,15 +224,15 @@ void ServiceBadge::picture_has_one_size()
     QCOMPARE(running.tray().icon().availableSizes(), QList<QSize>({QSize(128, 128)}));
 }
 
-void ServiceBadge::larger_texts_leave_the_number_its_size()
+void ServiceBadge::larger_texts_do_not_change_the_size_of_the_number()
 {
-    // The resolution of texts is read once, so it takes a program of its own: this one, asked for the other test.
+    // Qt reads the resolution of texts once: run this program again for the other test.
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert("QT_FONT_DPI", "144");
     QProcess larger;
     larger.setProcessEnvironment(environment);
     larger.setProcessChannelMode(QProcess::MergedChannels);
-    larger.start(QCoreApplication::applicationFilePath(), {"picture_is_right_around_and_in_the_number"});
+    larger.start(QCoreApplication::applicationFilePath(), {"picture_matches_around_and_inside_the_number"});
     QVERIFY2(larger.waitForFinished(60000), qPrintable(larger.errorString()));
     QVERIFY2(larger.exitStatus() == QProcess::NormalExit && larger.exitCode() == 0, larger.readAll().constData());
 }

@@ -12,7 +12,7 @@ enum Before { Hidden, Shown, Editing };
 
 }
 
-/// What each signal of a document brings about, and that it brings about nothing else.
+/// The effects of each signal of a document, and the absence of any other.
 class ServiceConnections : public QObject
 {
     Q_OBJECT
@@ -21,9 +21,9 @@ private slots:
     void init();
     void signal_of_a_document_has_its_effect_data();
     void signal_of_a_document_has_its_effect();
-    void tick_of_the_document_follows_the_service_data();
-    void tick_of_the_document_follows_the_service();
-    void tick_of_the_document_switches_launch_at_login_once();
+    void check_mark_of_the_document_follows_the_service_data();
+    void check_mark_of_the_document_follows_the_service();
+    void check_mark_of_the_document_switches_launch_at_login_once();
     void connections_are_made_without_a_warning();
 };
 
@@ -90,7 +90,7 @@ void ServiceConnections::signal_of_a_document_has_its_effect()
     }
     Effects observed(running);
 
-    // From inside the document, so that values arrive as its scripts send them.
+    // Emitted by a script in the document: the values arrive as scripts send them.
     const DraggableQuickView *window = windowOf(document.toUtf8());
     QQmlExpression expression(window->rootContext(), window->rootObject(), emission);
     expression.evaluate();
@@ -99,14 +99,14 @@ void ServiceConnections::signal_of_a_document_has_its_effect()
     COMPARE_LINES(observed.take(), effects);
 }
 
-void ServiceConnections::tick_of_the_document_follows_the_service_data()
+void ServiceConnections::check_mark_of_the_document_follows_the_service_data()
 {
     QTest::addColumn<bool>("on");
     QTest::newRow("on") << true;
     QTest::newRow("off") << false;
 }
 
-void ServiceConnections::tick_of_the_document_follows_the_service()
+void ServiceConnections::check_mark_of_the_document_follows_the_service()
 {
     QFETCH(bool, on);
     RunningService running;
@@ -118,7 +118,7 @@ void ServiceConnections::tick_of_the_document_follows_the_service()
     QCOMPARE(running.launchAtLoginTick(), on);
 }
 
-void ServiceConnections::tick_of_the_document_switches_launch_at_login_once()
+void ServiceConnections::check_mark_of_the_document_switches_launch_at_login_once()
 {
     LogCapture log;
     RunningService running;
@@ -134,7 +134,7 @@ void ServiceConnections::connections_are_made_without_a_warning()
 {
     LogCapture log;
     const RunningService running;
-    // Qt's own, with no display: there is no tray to watch.
+    // Logged by Qt, which has no tray to watch without a display.
     COMPARE_LINES(LogCapture::warnings(),
                   {"warning: QObject::connect: No such signal "
                    "QPlatformNativeInterface::systemTrayWindowChanged(QScreen*)"});

@@ -13,14 +13,14 @@
 
 namespace {
 
-/// The one part of launch at login that is an object of Qt's.
+/// The only part of launch at login that is a QObject.
 bool isAgentList(const QObject *object)
 {
     const auto *settings = qobject_cast<const QSettings *>(object);
     return settings && settings->fileName() == SettingsFile::agentList();
 }
 
-/// Whether a window that is made now can be transparent.
+/// Whether a window created now can be transparent.
 QString transparency()
 {
     return QQuickWindow::hasDefaultAlphaBuffer() ? QStringLiteral(", transparent") : QString();
@@ -28,17 +28,17 @@ QString transparency()
 
 } // namespace
 
-/// The order in which the service makes its parts, and in which it deletes them.
+/// The order in which the service creates and deletes its parts.
 class ServiceConstruction : public QObject
 {
     Q_OBJECT
 
 private slots:
     void init();
-    void parts_are_made_in_order();
-    void end_hides_the_tray_icon_then_deletes_three_things();
+    void parts_are_created_in_order();
+    void destructor_hides_the_tray_icon_then_deletes_three_objects();
     void windows_icon_and_daily_timer_outlive_the_service();
-    void start_says_nothing_in_the_log_but_the_upload();
+    void start_logs_nothing_but_the_upload();
 };
 
 void ServiceConstruction::init()
@@ -46,7 +46,7 @@ void ServiceConstruction::init()
     SettingsFile::forgetEverything();
 }
 
-void ServiceConstruction::parts_are_made_in_order()
+void ServiceConstruction::parts_are_created_in_order()
 {
     QQuickWindow::setDefaultAlphaBuffer(false);
     ObjectTrace trace(transparency);
@@ -93,7 +93,7 @@ void ServiceConstruction::parts_are_made_in_order()
     QCOMPARE(service.dialogParent->windowType(), Qt::Window);
 }
 
-void ServiceConstruction::end_hides_the_tray_icon_then_deletes_three_things()
+void ServiceConstruction::destructor_hides_the_tray_icon_then_deletes_three_objects()
 {
     ObjectTrace trace;
     RunningService running;
@@ -137,12 +137,12 @@ void ServiceConstruction::windows_icon_and_daily_timer_outlive_the_service()
     QCOMPARE(windowOf("ListPopup.qml"), running.list);
 }
 
-void ServiceConstruction::start_says_nothing_in_the_log_but_the_upload()
+void ServiceConstruction::start_logs_nothing_but_the_upload()
 {
     LogCapture log;
     RunningService running;
     QStringList lines = LogCapture::lines();
-    // Qt's own, with no display: there is no tray to watch.
+    // Logged by Qt, which has no tray to watch without a display.
     lines.removeAll("warning: QObject::connect: No such signal "
                     "QPlatformNativeInterface::systemTrayWindowChanged(QScreen*)");
     QCOMPARE(lines.size(), 1);

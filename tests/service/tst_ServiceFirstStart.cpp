@@ -23,7 +23,7 @@ QByteArray withValues(const QByteArray &lines)
     return "[General]\n" + lines;
 }
 
-/// The line of that key in the program's own file.
+/// The line of that key in the program's settings file.
 QByteArray line(const QByteArray &key)
 {
     const QList<QByteArray> lines = SettingsFile::content(SettingsFile::own()).split('\n');
@@ -36,30 +36,30 @@ QByteArray line(const QByteArray &key)
 
 } // namespace
 
-/// What a start leaves in the settings: identifier, launch at login, system, number of launches.
+/// The settings after a start: identifier, launch at login, operating system, number of launches.
 class ServiceFirstStart : public QObject
 {
     Q_OBJECT
 
 private slots:
     void init();
-    void identifier_is_kept_taken_over_or_made_data();
-    void identifier_is_kept_taken_over_or_made();
+    void identifier_is_its_own_the_sibling_s_or_a_new_one_data();
+    void identifier_is_its_own_the_sibling_s_or_a_new_one();
     void fresh_identifiers_differ();
     void identifier_is_stored_as_a_uuid_and_not_as_text();
-    void document_is_told_that_launch_at_login_is_on();
-    void document_is_told_that_launch_at_login_is_off();
+    void document_shows_that_launch_at_login_is_on();
+    void document_shows_that_launch_at_login_is_off();
     void launch_at_login_is_not_forced_again();
     void sibling_is_only_read();
     void sibling_is_not_created();
-    void second_start_leaves_all_but_the_counter();
-    void system_is_written_at_every_start();
+    void second_start_changes_only_the_counter();
+    void operating_system_is_written_at_every_start();
     void first_start_writes_these_keys_and_no_other();
     void settings_lie_under_the_product_and_the_maker();
     void launches_are_counted_data();
     void launches_are_counted();
-    void file_full_of_garbage_counts_as_none_data();
-    void file_full_of_garbage_counts_as_none();
+    void file_of_garbage_counts_as_no_file_data();
+    void file_of_garbage_counts_as_no_file();
 };
 
 void ServiceFirstStart::init()
@@ -67,7 +67,7 @@ void ServiceFirstStart::init()
     SettingsFile::forgetEverything();
 }
 
-void ServiceFirstStart::identifier_is_kept_taken_over_or_made_data()
+void ServiceFirstStart::identifier_is_its_own_the_sibling_s_or_a_new_one_data()
 {
     QTest::addColumn<QByteArray>("own");
     QTest::addColumn<QByteArray>("sibling");
@@ -93,7 +93,7 @@ void ServiceFirstStart::identifier_is_kept_taken_over_or_made_data()
     QTest::newRow("own some text, sibling present") << text << siblingIdentifier << "garbage" << false;
 }
 
-void ServiceFirstStart::identifier_is_kept_taken_over_or_made()
+void ServiceFirstStart::identifier_is_its_own_the_sibling_s_or_a_new_one()
 {
     QFETCH(QByteArray, own);
     QFETCH(QByteArray, sibling);
@@ -142,13 +142,13 @@ void ServiceFirstStart::identifier_is_stored_as_a_uuid_and_not_as_text()
     QCOMPARE(line("Uuid") + '\n', siblingIdentifier);
 }
 
-void ServiceFirstStart::document_is_told_that_launch_at_login_is_on()
+void ServiceFirstStart::document_shows_that_launch_at_login_is_on()
 {
     const RunningService running;
     QCOMPARE(running.launchAtLoginTick(), true);
 }
 
-void ServiceFirstStart::document_is_told_that_launch_at_login_is_off()
+void ServiceFirstStart::document_shows_that_launch_at_login_is_off()
 {
     SettingsFile::replace(SettingsFile::own(), withValues(ownIdentifier));
     const RunningService running;
@@ -189,7 +189,7 @@ void ServiceFirstStart::sibling_is_not_created()
     QVERIFY(!QFileInfo::exists(SettingsFile::sibling()));
 }
 
-void ServiceFirstStart::second_start_leaves_all_but_the_counter()
+void ServiceFirstStart::second_start_changes_only_the_counter()
 {
     QByteArray identifier;
     QByteArray agent;
@@ -205,14 +205,14 @@ void ServiceFirstStart::second_start_leaves_all_but_the_counter()
     QCOMPARE(line("LaunchCounter"), QByteArray("LaunchCounter=2"));
 }
 
-void ServiceFirstStart::system_is_written_at_every_start()
+void ServiceFirstStart::operating_system_is_written_at_every_start()
 {
     SettingsFile::replace(
         SettingsFile::own(),
         withValues(ownIdentifier + "OSType=Other\nOSVersion=8\nOSVersionReadable=OS X 10.6 Snow Leopard\n"));
     const RunningService running;
     QCOMPARE(line("OSType"), QByteArray("OSType=Mac"));
-    // No Mac: the code for "none" of all.
+    // Not a Mac: the code for "none" of the versions.
     QCOMPARE(line("OSVersion"), QByteArray("OSVersion=65535"));
     QCOMPARE(line("OSVersionReadable"), QByteArray("OSVersionReadable=Unknown version"));
     QCOMPARE(SettingsFile::value("OSVersion").toInt(), 65535);
@@ -256,7 +256,7 @@ void ServiceFirstStart::launches_are_counted()
     QCOMPARE(line("LaunchCounter"), after);
 }
 
-void ServiceFirstStart::file_full_of_garbage_counts_as_none_data()
+void ServiceFirstStart::file_of_garbage_counts_as_no_file_data()
 {
     QTest::addColumn<QByteArray>("garbage");
 
@@ -271,7 +271,7 @@ void ServiceFirstStart::file_full_of_garbage_counts_as_none_data()
     QTest::newRow("nothing") << QByteArray("");
 }
 
-void ServiceFirstStart::file_full_of_garbage_counts_as_none()
+void ServiceFirstStart::file_of_garbage_counts_as_no_file()
 {
     QFETCH(QByteArray, garbage);
     SettingsFile::replace(SettingsFile::own(), garbage);

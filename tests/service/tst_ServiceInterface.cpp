@@ -6,7 +6,7 @@
 #include <QMetaMethod>
 #include <QTimer>
 
-/// The service as others reach it: its signals and slots, by index, too.
+/// The public interface of the service: its signals and slots, with their indexes.
 class ServiceInterface : public QObject
 {
     Q_OBJECT

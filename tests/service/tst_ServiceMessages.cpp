@@ -18,35 +18,35 @@ const QString three = QStringLiteral("Vous avez 3 patients en attente");
 
 } // namespace
 
-/// The hourly tick: when waiting patients are announced, and when the documents read the database again.
+/// The hourly tick: when it announces waiting patients, and when the documents read the database again.
 class ServiceMessages : public QObject
 {
     Q_OBJECT
 
 private slots:
     void init();
-    void message_has_its_words_data();
-    void message_has_its_words();
+    void message_has_the_expected_text_data();
+    void message_has_the_expected_text();
     void unchanged_count_is_announced_at_every_second_tick();
-    void same_count_on_three_ticks();
+    void same_count_on_three_ticks_is_announced_at_the_first_and_third();
     void one_patient_is_announced_at_every_second_tick();
     void changed_count_is_announced_at_once();
-    void count_that_was_announced_at_the_start_is_passed_over_at_the_first_tick();
-    void tick_without_waiting_patients_forgets_the_last_count_data();
-    void tick_without_waiting_patients_forgets_the_last_count();
-    void refresh_in_between_changes_nothing();
-    void tray_without_messages_keeps_the_rhythm();
+    void count_announced_at_the_start_is_not_announced_at_the_first_tick();
+    void tick_without_waiting_patients_resets_the_last_count_data();
+    void tick_without_waiting_patients_resets_the_last_count();
+    void refresh_between_two_ticks_does_not_change_the_messages();
+    void tray_without_messages_does_not_change_the_alternation();
     void timer_ticks_every_hour();
     void tick_of_the_same_day_refreshes_nothing();
     void tick_of_another_day_of_the_month_refreshes_data();
     void tick_of_another_day_of_the_month_refreshes();
     void new_day_refreshes_once();
-    void refresh_by_the_user_counts_as_the_day_s();
+    void refresh_by_the_user_counts_as_the_refresh_of_the_day();
     void message_comes_before_the_day_s_refresh();
-    void every_engine_is_cleaned_after_the_day_s_refresh();
+    void every_engine_collects_garbage_after_the_day_s_refresh();
 
 private:
-    /// Ticks, and what each announced: an empty text for nothing.
+    /// Ticks the timer that many times; returns the announcement of each tick, empty for none.
     static QStringList tick(RunningService &running, int times);
 };
 
@@ -66,7 +66,7 @@ QStringList ServiceMessages::tick(RunningService &running, int times)
     return announced;
 }
 
-void ServiceMessages::message_has_its_words_data()
+void ServiceMessages::message_has_the_expected_text_data()
 {
     QTest::addColumn<int>("number");
     QTest::addColumn<QString>("text");
@@ -78,7 +78,7 @@ void ServiceMessages::message_has_its_words_data()
     QTest::newRow("1234567") << 1234567 << "Vous avez 1234567 patients en attente";
 }
 
-void ServiceMessages::message_has_its_words()
+void ServiceMessages::message_has_the_expected_text()
 {
     QFETCH(int, number);
     QFETCH(QString, text);
@@ -105,7 +105,7 @@ void ServiceMessages::unchanged_count_is_announced_at_every_second_tick()
                                       three, "", three, "", three, "", three, "", three, "", three, ""});
 }
 
-void ServiceMessages::same_count_on_three_ticks()
+void ServiceMessages::same_count_on_three_ticks_is_announced_at_the_first_and_third()
 {
     RunningService running;
     running.standInFor(running.main)->setProperty("number", 3);
@@ -134,7 +134,7 @@ void ServiceMessages::changed_count_is_announced_at_once()
     COMPARE_LINES(announced, {three, "Vous avez 4 patients en attente", three, "", "Vous avez 5 patients en attente"});
 }
 
-void ServiceMessages::count_that_was_announced_at_the_start_is_passed_over_at_the_first_tick()
+void ServiceMessages::count_announced_at_the_start_is_not_announced_at_the_first_tick()
 {
     RunningService running;
     running.standInFor(running.main)->setProperty("number", 3);
@@ -142,7 +142,7 @@ void ServiceMessages::count_that_was_announced_at_the_start_is_passed_over_at_th
     COMPARE_LINES(tick(running, 3), {"", three, ""});
 }
 
-void ServiceMessages::tick_without_waiting_patients_forgets_the_last_count_data()
+void ServiceMessages::tick_without_waiting_patients_resets_the_last_count_data()
 {
     QTest::addColumn<QVariant>("number");
     QTest::newRow("none") << QVariant(0);
@@ -151,7 +151,7 @@ void ServiceMessages::tick_without_waiting_patients_forgets_the_last_count_data(
     QTest::newRow("not given") << QVariant();
 }
 
-void ServiceMessages::tick_without_waiting_patients_forgets_the_last_count()
+void ServiceMessages::tick_without_waiting_patients_resets_the_last_count()
 {
     QFETCH(QVariant, number);
     RunningService running;
@@ -165,7 +165,7 @@ void ServiceMessages::tick_without_waiting_patients_forgets_the_last_count()
     COMPARE_LINES(announced, {three, "", "", three, ""});
 }
 
-void ServiceMessages::refresh_in_between_changes_nothing()
+void ServiceMessages::refresh_between_two_ticks_does_not_change_the_messages()
 {
     RunningService running;
     running.standInFor(running.list);
@@ -177,12 +177,12 @@ void ServiceMessages::refresh_in_between_changes_nothing()
     COMPARE_LINES(announced, {three, "", three});
 }
 
-void ServiceMessages::tray_without_messages_keeps_the_rhythm()
+void ServiceMessages::tray_without_messages_does_not_change_the_alternation()
 {
     RunningService running;
     running.standInFor(running.main)->setProperty("number", 3);
     running.service->takesMessages = false;
-    QStringList announced = tick(running, 1); // remembered, though not said
+    QStringList announced = tick(running, 1); // the count is remembered without a message
     running.service->takesMessages = true;
     announced += tick(running, 2);
     COMPARE_LINES(announced, {"", "", three});
@@ -272,7 +272,7 @@ void ServiceMessages::new_day_refreshes_once()
     COMPARE_LINES(main->property("calls").toStringList(), {"refresh", "refresh"});
 }
 
-void ServiceMessages::refresh_by_the_user_counts_as_the_day_s()
+void ServiceMessages::refresh_by_the_user_counts_as_the_refresh_of_the_day()
 {
     TestClock clock("2014-05-30 22:00:00");
     RunningService running;
@@ -294,12 +294,12 @@ void ServiceMessages::message_comes_before_the_day_s_refresh()
     main->setProperty("number", 3);
     main->setProperty("nextNumber", 4);
     clock.moveTo("2014-05-31 00:30:00");
-    // Yesterday's number is announced, today's at the next tick.
+    // The first tick announces yesterday's number, the next one today's.
     COMPARE_LINES(tick(running, 2), {three, "Vous avez 4 patients en attente"});
     QCOMPARE(SettingsFile::value("PatientsWaitingCounter"), QVariant(4));
 }
 
-void ServiceMessages::every_engine_is_cleaned_after_the_day_s_refresh()
+void ServiceMessages::every_engine_collects_garbage_after_the_day_s_refresh()
 {
     TestClock clock("2014-05-30 23:30:00");
     RunningService running;

@@ -12,7 +12,7 @@ const QPoint contactDefault(1125, 35);
 
 } // namespace
 
-/// Where the windows open, on a screen that offers 1920 x 1080 unless a test says otherwise.
+/// Where the windows open. The screen has 1920 x 1080 pixels unless a test sets another size.
 class ServicePlacement : public QObject
 {
     Q_OBJECT
@@ -22,17 +22,17 @@ private slots:
     void window_stays_inside_and_comes_back_from_outside_data();
     void window_stays_inside_and_comes_back_from_outside();
     void first_show_always_goes_to_the_default_place();
-    void opening_a_patient_is_no_first_show();
-    void startup_without_a_window_leaves_the_first_show_to_come();
+    void opening_a_patient_does_not_count_as_the_first_show();
+    void startup_without_a_window_does_not_count_as_the_first_show();
     void list_may_hang_over_the_right_edge();
-    void real_size_of_the_main_window_does_not_count();
+    void actual_size_of_the_main_window_does_not_matter();
     void small_screen_puts_the_list_partly_outside();
     void narrow_screen_keeps_the_widget_s_left_edge_inside();
     void place_depends_on_the_size_of_that_screen_data();
     void place_depends_on_the_size_of_that_screen();
-    void real_screen_is_asked();
-    void pushed_up_it_goes_back_as_it_shrinks_data();
-    void pushed_up_it_goes_back_as_it_shrinks();
+    void placement_uses_the_real_screen();
+    void window_pushed_up_moves_back_down_when_it_shrinks_data();
+    void window_pushed_up_moves_back_down_when_it_shrinks();
 };
 
 void ServicePlacement::init()
@@ -95,7 +95,7 @@ void ServicePlacement::window_stays_inside_and_comes_back_from_outside()
     QFETCH(QPoint, before);
     QFETCH(QPoint, after);
     RunningService running;
-    running.call("show"); // the first show is a case of its own
+    running.call("show"); // the first show has tests of its own
     running.call("hide");
     DraggableQuickView *window = windowOf(document);
     window->setPosition(before);
@@ -122,7 +122,7 @@ void ServicePlacement::first_show_always_goes_to_the_default_place()
     QCOMPARE(running.main->position(), QPoint(200, 200));
 }
 
-void ServicePlacement::opening_a_patient_is_no_first_show()
+void ServicePlacement::opening_a_patient_does_not_count_as_the_first_show()
 {
     RunningService running;
     running.main->setPosition(-40, 2000);
@@ -134,7 +134,7 @@ void ServicePlacement::opening_a_patient_is_no_first_show()
     QCOMPARE(running.main->position(), mainDefault);
 }
 
-void ServicePlacement::startup_without_a_window_leaves_the_first_show_to_come()
+void ServicePlacement::startup_without_a_window_does_not_count_as_the_first_show()
 {
     RunningService running;
     running.main->setPosition(100, 100);
@@ -154,7 +154,7 @@ void ServicePlacement::list_may_hang_over_the_right_edge()
     QCOMPARE(running.list->width(), 800);
 }
 
-void ServicePlacement::real_size_of_the_main_window_does_not_count()
+void ServicePlacement::actual_size_of_the_main_window_does_not_matter()
 {
     RunningService running;
     running.call("show");
@@ -208,7 +208,7 @@ void ServicePlacement::place_depends_on_the_size_of_that_screen()
     QTEST(running.contact->position(), "contact");
 }
 
-void ServicePlacement::real_screen_is_asked()
+void ServicePlacement::placement_uses_the_real_screen()
 {
     ObservedService::chosenSize = QSize();
     RunningService running;
@@ -217,7 +217,7 @@ void ServicePlacement::real_screen_is_asked()
     QCOMPARE(running.main->position(), QPoint(230, 35));
 }
 
-void ServicePlacement::pushed_up_it_goes_back_as_it_shrinks_data()
+void ServicePlacement::window_pushed_up_moves_back_down_when_it_shrinks_data()
 {
     QTest::addColumn<QVector<QPoint>>("moves");
     QTest::addColumn<int>("height");
@@ -232,7 +232,7 @@ void ServicePlacement::pushed_up_it_goes_back_as_it_shrinks_data()
     QTest::newRow("pushed, then moved") << QVector<QPoint>{{100, 200}, {300, 100}} << 174 << QPoint(300, 100);
 }
 
-void ServicePlacement::pushed_up_it_goes_back_as_it_shrinks()
+void ServicePlacement::window_pushed_up_moves_back_down_when_it_shrinks()
 {
     QFETCH(QVector<QPoint>, moves);
     QFETCH(int, height);

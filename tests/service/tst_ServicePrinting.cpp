@@ -46,7 +46,7 @@ QString pathOf(const char *name)
     return QDir::homePath() + "/" + QLatin1String(name);
 }
 
-/// What a command says on its standard output.
+/// The standard output of a command.
 QString outputOf(const QString &program, const QStringList &arguments)
 {
     QProcess process;
@@ -56,7 +56,7 @@ QString outputOf(const QString &program, const QStringList &arguments)
     return QString::fromUtf8(process.readAllStandardOutput());
 }
 
-/// The lines of text of a PDF file, in their layout, each without surrounding blanks and runs of blanks.
+/// The lines of text of a PDF file in layout order, with simplified whitespace.
 QStringList linesOf(const QString &pdf)
 {
     QStringList lines;
@@ -93,19 +93,19 @@ class ServicePrinting : public QObject
 
 private slots:
     void init();
-    void dialog_is_titled_and_stands_alone();
-    void printer_is_as_the_platform_has_it();
-    void accepted_print_is_on_paper_and_counted();
-    void cancelled_print_leaves_nothing_data();
-    void cancelled_print_leaves_nothing();
+    void dialog_has_a_title_and_no_parent();
+    void printer_has_the_settings_of_the_platform();
+    void accepted_print_is_printed_and_counted();
+    void cancelled_print_leaves_no_file_and_is_not_counted_data();
+    void cancelled_print_leaves_no_file_and_is_not_counted();
     void empty_list_is_printed_and_counted();
     void prints_are_counted_data();
     void prints_are_counted();
     void twenty_patients_fit_on_a_page();
-    void long_list_goes_on_over_pages();
+    void long_list_continues_on_further_pages();
     void file_that_cannot_be_written_is_reported_by_the_dialog_data();
     void file_that_cannot_be_written_is_reported_by_the_dialog();
-    void report_is_of_the_moment_it_was_asked_for();
+    void report_is_built_once_at_the_time_of_the_request();
 };
 
 void ServicePrinting::init()
@@ -113,21 +113,21 @@ void ServicePrinting::init()
     SettingsFile::forgetEverything();
 }
 
-void ServicePrinting::dialog_is_titled_and_stands_alone()
+void ServicePrinting::dialog_has_a_title_and_no_parent()
 {
     RunningService running;
     QVERIFY(withModal<QPrintDialog>([&] { running.service->requestPrint(title, patients(1)); },
                                     [](QPrintDialog &dialog) {
                                         QCOMPARE(dialog.windowTitle(), title);
                                         QVERIFY(!dialog.windowIcon().isNull());
-                                        QVERIFY(dialog.windowFlags().testFlag(
-                                            Qt::WindowStaysOnTopHint)); // as the widget is
+                                        QVERIFY(
+                                            dialog.windowFlags().testFlag(Qt::WindowStaysOnTopHint)); // like the widget
                                         QCOMPARE(dialog.parentWidget(), nullptr);
                                         QVERIFY(dialog.isModal());
                                     }));
 }
 
-void ServicePrinting::printer_is_as_the_platform_has_it()
+void ServicePrinting::printer_has_the_settings_of_the_platform()
 {
     const QPrinter expected(QPrinter::ScreenResolution);
     RunningService running;
@@ -141,7 +141,7 @@ void ServicePrinting::printer_is_as_the_platform_has_it()
                                     }));
 }
 
-void ServicePrinting::accepted_print_is_on_paper_and_counted()
+void ServicePrinting::accepted_print_is_printed_and_counted()
 {
     const QString file = pathOf("accepted.pdf");
     RunningService running;
@@ -174,7 +174,7 @@ void ServicePrinting::accepted_print_is_on_paper_and_counted()
                       title,
                       "Nom du patient Date 1er RDV Téléphone Tests Bilan 1 Allergie Prise Bilan 2",
                       "DUPONT Marie 31/01/2014 01 99 00 12 34 Non Non",
-                      "Éloïse O'Neil & fils Oui - ?", // a name is inserted as it is, so its markup is markup
+                      "Éloïse O'Neil & fils Oui - ?", // names are not escaped: their markup takes effect
                       "Tests : Tests cutanés",
                       "Bilan 1 : RDV bilan allergologique",
                       "Allergie : Allergie confirmée",
@@ -186,7 +186,7 @@ void ServicePrinting::accepted_print_is_on_paper_and_counted()
     QCOMPARE(SettingsFile::value("PrinterCounter"), QVariant(1));
 }
 
-void ServicePrinting::cancelled_print_leaves_nothing_data()
+void ServicePrinting::cancelled_print_leaves_no_file_and_is_not_counted_data()
 {
     QTest::addColumn<QString>("way");
     QTest::newRow("cancel") << "cancel";
@@ -194,7 +194,7 @@ void ServicePrinting::cancelled_print_leaves_nothing_data()
     QTest::newRow("close") << "close";
 }
 
-void ServicePrinting::cancelled_print_leaves_nothing()
+void ServicePrinting::cancelled_print_leaves_no_file_and_is_not_counted()
 {
     QFETCH(QString, way);
     RunningService running;
@@ -267,13 +267,13 @@ void ServicePrinting::twenty_patients_fit_on_a_page()
                       "PATIENT02 Éloïse 31/01/2014 01 99 00 12 34 Oui - Oui Oui ?",
                   });
     QCOMPARE(lines.filter("PATIENT").size(), 20);
-    // Legible on paper: the letters are of eight points. How high their line is depends on the machine's font.
+    // Legible on paper: eight points. The height of a line depends on the machine's font.
     const QString html = outputOf("pdftohtml", {"-xml", "-i", "-stdout", "-zoom", "1", file});
     const QString font = QRegularExpression("font=\"(\\d+)\">PATIENT01").match(html).captured(1);
     QCOMPARE(QRegularExpression("<fontspec id=\"" + font + "\" size=\"(\\d+)\"").match(html).captured(1), QString("8"));
 }
 
-void ServicePrinting::long_list_goes_on_over_pages()
+void ServicePrinting::long_list_continues_on_further_pages()
 {
     const QString file = pathOf("long.pdf");
     RunningService running;
@@ -300,13 +300,13 @@ void ServicePrinting::file_that_cannot_be_written_is_reported_by_the_dialog()
                                     [&](QPrintDialog &dialog) { printTo(dialog, path); }, &reported));
     QCOMPARE(reported.size(), 1);
     QVERIFY2(reported.first().contains(path), qPrintable(reported.first()));
-    // The dialog waited for another name and was closed then.
+    // The dialog stayed open for another name, and the test closed it.
     QVERIFY(!SettingsFile::keys().contains("PrinterCounter"));
     running.call("show");
     QVERIFY(running.main->isVisible());
 }
 
-void ServicePrinting::report_is_of_the_moment_it_was_asked_for()
+void ServicePrinting::report_is_built_once_at_the_time_of_the_request()
 {
     RunningService running;
     QVERIFY(withModal<QPrintDialog>([&] { running.service->requestPrint(title, patients(1)); },

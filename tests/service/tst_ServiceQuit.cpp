@@ -14,14 +14,14 @@ namespace {
 
 const QString key = QStringLiteral("DontAskBeforeQuit");
 
-/// "absent", "true", "false": what is stored now.
+/// The stored preference: "absent", "true" or "false".
 QString stored()
 {
     const QVariant value = SettingsFile::value(key);
     return value.isValid() ? value.toString() : QStringLiteral("absent");
 }
 
-/// Does one thing in the box, as a user does.
+/// Performs one action in the box, like a user.
 void use(QMessageBox &box, const QString &action)
 {
     if (action == "tick" || action == "untick") {
@@ -51,20 +51,20 @@ class ServiceQuit : public QObject
 
 private slots:
     void init();
-    void question_has_its_words_buttons_and_default();
+    void question_has_the_expected_text_buttons_and_default();
     void question_shows_the_tray_picture();
-    void question_is_gone_when_answered();
-    void answer_decides_and_the_box_stores_at_once_data();
-    void answer_decides_and_the_box_stores_at_once();
-    void stored_wish_decides_whether_to_ask_data();
-    void stored_wish_decides_whether_to_ask();
+    void question_is_deleted_when_answered();
+    void answer_decides_and_the_check_box_is_stored_at_once_data();
+    void answer_decides_and_the_check_box_is_stored_at_once();
+    void stored_preference_decides_whether_to_ask_data();
+    void stored_preference_decides_whether_to_ask();
     void timers_tick_while_the_question_is_open();
     void end_of_the_session_quits_without_asking();
-    void wish_is_stored_as_told_data();
-    void wish_is_stored_as_told();
-    void switching_launch_at_login_tells_the_document_once_data();
-    void switching_launch_at_login_tells_the_document_once();
-    void list_that_cannot_be_written_is_not_noticed();
+    void preference_is_stored_as_given_data();
+    void preference_is_stored_as_given();
+    void switching_launch_at_login_notifies_the_document_once_data();
+    void switching_launch_at_login_notifies_the_document_once();
+    void failed_write_of_the_list_is_not_shown();
 };
 
 void ServiceQuit::init()
@@ -72,14 +72,14 @@ void ServiceQuit::init()
     SettingsFile::forgetEverything();
 }
 
-void ServiceQuit::question_has_its_words_buttons_and_default()
+void ServiceQuit::question_has_the_expected_text_buttons_and_default()
 {
     RunningService running;
     QVERIFY(withModal<QMessageBox>([&] { running.call("closeIntent"); },
                                    [](QMessageBox &box) {
                                        QCOMPARE(box.windowTitle(), QString("Vesk Tandry"));
                                        QVERIFY(box.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
-                                       QVERIFY(!box.windowIcon().isNull()); // in its title and in the taskbar
+                                       QVERIFY(!box.windowIcon().isNull()); // in its title bar and in the taskbar
                                        QCOMPARE(box.text(), QString("Fermeture de Tandry"));
                                        QCOMPARE(box.informativeText(),
                                                 QString("Etes-vous sur de vouloir fermer le widget Tandry ?"));
@@ -108,7 +108,7 @@ void ServiceQuit::question_shows_the_tray_picture()
         }));
 }
 
-void ServiceQuit::question_is_gone_when_answered()
+void ServiceQuit::question_is_deleted_when_answered()
 {
     RunningService running;
     QPointer<QMessageBox> question;
@@ -122,7 +122,7 @@ void ServiceQuit::question_is_gone_when_answered()
     QVERIFY(!checkBox);
 }
 
-void ServiceQuit::answer_decides_and_the_box_stores_at_once_data()
+void ServiceQuit::answer_decides_and_the_check_box_is_stored_at_once_data()
 {
     QTest::addColumn<QStringList>("actions");
     QTest::addColumn<QStringList>("storedAfterEach");
@@ -147,7 +147,7 @@ void ServiceQuit::answer_decides_and_the_box_stores_at_once_data()
     row({"tick", "untick", "tick", "Escape"}, {"true", "false", "true", "true"}, 0);
 }
 
-void ServiceQuit::answer_decides_and_the_box_stores_at_once()
+void ServiceQuit::answer_decides_and_the_check_box_is_stored_at_once()
 {
     QFETCH(QStringList, actions);
     QFETCH(QStringList, storedAfterEach);
@@ -167,13 +167,13 @@ void ServiceQuit::answer_decides_and_the_box_stores_at_once()
     COMPARE_LINES(seen, storedAfterEach);
     QCOMPARE(quit.size(), quits);
 
-    // The next close asks, unless the last word was not to.
+    // The next close asks unless the last stored value is true.
     const bool asks = withModal<QMessageBox>([&] { running.call("closeIntent"); }, [](QMessageBox &) {});
     QCOMPARE(asks, storedAfterEach.last() != "true");
     QCOMPARE(quit.size(), asks ? quits : quits + 1);
 }
 
-void ServiceQuit::stored_wish_decides_whether_to_ask_data()
+void ServiceQuit::stored_preference_decides_whether_to_ask_data()
 {
     QTest::addColumn<QByteArray>("line");
     QTest::addColumn<bool>("asks");
@@ -187,7 +187,7 @@ void ServiceQuit::stored_wish_decides_whether_to_ask_data()
     QTest::newRow("unreadable") << QByteArray("DontAskBeforeQuit=@Variant(\\0)\n") << true;
 }
 
-void ServiceQuit::stored_wish_decides_whether_to_ask()
+void ServiceQuit::stored_preference_decides_whether_to_ask()
 {
     QFETCH(QByteArray, line);
     QFETCH(bool, asks);
@@ -217,17 +217,17 @@ void ServiceQuit::end_of_the_session_quits_without_asking()
 {
     RunningService running;
     running.call("show");
-    QVERIFY(!QGuiApplication::isFallbackSessionManagementEnabled()); // which would close the windows one by one
+    QVERIFY(!QGuiApplication::isFallbackSessionManagementEnabled()); // the fallback would close the windows one by one
     QTimer::singleShot(0, qApp, [] {
         QEvent quit(QEvent::Quit);
         QCoreApplication::sendEvent(qApp, &quit);
         QVERIFY(quit.isAccepted());
     });
     QCOMPARE(qApp->exec(), 0);
-    QVERIFY(running.main->isVisible()); // not closed, so not asked
+    QVERIFY(running.main->isVisible()); // not closed: no question was asked
 }
 
-void ServiceQuit::wish_is_stored_as_told_data()
+void ServiceQuit::preference_is_stored_as_given_data()
 {
     QTest::addColumn<bool>("value");
     QTest::addColumn<QByteArray>("line");
@@ -235,7 +235,7 @@ void ServiceQuit::wish_is_stored_as_told_data()
     QTest::newRow("false") << false << QByteArray("\nDontAskBeforeQuit=false\n");
 }
 
-void ServiceQuit::wish_is_stored_as_told()
+void ServiceQuit::preference_is_stored_as_given()
 {
     QFETCH(bool, value);
     QFETCH(QByteArray, line);
@@ -245,7 +245,7 @@ void ServiceQuit::wish_is_stored_as_told()
     QVERIFY(SettingsFile::content(SettingsFile::own()).contains(line));
 }
 
-void ServiceQuit::switching_launch_at_login_tells_the_document_once_data()
+void ServiceQuit::switching_launch_at_login_notifies_the_document_once_data()
 {
     QTest::addColumn<bool>("before");
     QTest::addColumn<bool>("wanted");
@@ -256,7 +256,7 @@ void ServiceQuit::switching_launch_at_login_tells_the_document_once_data()
     QTest::newRow("off to off") << false << false << 0;
 }
 
-void ServiceQuit::switching_launch_at_login_tells_the_document_once()
+void ServiceQuit::switching_launch_at_login_notifies_the_document_once()
 {
     QFETCH(bool, before);
     QFETCH(bool, wanted);
@@ -271,7 +271,7 @@ void ServiceQuit::switching_launch_at_login_tells_the_document_once()
 
     QCOMPARE(changed.size(), told);
     if (told == 1) {
-        // A boolean within the variant that the signal carries.
+        // The signal carries a variant that holds a variant with a boolean.
         const QVariant value = changed.first().first().value<QVariant>();
         QCOMPARE(value, QVariant(wanted));
         QCOMPARE(value.userType(), int(QMetaType::Bool));
@@ -280,11 +280,11 @@ void ServiceQuit::switching_launch_at_login_tells_the_document_once()
     QCOMPARE(running.launchAtLoginTick(), wanted);
 }
 
-void ServiceQuit::list_that_cannot_be_written_is_not_noticed()
+void ServiceQuit::failed_write_of_the_list_is_not_shown()
 {
     RunningService running;
     QMetaObject::invokeMethod(running.service, "setAutorun", Q_ARG(bool, false));
-    // A file in the folder's place: nobody can write a list there, not even root.
+    // A file in place of the folder: not even root can write a list there.
     const QString folder = QDir::homePath() + "/Library";
     QVERIFY(QDir(folder).removeRecursively());
     QFile inTheWay(folder);

@@ -19,7 +19,7 @@ RunningService *running = nullptr;
 
 const QString waitingTitle = QStringLiteral("Liste des patients en attente");
 
-/// The report as it is expected, whose file breaks its one line for the reader's sake.
+/// The expected report. It is one line; the file has line breaks for readability.
 QString expectedReport(const char *name)
 {
     QFile file(QStringLiteral(":/service-tests/") + QLatin1String(name));
@@ -28,7 +28,7 @@ QString expectedReport(const char *name)
     return QString::fromUtf8(file.readAll()).remove('\n');
 }
 
-/// Asks for a print, cancels the dialog, and returns the report; a null text when there was none.
+/// Requests a print, cancels the dialog and returns the report; a null string when there was none.
 QString reportOf(const QString &title, const QVariant &list)
 {
     running->service->reports.clear();
@@ -64,7 +64,7 @@ QStringList stepsOf(const QVariantMap &row)
 
 } // namespace
 
-/// The report that is printed, as the text that is given to the rich-text document.
+/// The printed report, as the text that is passed to QTextDocument.
 class ServiceReport : public QObject
 {
     Q_OBJECT
@@ -72,23 +72,23 @@ class ServiceReport : public QObject
 private slots:
     void initTestCase();
     void cleanupTestCase();
-    void report_is_what_the_file_says();
-    void report_of_nobody_is_what_the_file_says();
+    void report_equals_the_expected_file();
+    void report_without_patients_equals_the_expected_file();
     void list_of_a_document_arrives_as_a_script_value();
-    void what_is_no_list_is_not_printed_data();
-    void what_is_no_list_is_not_printed();
-    void row_that_is_no_map_is_empty_data();
-    void row_that_is_no_map_is_empty();
-    void flag_counts_above_zero_data();
-    void flag_counts_above_zero();
-    void date_is_given_when_it_has_a_text_data();
-    void date_is_given_when_it_has_a_text();
+    void a_value_that_is_not_a_list_is_not_printed_data();
+    void a_value_that_is_not_a_list_is_not_printed();
+    void a_row_that_is_not_a_map_is_empty_data();
+    void a_row_that_is_not_a_map_is_empty();
+    void flag_above_zero_means_yes_data();
+    void flag_above_zero_means_yes();
+    void date_counts_as_given_when_it_has_a_text_data();
+    void date_counts_as_given_when_it_has_a_text();
     void text_is_not_escaped();
     void date_line_follows_the_clock_data();
     void date_line_follows_the_clock();
     void date_line_can_be_translated();
     void rows_keep_their_order();
-    void kind_of_each_row_is_logged();
+    void type_of_each_row_is_logged();
 };
 
 void ServiceReport::initTestCase()
@@ -101,7 +101,7 @@ void ServiceReport::cleanupTestCase()
     delete running;
 }
 
-void ServiceReport::report_is_what_the_file_says()
+void ServiceReport::report_equals_the_expected_file()
 {
     const TestClock clock("2014-05-31 09:05:00");
     const QVariantMap unescaped{{"name", QString::fromUtf8("Éloïse <b>O'Neil</b> & \"fils\" %1")},
@@ -123,7 +123,7 @@ void ServiceReport::report_is_what_the_file_says()
     QCOMPARE(report.toUtf8(), expectedReport("report.html").toUtf8());
 }
 
-void ServiceReport::report_of_nobody_is_what_the_file_says()
+void ServiceReport::report_without_patients_equals_the_expected_file()
 {
     const TestClock clock("2014-05-31 15:30:59");
     const QString report = reportOf("Liste de tous les patients", QVariantList());
@@ -142,11 +142,11 @@ void ServiceReport::list_of_a_document_arrives_as_a_script_value()
              QList<QStringList>({{"AB", "", "", "Oui", "-", "?", "", ""}, {"", "", "", "?", "", "", "", ""}}));
 }
 
-void ServiceReport::what_is_no_list_is_not_printed_data()
+void ServiceReport::a_value_that_is_not_a_list_is_not_printed_data()
 {
     QTest::addColumn<QVariant>("list");
 
-    static QJSEngine engine; // outlives the values of the rows
+    static QJSEngine engine; // must outlive the values of the rows
     const auto script = [](const char *text) { return QVariant::fromValue(engine.evaluate(text)); };
     QTest::newRow("not given") << QVariant();
     QTest::newRow("null") << QVariant::fromValue(nullptr);
@@ -165,7 +165,7 @@ void ServiceReport::what_is_no_list_is_not_printed_data()
     QTest::newRow("script: function") << script("(function () { return []; })");
 }
 
-void ServiceReport::what_is_no_list_is_not_printed()
+void ServiceReport::a_value_that_is_not_a_list_is_not_printed()
 {
     QFETCH(QVariant, list);
     running->service->reports.clear();
@@ -178,7 +178,7 @@ void ServiceReport::what_is_no_list_is_not_printed()
     QVERIFY(!SettingsFile::keys().contains("PrinterCounter"));
 }
 
-void ServiceReport::row_that_is_no_map_is_empty_data()
+void ServiceReport::a_row_that_is_not_a_map_is_empty_data()
 {
     QTest::addColumn<QVariant>("row");
     QTest::newRow("number") << QVariant(42);
@@ -189,7 +189,7 @@ void ServiceReport::row_that_is_no_map_is_empty_data()
     QTest::newRow("truth value") << QVariant(true);
 }
 
-void ServiceReport::row_that_is_no_map_is_empty()
+void ServiceReport::a_row_that_is_not_a_map_is_empty()
 {
     QFETCH(QVariant, row);
     const QString report = reportOf(waitingTitle, QVariantList{row, answeredPatient()});
@@ -200,7 +200,7 @@ void ServiceReport::row_that_is_no_map_is_empty()
              }));
 }
 
-void ServiceReport::flag_counts_above_zero_data()
+void ServiceReport::flag_above_zero_means_yes_data()
 {
     QTest::addColumn<QVariant>("flag");
     QTest::addColumn<QString>("cell");
@@ -220,18 +220,18 @@ void ServiceReport::flag_counts_above_zero_data()
     QTest::newRow("not given") << QVariant() << "Non";
 }
 
-void ServiceReport::flag_counts_above_zero()
+void ServiceReport::flag_above_zero_means_yes()
 {
     QFETCH(QVariant, flag);
     QFETCH(QString, cell);
     QCOMPARE(stepsOf({{"test_date", "2014-01-01"}, {"test", flag}}).first(), cell);
-    // The same rule for the last step.
+    // The same rule applies to the last step.
     QVariantMap patient = answeredPatient();
     patient.insert("rdv3", flag);
     QCOMPARE(stepsOf(patient).last(), cell);
 }
 
-void ServiceReport::date_is_given_when_it_has_a_text_data()
+void ServiceReport::date_counts_as_given_when_it_has_a_text_data()
 {
     QTest::addColumn<QVariant>("date");
     QTest::addColumn<QString>("cell");
@@ -245,7 +245,7 @@ void ServiceReport::date_is_given_when_it_has_a_text_data()
     QTest::newRow("not given") << QVariant() << "?";
 }
 
-void ServiceReport::date_is_given_when_it_has_a_text()
+void ServiceReport::date_counts_as_given_when_it_has_a_text()
 {
     QFETCH(QVariant, date);
     QFETCH(QString, cell);
@@ -311,7 +311,7 @@ void ServiceReport::rows_keep_their_order()
     COMPARE_LINES(names, {"Zoé", "anne", "Bob", "Zoé", ""});
 }
 
-void ServiceReport::kind_of_each_row_is_logged()
+void ServiceReport::type_of_each_row_is_logged()
 {
     LogCapture capture;
     reportOf(waitingTitle, QVariantList{QVariantMap{{"name", "DUPONT"}}, 42, "DUPONT"});

@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr quint16 port = 47443; // that of the host that test builds post to
+constexpr quint16 port = 47443; // the port of the statistics host in test builds
 
 const QByteArray identifierLine = "Uuid=@Variant(\\0\\0\\0\\x7f\\0\\0\\0\\x6QUuid\\0"
                                   "\\x11\\x11\\x11\\x11\\x22\\x22\\x33\\x33\\x44\\x44UUUUUU)\n";
@@ -23,19 +23,19 @@ QByteArray bodyOf(const QByteArray &request)
     return request.mid(request.indexOf("\r\n\r\n") + 4);
 }
 
-/// The text of a field in a body; it must be there once.
+/// The text of a field in a body; the field must occur exactly once.
 QByteArray textOf(const QByteArray &body, const char *name)
 {
     const QByteArray start = "name=\"" + QByteArray(name) + "\"\r\n\r\n";
     if (body.count(start) != 1)
-        return "there is not one field of that name";
+        return "there is not exactly one field of that name";
     const int from = body.indexOf(start) + start.size();
     return body.mid(from, body.indexOf("\r\n--margin\r\n", from) - from);
 }
 
 } // namespace
 
-/// What the daily upload says, read by a server with a certificate of its own on the loopback of the test.
+/// The content of the daily upload, received by a server on the test's loopback interface with its own certificate.
 class ServiceStatistics : public QObject
 {
     Q_OBJECT
@@ -48,13 +48,13 @@ private slots:
     void upload_of_a_used_installation_byte_for_byte();
     void value_is_sent_as_its_text_data();
     void value_is_sent_as_its_text();
-    void truth_word_becomes_a_number_in_every_field_data();
-    void truth_word_becomes_a_number_in_every_field();
+    void true_and_false_become_a_number_in_every_field_data();
+    void true_and_false_become_a_number_in_every_field();
     void value_with_a_boundary_line_is_not_escaped();
-    void nobody_sets_the_counter_of_the_main_window();
+    void counter_of_the_main_window_is_never_set();
     void request_has_its_address_and_headers();
     void body_is_logged();
-    void every_upload_reads_the_store_anew();
+    void every_upload_reads_the_settings_again();
 
 private:
     Certificate *own = nullptr;
@@ -80,7 +80,7 @@ void ServiceStatistics::init()
 
 void ServiceStatistics::first_upload_of_an_installation_byte_for_byte()
 {
-    // The identifier comes from the sibling, so that it is known here.
+    // The identifier comes from the sibling product: the test knows it.
     SettingsFile::forgetEverything();
     SettingsFile::replace(SettingsFile::sibling(), "[General]\n" + identifierLine);
     StatisticsServer server(StatisticsServer::AnswersOk, *own, port);
@@ -158,7 +158,7 @@ void ServiceStatistics::value_is_sent_as_its_text()
     if (value.isValid())
         SettingsFile::setValue("DontAskBeforeQuit", value);
     running.call("sendDataToServer");
-    // Two connections: the one of the start may come second.
+    // There are two connections: that of the start may arrive second.
     const QList<QByteArray> requests = server.requests(2);
     QCOMPARE(requests.size(), 2);
     QList<QByteArray> texts;
@@ -168,7 +168,7 @@ void ServiceStatistics::value_is_sent_as_its_text()
     QCOMPARE(texts, QList<QByteArray>({text}));
 }
 
-void ServiceStatistics::truth_word_becomes_a_number_in_every_field_data()
+void ServiceStatistics::true_and_false_become_a_number_in_every_field_data()
 {
     QTest::addColumn<QByteArray>("key");
     for (const char *name : {"Uuid", "OSType", "OSVersion", "LaunchCounter", "ShowListViewCounter",
@@ -177,7 +177,7 @@ void ServiceStatistics::truth_word_becomes_a_number_in_every_field_data()
         QTest::newRow(name) << QByteArray(name);
 }
 
-void ServiceStatistics::truth_word_becomes_a_number_in_every_field()
+void ServiceStatistics::true_and_false_become_a_number_in_every_field()
 {
     QFETCH(QByteArray, key);
     StatisticsServer server(StatisticsServer::AnswersOk, *own, port);
@@ -201,7 +201,7 @@ void ServiceStatistics::value_with_a_boundary_line_is_not_escaped()
                 .contains("name=\"PrinterCounter\"\r\n\r\na\r\n--margin\r\nb\"\r\n--margin\r\n"));
 }
 
-void ServiceStatistics::nobody_sets_the_counter_of_the_main_window()
+void ServiceStatistics::counter_of_the_main_window_is_never_set()
 {
     StatisticsServer server(StatisticsServer::AnswersOk, *own, port);
     RunningService running;
@@ -245,7 +245,7 @@ void ServiceStatistics::body_is_logged()
     QVERIFY(logged.first().endsWith("name=\\\"OSVersionReadable\\\"\\r\\n\\r\\nUnknown version\\r\\n--margin\\r\\n\""));
 }
 
-void ServiceStatistics::every_upload_reads_the_store_anew()
+void ServiceStatistics::every_upload_reads_the_settings_again()
 {
     StatisticsServer server(StatisticsServer::AnswersOk, *own, port);
     RunningService running;

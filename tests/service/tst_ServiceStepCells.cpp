@@ -8,10 +8,10 @@
 
 namespace {
 
-/// What a record may hold of a step, in a letter each: a yes or a no with its date, or a flag without any date.
+/// The possible states of a step, one letter each: yes or no with a date, or a flag without a date.
 const QByteArray kinds = "YNyn";
 
-/// What the pathway's cells say for all records: `-` in a pattern stands for "without a date", `*` for anything.
+/// The expected cells for all records: in a pattern, `-` means "without a date" and `*` anything.
 struct Rule
 {
     const char *steps;
@@ -51,7 +51,7 @@ bool fits(const QByteArray &record, const char *steps)
     return true;
 }
 
-/// All 1024 records, each as five letters.
+/// All 1024 records as strings of five letters.
 QList<QByteArray> records()
 {
     QList<QByteArray> all{QByteArray()};
@@ -81,7 +81,7 @@ QVariantMap patientOf(const QByteArray &record)
 
 } // namespace
 
-/// The five step cells of the printed report, over everything that a record may hold.
+/// The five step cells of the printed report, for every possible record.
 class ServiceStepCells : public QObject
 {
     Q_OBJECT
@@ -114,7 +114,7 @@ void ServiceStepCells::initTestCase()
         QRegularExpressionMatchIterator match = cell.globalMatch(rows.at(i));
         while (match.hasNext())
             cells.append(match.next().captured(1));
-        printed.insert(records().at(i), cells.mid(1)); // the first is that of the first appointment
+        printed.insert(records().at(i), cells.mid(1)); // the first cell is the first appointment
     }
 }
 

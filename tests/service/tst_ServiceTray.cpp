@@ -18,7 +18,7 @@ QImage trayPicture()
     return QImage(QStringLiteral(":/images/tray.png")).convertToFormat(QImage::Format_ARGB32);
 }
 
-/// The lines of the log that the service and the stand-in documents write.
+/// The log lines of the service and the stand-in documents.
 QStringList log()
 {
     QStringList lines;
@@ -31,7 +31,7 @@ QStringList log()
 
 } // namespace
 
-/// The tray icon: what a click does, what it shows and what is stored of it.
+/// The tray icon: its clicks, its picture and its stored counts.
 class ServiceTray : public QObject
 {
     Q_OBJECT
@@ -41,17 +41,17 @@ private slots:
     void icon_is_plain_visible_and_has_no_menu();
     void click_toggles_the_widget_and_hides_the_popups_data();
     void click_toggles_the_widget_and_hides_the_popups();
-    void shown_by_a_click_the_widget_is_placed();
+    void widget_shown_by_a_click_is_placed();
     void click_on_the_message_opens_the_list();
-    void click_needs_nothing_of_the_document();
+    void click_does_not_depend_on_the_document();
     void refreshed_icon_follows_both_counts_data();
     void refreshed_icon_follows_both_counts();
-    void counts_are_stored_though_the_document_has_none();
+    void counts_are_stored_even_if_the_document_has_none();
     void main_document_that_did_not_load_has_no_counts();
-    void badge_goes_when_nobody_waits();
-    void refresh_asks_main_then_list_then_paints();
+    void badge_disappears_when_no_patient_waits();
+    void refresh_calls_main_then_list_then_paints();
     void refresh_sends_no_message();
-    void first_refresh_announces_and_paints_but_asks_nobody();
+    void first_refresh_announces_and_paints_without_calling_the_documents();
 };
 
 void ServiceTray::init()
@@ -109,7 +109,7 @@ void ServiceTray::click_toggles_the_widget_and_hides_the_popups()
     COMPARE_LINES(observed.take(), effects);
 }
 
-void ServiceTray::shown_by_a_click_the_widget_is_placed()
+void ServiceTray::widget_shown_by_a_click_is_placed()
 {
     RunningService running;
     running.main->setPosition(100, 100);
@@ -126,7 +126,7 @@ void ServiceTray::click_on_the_message_opens_the_list()
     COMPARE_LINES(observed.take(), {"list shown", "ShowListViewCounter is 1"});
 }
 
-void ServiceTray::click_needs_nothing_of_the_document()
+void ServiceTray::click_does_not_depend_on_the_document()
 {
     RunningService running;
     running.main->setSource(QUrl("qrc:/service-tests/bare.qml"));
@@ -143,8 +143,8 @@ void ServiceTray::refreshed_icon_follows_both_counts_data()
     QTest::addColumn<QString>("line");
 
     const QVariant nothing;
-    QTest::newRow("nobody") << QVariant(0) << QVariant(0) << 0 << 0 << "icon 0.";
-    QTest::newRow("nobody waits") << QVariant(0) << QVariant(5) << 0 << 5 << "icon 0.";
+    QTest::newRow("no patients") << QVariant(0) << QVariant(0) << 0 << 0 << "icon 0.";
+    QTest::newRow("no patient waits") << QVariant(0) << QVariant(5) << 0 << 5 << "icon 0.";
     QTest::newRow("one waits") << QVariant(1) << QVariant(5) << 1 << 5 << "icon 1";
     QTest::newRow("three wait") << QVariant(3) << QVariant(5) << 3 << 5 << "icon 3";
     QTest::newRow("150 wait") << QVariant(150) << QVariant(2000) << 150 << 2000 << "icon 150";
@@ -152,7 +152,7 @@ void ServiceTray::refreshed_icon_follows_both_counts_data()
     QTest::newRow("number as text") << QVariant("4") << QVariant("6") << 4 << 6 << "icon 4";
     QTest::newRow("number is no number") << QVariant("abc") << QVariant(5) << 0 << 5 << "icon 0.";
     QTest::newRow("number is not given") << nothing << QVariant(5) << 0 << 5 << "icon 0.";
-    // The flag of the second reading decides over the badge.
+    // The flag of the second conversion decides whether there is a badge.
     QTest::newRow("total is no number") << QVariant(3) << QVariant("abc") << 3 << 0 << "icon 0.";
     QTest::newRow("total is not given") << QVariant(3) << nothing << 3 << 0 << "icon 0.";
     QTest::newRow("neither is a number") << QVariant("a") << QVariant("b") << 0 << 0 << "icon 0.";
@@ -180,7 +180,7 @@ void ServiceTray::refreshed_icon_follows_both_counts()
     QCOMPARE(running.service->messages.size(), 0);
 }
 
-void ServiceTray::counts_are_stored_though_the_document_has_none()
+void ServiceTray::counts_are_stored_even_if_the_document_has_none()
 {
     RunningService running;
     running.main->setSource(QUrl("qrc:/service-tests/bare.qml"));
@@ -208,7 +208,7 @@ void ServiceTray::main_document_that_did_not_load_has_no_counts()
     QCOMPARE(running.service->messages.size(), 0);
 }
 
-void ServiceTray::badge_goes_when_nobody_waits()
+void ServiceTray::badge_disappears_when_no_patient_waits()
 {
     RunningService running;
     QQuickItem *document = running.standInFor(running.main);
@@ -220,7 +220,7 @@ void ServiceTray::badge_goes_when_nobody_waits()
     QCOMPARE(pictureOf(running.tray().icon()), trayPicture());
 }
 
-void ServiceTray::refresh_asks_main_then_list_then_paints()
+void ServiceTray::refresh_calls_main_then_list_then_paints()
 {
     RunningService running;
     QQuickItem *main = running.standInFor(running.main);
@@ -251,7 +251,7 @@ void ServiceTray::refresh_sends_no_message()
     QCOMPARE(log().count("Refreshing icon."), 5);
 }
 
-void ServiceTray::first_refresh_announces_and_paints_but_asks_nobody()
+void ServiceTray::first_refresh_announces_and_paints_without_calling_the_documents()
 {
     RunningService running;
     running.standInFor(running.list);

@@ -14,9 +14,9 @@
 
 namespace {
 
-constexpr quint16 port = 47443; // that of the host that test builds post to
+constexpr quint16 port = 47443; // the port of the statistics host in test builds
 
-/// Ends what waits for its limit of a minute, as if it had passed; the number of what waited.
+/// Fires all one-minute timers at once, as if the minute had passed; returns their number.
 int passLimits()
 {
     QAbstractEventDispatcher *dispatcher = QAbstractEventDispatcher::instance();
@@ -44,8 +44,8 @@ bool allFinished(const RunningService &running)
     return std::all_of(replies.begin(), replies.end(), [](const QNetworkReply *reply) { return reply->isFinished(); });
 }
 
-/// Measures time without that in which this thread was ready to run and another had the processor, where the system says
-/// how long that was: a wait is told from a busy machine.
+/// Measures time without the time in which this thread was ready but had no processor, where the system reports that:
+/// distinguishes a wait from a busy machine.
 class OwnTime
 {
 public:
@@ -69,7 +69,7 @@ private:
     qint64 starvedMs = readStarvedMs();
 };
 
-/// The longest time for which this thread's events had to wait.
+/// The longest pause between two events of this thread.
 class Heartbeat : public QObject
 {
 public:
@@ -85,7 +85,7 @@ private:
 
 } // namespace
 
-/// When the daily upload goes out, and that nothing a server does or leaves undone is felt.
+/// When the daily upload is sent, and that no behaviour of a server disturbs the program.
 class ServiceUpload : public QObject
 {
     Q_OBJECT
@@ -96,13 +96,13 @@ private slots:
     void init();
     void construction_uploads_once();
     void timer_uploads_every_day();
-    void replies_are_left_alone();
+    void replies_are_neither_read_nor_deleted();
     void window_does_not_wait_for_the_server_data();
     void window_does_not_wait_for_the_server();
-    void foreign_certificate_gets_nothing();
-    void nobody_listening_is_ignored();
+    void server_with_an_untrusted_certificate_receives_nothing();
+    void refused_connection_is_ignored();
     void error_of_the_server_is_ignored();
-    void endless_reply_is_bounded_and_ended();
+    void endless_reply_is_limited_and_aborted();
     void silent_replies_do_not_stop_later_uploads();
 
 private:
@@ -124,7 +124,7 @@ void ServiceUpload::cleanupTestCase()
 void ServiceUpload::init()
 {
     SettingsFile::forgetEverything();
-    passLimits(); // of replies that have gone with their service
+    passLimits(); // for replies of services that were deleted
 }
 
 void ServiceUpload::construction_uploads_once()
@@ -155,7 +155,7 @@ void ServiceUpload::timer_uploads_every_day()
     QCOMPARE(server.requests(3).size(), 3);
 }
 
-void ServiceUpload::replies_are_left_alone()
+void ServiceUpload::replies_are_neither_read_nor_deleted()
 {
     StatisticsServer server(StatisticsServer::AnswersOk, *own, port);
     RunningService running;
@@ -168,7 +168,7 @@ void ServiceUpload::replies_are_left_alone()
     for (QNetworkReply *reply : replies) {
         QTRY_VERIFY(reply->isFinished());
         QCOMPARE(reply->parent(), manager);
-        QCOMPARE(reply->readAll(), QByteArray("OK")); // nobody has read it before
+        QCOMPARE(reply->readAll(), QByteArray("OK")); // not read before
     }
 }
 
@@ -189,7 +189,7 @@ void ServiceUpload::window_does_not_wait_for_the_server()
     RunningService running;
     OwnTime slot;
     running.call("sendDataToServer");
-    QVERIFY2(slot.restart() < 500, "The slot has waited");
+    QVERIFY2(slot.restart() < 500, "The slot waited for the server");
 
     Heartbeat heartbeat;
     running.call("show");
@@ -210,7 +210,7 @@ void ServiceUpload::window_does_not_wait_for_the_server()
     QVERIFY2(heartbeat.longestPauseMs < 1000, qPrintable(QString::number(heartbeat.longestPauseMs)));
 }
 
-void ServiceUpload::foreign_certificate_gets_nothing()
+void ServiceUpload::server_with_an_untrusted_certificate_receives_nothing()
 {
     StatisticsServer server(StatisticsServer::AnswersOk, Certificate("foreign"), port);
     const RunningService running;
@@ -220,13 +220,13 @@ void ServiceUpload::foreign_certificate_gets_nothing()
     QCOMPARE(server.requests(1, 0).size(), 0);
 }
 
-void ServiceUpload::nobody_listening_is_ignored()
+void ServiceUpload::refused_connection_is_ignored()
 {
     RunningService running;
     QTRY_VERIFY(onlyReply(running) && onlyReply(running)->isFinished());
     QCOMPARE(onlyReply(running)->error(), QNetworkReply::ConnectionRefusedError);
 
-    // The next day somebody does.
+    // The next day a server listens.
     StatisticsServer server(StatisticsServer::AnswersOk, *own, port);
     running.call("sendDataToServer");
     QCOMPARE(server.requests(1).size(), 1);
@@ -238,12 +238,12 @@ void ServiceUpload::error_of_the_server_is_ignored()
     RunningService running;
     QTRY_VERIFY(onlyReply(running) && onlyReply(running)->isFinished());
     QCOMPARE(onlyReply(running)->error(), QNetworkReply::InternalServerError);
-    QCOMPARE(server.connections(), 1); // and no second attempt
+    QCOMPARE(server.connections(), 1); // there was no second attempt
     running.call("sendDataToServer");
     QCOMPARE(server.requests(2).size(), 2);
 }
 
-void ServiceUpload::endless_reply_is_bounded_and_ended()
+void ServiceUpload::endless_reply_is_limited_and_aborted()
 {
     StatisticsServer server(StatisticsServer::AnswersHugely, *own, port);
     const RunningService running;
@@ -265,7 +265,7 @@ void ServiceUpload::silent_replies_do_not_stop_later_uploads()
     RunningService running;
     for (int i = 1; i < 6; ++i)
         running.call("sendDataToServer");
-    // As many as Qt makes connections to one host.
+    // The number of connections that Qt opens to one host.
     QCOMPARE(server.requests(6).size(), 6);
     QCOMPARE(passLimits(), 6);
     QTRY_VERIFY(allFinished(running));

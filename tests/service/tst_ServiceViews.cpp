@@ -7,7 +7,7 @@
 #include <QQmlEngine>
 #include <QSignalSpy>
 
-/// The three windows as the constructor leaves them.
+/// The three windows after construction.
 class ServiceViews : public QObject
 {
     Q_OBJECT
@@ -20,10 +20,10 @@ private slots:
     void each_window_has_an_engine_of_its_own();
     void no_window_is_shown();
     void default_alpha_buffer_is_on();
-    void main_window_is_what_the_service_hands_out();
-    void quit_of_the_main_engine_is_the_service_s();
-    void quit_of_another_engine_is_nobody_s_data();
-    void quit_of_another_engine_is_nobody_s();
+    void service_returns_the_main_window();
+    void quit_of_the_main_engine_quits_the_service();
+    void quit_of_another_engine_is_ignored_data();
+    void quit_of_another_engine_is_ignored();
 };
 
 void ServiceViews::init()
@@ -100,14 +100,14 @@ void ServiceViews::default_alpha_buffer_is_on()
     QVERIFY(QQuickWindow::hasDefaultAlphaBuffer());
 }
 
-void ServiceViews::main_window_is_what_the_service_hands_out()
+void ServiceViews::service_returns_the_main_window()
 {
     const RunningService running;
     QCOMPARE(running.service->getView(), running.main);
     QCOMPARE(running.service->parent(), nullptr);
 }
 
-void ServiceViews::quit_of_the_main_engine_is_the_service_s()
+void ServiceViews::quit_of_the_main_engine_quits_the_service()
 {
     const RunningService running;
     QSignalSpy quit(running.service, SIGNAL(quit()));
@@ -115,14 +115,14 @@ void ServiceViews::quit_of_the_main_engine_is_the_service_s()
     QCOMPARE(quit.size(), 1);
 }
 
-void ServiceViews::quit_of_another_engine_is_nobody_s_data()
+void ServiceViews::quit_of_another_engine_is_ignored_data()
 {
     QTest::addColumn<QByteArray>("document");
     QTest::newRow("contact") << QByteArray("ContactPopup.qml");
     QTest::newRow("list") << QByteArray("ListPopup.qml");
 }
 
-void ServiceViews::quit_of_another_engine_is_nobody_s()
+void ServiceViews::quit_of_another_engine_is_ignored()
 {
     QFETCH(QByteArray, document);
     const RunningService running;

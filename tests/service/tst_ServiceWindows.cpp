@@ -6,27 +6,27 @@
 
 #include <QJSEngine>
 
-/// The slots that show and hide the windows and hand things to the main document.
+/// The slots that show and hide the windows and call functions of the main document.
 class ServiceWindows : public QObject
 {
     Q_OBJECT
 
 private slots:
     void init();
-    void each_window_has_a_title_for_those_who_do_not_see_it();
-    void each_window_has_the_program_s_picture_in_the_desktop_s_list();
+    void each_window_has_a_title_for_screen_readers();
+    void each_window_has_the_program_s_icon();
     void main_window_is_shown_and_hidden();
     void toggle_hides_what_is_visible_and_shows_what_is_not();
     void closing_slot_hides_its_own_window_only_data();
     void closing_slot_hides_its_own_window_only();
     void opening_a_popup_is_counted_data();
     void opening_a_popup_is_counted();
-    void counter_at_its_largest_stays();
+    void counter_stays_at_its_maximum();
     void showing_the_main_window_is_not_counted();
-    void picked_patient_opens_in_the_main_window_and_the_list_stays();
-    void picked_patient_is_handed_over_as_text();
-    void deleted_patients_are_handed_over_unchanged_data();
-    void deleted_patients_are_handed_over_unchanged();
+    void selected_patient_opens_in_the_main_window_and_the_list_stays();
+    void selected_patient_is_passed_on_as_text();
+    void deleted_patients_are_passed_on_unchanged_data();
+    void deleted_patients_are_passed_on_unchanged();
     void missing_function_only_warns();
 };
 
@@ -35,7 +35,7 @@ void ServiceWindows::init()
     SettingsFile::forgetEverything();
 }
 
-void ServiceWindows::each_window_has_a_title_for_those_who_do_not_see_it()
+void ServiceWindows::each_window_has_a_title_for_screen_readers()
 {
     LogCapture log;
     RunningService running;
@@ -44,7 +44,7 @@ void ServiceWindows::each_window_has_a_title_for_those_who_do_not_see_it()
     QCOMPARE(running.list->title(), QString::fromUtf8("Vesk Tandry – liste des patients"));
 }
 
-void ServiceWindows::each_window_has_the_program_s_picture_in_the_desktop_s_list()
+void ServiceWindows::each_window_has_the_program_s_icon()
 {
     LogCapture log;
     RunningService running;
@@ -137,11 +137,11 @@ void ServiceWindows::opening_a_popup_is_counted()
 
     running.call(slot);
     QCOMPARE(SettingsFile::value(key), QVariant(after));
-    running.call(slot); // it is open already, and counted all the same
+    running.call(slot); // already open, but still counted
     QCOMPARE(SettingsFile::value(key), QVariant(after + 1));
 }
 
-void ServiceWindows::counter_at_its_largest_stays()
+void ServiceWindows::counter_stays_at_its_maximum()
 {
     RunningService running;
     SettingsFile::setValue("ShowListViewCounter", 2147483646);
@@ -162,7 +162,7 @@ void ServiceWindows::showing_the_main_window_is_not_counted()
     QVERIFY(!before.contains("ShowMainViewCounter"));
 }
 
-void ServiceWindows::picked_patient_opens_in_the_main_window_and_the_list_stays()
+void ServiceWindows::selected_patient_opens_in_the_main_window_and_the_list_stays()
 {
     LogCapture log;
     RunningService running;
@@ -173,7 +173,7 @@ void ServiceWindows::picked_patient_opens_in_the_main_window_and_the_list_stays(
     QVERIFY(running.list->isVisible());
 }
 
-void ServiceWindows::picked_patient_is_handed_over_as_text()
+void ServiceWindows::selected_patient_is_passed_on_as_text()
 {
     RunningService running;
     const QQuickItem *document = running.standInFor(running.main);
@@ -181,7 +181,7 @@ void ServiceWindows::picked_patient_is_handed_over_as_text()
     COMPARE_LINES(document->property("calls").toStringList(), {"openPatient string 0042"});
 }
 
-void ServiceWindows::deleted_patients_are_handed_over_unchanged_data()
+void ServiceWindows::deleted_patients_are_passed_on_unchanged_data()
 {
     QTest::addColumn<QVariant>("list");
     QTest::addColumn<QString>("received");
@@ -189,14 +189,14 @@ void ServiceWindows::deleted_patients_are_handed_over_unchanged_data()
     QTest::newRow("numbers and texts") << QVariant(QVariantList{3, "12"}) << "removedPatients [3,\"12\"]";
     QTest::newRow("empty") << QVariant(QVariantList()) << "removedPatients []";
     QTest::newRow("no list") << QVariant("7") << "removedPatients \"7\"";
-    // As the list window's document sends it: a value of an engine that is not the main window's.
+    // As the list's document sends it: a value from another engine than the main window's.
     static QJSEngine otherEngine;
     QTest::newRow("script value") << QVariant::fromValue(otherEngine.evaluate("[3, '12']"))
                                   << "removedPatients [3,\"12\"]";
     QTest::newRow("null") << QVariant::fromValue(nullptr) << "removedPatients null";
 }
 
-void ServiceWindows::deleted_patients_are_handed_over_unchanged()
+void ServiceWindows::deleted_patients_are_passed_on_unchanged()
 {
     QFETCH(QVariant, list);
     QFETCH(QString, received);

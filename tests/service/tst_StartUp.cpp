@@ -21,7 +21,7 @@ const QStringList ending{
     "Cocoa gone",
 };
 
-/// The program with a trace of its steps, run to its end unless told otherwise. Its own, ended with it.
+/// The program with a trace of its steps. It runs to its end by default; the destructor ends it.
 class Program : public QProcess
 {
 public:
@@ -43,7 +43,7 @@ public:
         waitForFinished();
     }
 
-    /// The steps so far.
+    /// The steps up to now.
     QStringList steps()
     {
         waitForReadyRead(1);
@@ -69,23 +69,23 @@ private:
 
 } // namespace
 
-/// The program's main(): what it makes, in which order, and how it ends.
+/// The program's main(): the objects it creates, their order, and how it ends.
 class StartUp : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void first_instance_makes_and_destroys_in_order();
+    void first_instance_creates_and_destroys_in_order();
     void argument_decides_whether_the_widget_shows_data();
     void argument_decides_whether_the_widget_shows();
-    void status_is_that_of_the_event_loop();
-    void document_can_end_the_program();
-    void later_instance_hands_over_and_leaves_data();
-    void later_instance_hands_over_and_leaves();
-    void hand_over_that_fails_is_not_reported();
+    void exit_status_is_that_of_the_event_loop();
+    void document_can_quit_the_program();
+    void later_instance_sends_its_message_and_exits_data();
+    void later_instance_sends_its_message_and_exits();
+    void failed_message_to_the_first_instance_is_not_reported();
 };
 
-void StartUp::first_instance_makes_and_destroys_in_order()
+void StartUp::first_instance_creates_and_destroys_in_order()
 {
     Program program({}, "service quits");
     COMPARE_LINES(program.stepsAtEnd(),
@@ -125,7 +125,7 @@ void StartUp::argument_decides_whether_the_widget_shows()
     QCOMPARE(program.exitCode(), 0);
 }
 
-void StartUp::status_is_that_of_the_event_loop()
+void StartUp::exit_status_is_that_of_the_event_loop()
 {
     Program program({}, "exit 7");
     QCOMPARE(program.stepsAtEnd().last(), QString("Cocoa gone"));
@@ -133,21 +133,21 @@ void StartUp::status_is_that_of_the_event_loop()
     QCOMPARE(program.exitCode(), 7);
 }
 
-void StartUp::document_can_end_the_program()
+void StartUp::document_can_quit_the_program()
 {
     Program program({"startup"}, "document quits");
     QCOMPARE(program.stepsAtEnd().last(), QString("Cocoa gone"));
     QCOMPARE(program.exitCode(), 0);
 }
 
-void StartUp::later_instance_hands_over_and_leaves_data()
+void StartUp::later_instance_sends_its_message_and_exits_data()
 {
     QTest::addColumn<QStringList>("arguments");
     QTest::newRow("plain") << QStringList();
     QTest::newRow("startup") << QStringList{"startup"};
 }
 
-void StartUp::later_instance_hands_over_and_leaves()
+void StartUp::later_instance_sends_its_message_and_exits()
 {
     QFETCH(QStringList, arguments);
     Program first({"startup"}, "never");
@@ -161,7 +161,7 @@ void StartUp::later_instance_hands_over_and_leaves()
     QTRY_COMPARE(first.steps().mid(first.steps().size() - 2), (QStringList{"message activate", "show"}));
 }
 
-void StartUp::hand_over_that_fails_is_not_reported()
+void StartUp::failed_message_to_the_first_instance_is_not_reported()
 {
     Program first({"startup"}, "never");
     QTRY_VERIFY_WITH_TIMEOUT(first.steps().contains("run, widget visible: no"), 20000);

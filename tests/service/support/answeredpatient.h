@@ -2,7 +2,7 @@
 
 #include <QVariantMap>
 
-/// A patient as the list hands him to the report: with a date for every step, whatever its answer.
+/// A patient as the list passes it to the report, with a date for every step.
 inline QVariantMap answeredPatient()
 {
     return {{"name", "DUPONT Marie"},

@@ -1,6 +1,6 @@
 import QtQuick 2.2
 
-// A document that offers the service nothing.
+// A document without the functions and signals that the service uses.
 Rectangle {
     height: 50
     width: 275

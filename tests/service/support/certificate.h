@@ -7,7 +7,7 @@
 #include <QSslConfiguration>
 #include <QSslKey>
 
-/// A certificate for 127.0.0.1 that signs itself, made anew.
+/// A new self-signed certificate for 127.0.0.1.
 struct Certificate
 {
     explicit Certificate(const QString &name)
@@ -27,7 +27,7 @@ struct Certificate
             qFatal("The certificate %s cannot be read", qPrintable(path));
     }
 
-    /// This process, and no other, trusts it from here on, and trusts nothing else.
+    /// Makes this process trust this certificate and no other.
     void trust() const
     {
         QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();

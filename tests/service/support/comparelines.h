@@ -3,7 +3,7 @@
 #include <QStringList>
 #include <QtTest>
 
-/// Compares two lists of lines and, where they differ, shows both whole.
+/// Compares two lists of lines; when they differ, prints both in full.
 #define COMPARE_LINES(actual, ...)                                                                                     \
     do {                                                                                                               \
         const QStringList actualLines = (actual);                                                                      \

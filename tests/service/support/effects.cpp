@@ -10,7 +10,7 @@
 
 namespace {
 
-// Values that no patient database of the test holds: a document that counts anew loses them.
+// Values that no database of a test holds: a document that counts again overwrites them.
 constexpr int chosenNumber = 77;
 constexpr int chosenTotal = 99;
 

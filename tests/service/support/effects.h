@@ -7,8 +7,8 @@
 #include <QStringList>
 #include <QTimer>
 
-/// Everything that others can see of the service, as lines, in the order in which it happens: windows that come and
-/// go, boxes and dialogs (which are closed at once), messages, icons, counters, what the main document does.
+/// The visible effects of the service as lines, in order: windows shown and hidden, message boxes and dialogs (which
+/// are closed at once), tray messages, icons, counters, and the actions of the main document.
 class Effects : public QObject
 {
     Q_OBJECT
@@ -17,7 +17,7 @@ public:
     explicit Effects(RunningService &running);
     ~Effects() override;
 
-    /// What happened since the construction or the last call.
+    /// The effects since the construction or the last call.
     QStringList take();
 
 private slots:
@@ -26,7 +26,7 @@ private slots:
 private:
     void watch(DraggableQuickView *window, const QString &name);
     void takeChanges();
-    /// Whether a move of the pointer moves that window; disarms it.
+    /// Whether a move of the pointer drags that window; disarms it.
     static bool isArmed(DraggableQuickView *window);
 
     RunningService &running;

@@ -1,6 +1,6 @@
 import QtQuick 2.2
 
-// A document that only keeps what the service asks of it.
+// A document that only records the calls of the service.
 Rectangle {
     id: root
 
@@ -9,7 +9,7 @@ Rectangle {
     property var calls: []
     property var nextNumber
     property var nextTotal
-    /// Dropped by the next refresh.
+    /// Replaced by the next refresh.
     property var held
 
     function keep(call) {
@@ -17,7 +17,7 @@ Rectangle {
         console.log(root.objectName + " " + call);
     }
 
-    /// Counts anew, as the real document does, before it returns.
+    /// Counts again before it returns, like the real document.
     function refresh() {
         keep("refresh");
         held = undefined;

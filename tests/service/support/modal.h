@@ -7,9 +7,9 @@
 
 #include <functional>
 
-/// Runs \a open, which is expected to show a modal dialog and wait for it, and lets \a drive use that dialog once it
-/// is on the screen; what is still open then is closed. Another dialog that comes up before or meanwhile is closed,
-/// too, and the text of a message box is added to \a others. False when the dialog never came.
+/// Runs \a open, which must show a modal dialog and wait for it. Calls \a drive with that dialog once it is visible,
+/// then closes the dialog if it is still open. Closes any other dialog that appears, and adds the text of message boxes
+/// to \a others. False when the dialog did not appear.
 template<typename Dialog>
 bool withModal(const std::function<void()> &open, const std::function<void(Dialog &)> &drive,
                QStringList *others = nullptr)
@@ -25,7 +25,7 @@ bool withModal(const std::function<void()> &open, const std::function<void(Dialo
         auto *dialog = qobject_cast<Dialog *>(modal);
         if (dialog && !driven) {
             driven = dialog;
-            // Not from here: a timer does not fire while its own slot runs, and another dialog has to be noticed.
+            // Deferred: a timer does not fire while its own slot runs, and other dialogs must still be noticed.
             QTimer::singleShot(0, dialog, [&] {
                 drive(*driven);
                 finished = true;

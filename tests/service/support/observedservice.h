@@ -8,7 +8,7 @@
 
 #include <functional>
 
-/// The service with its members open, and with a screen and a tray that the test chooses and looks at.
+/// The service with public members, and with a screen and a tray that the test sets and observes.
 class ObservedService : public WidgetService
 {
 public:
@@ -34,11 +34,11 @@ public:
     using WidgetService::statisticsTimer;
     using WidgetService::trayIcon;
 
-    /// Invalid: the truth.
+    /// When invalid, the real size counts.
     static inline QSize chosenSize;
     bool takesMessages = WidgetService::trayTakesMessages();
     QList<Message> messages;
-    /// What was laid out for printing.
+    /// The reports that were laid out for printing.
     QStringList reports;
     /// Called before a counter is incremented.
     std::function<void()> onCount;

@@ -14,23 +14,23 @@ namespace OwnNetwork {
 
 inline bool entered = false;
 
-/// Cuts this process off from the network: from here on it has a loopback interface of its own and nothing else. Where
-/// the system refuses that, as an ordinary container does, the process keeps the network it has: test builds know no host
-/// but this machine (CMakePresets.json). Call it before the first thread.
+/// Cuts this process off from the network: it gets a loopback interface of its own and nothing else. Where the system
+/// refuses this, as ordinary containers do, the process stays on the system's network; test builds contact only this
+/// machine (CMakePresets.json). Call it before the first thread starts.
 inline void enter()
 {
     entered = enterNamespace();
 }
 
-/// Waits until no other test on this machine has claimed this port, and claims it until the process ends. A network of
-/// this process's own has its own ports. The desktop's tests claim theirs in the same file.
+/// Waits until no other test on this machine uses this port, and reserves it until the process ends. Not needed in a
+/// network namespace, which has its own ports. The desktop tests use the same lock file.
 inline void claim(quint16 port)
 {
     if (entered)
         return;
     const QByteArray path = "/tmp/tandry-test-port-" + QByteArray::number(port);
     int file = open(path.constData(), O_RDONLY | O_CLOEXEC);
-    if (file < 0) // another user's is not opened with O_CREAT in a folder for all
+    if (file < 0) // O_CREAT fails on another user's file in a world-writable folder
         file = open(path.constData(), O_RDONLY | O_CREAT | O_CLOEXEC, 0644);
     if (file < 0 || flock(file, LOCK_EX) != 0)
         qFatal("%s cannot be locked: %s", path.constData(), strerror(errno));

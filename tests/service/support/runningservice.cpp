@@ -51,7 +51,7 @@ bool RunningService::launchAtLoginTick() const
         if (object->property("launchOnStart").isValid())
             return object->property("launchOnStart").toBool();
     }
-    qFatal("The main document has no tick for launch at login");
+    qFatal("The main document has no menu item for launch at login");
 }
 
 QQuickItem *RunningService::standInFor(DraggableQuickView *window)

@@ -6,7 +6,8 @@
 #include <QQuickItem>
 #include <QWidget>
 
-/// A service that runs, with what it made. Going, it also takes away what the service leaves to the process's end.
+/// A running service and its objects. The destructor also deletes the objects that the service leaves until the end of
+/// the process.
 class RunningService
 {
     Q_DISABLE_COPY(RunningService)
@@ -18,11 +19,11 @@ public:
     /// Calls a slot or emits a signal by name.
     void call(const char *slot);
 
-    /// Deletes the service alone, as the end of `main` does.
+    /// Deletes only the service, like the end of `main`.
     void destroyService();
 
-    /// Puts a document that keeps its calls in the place of the real one, so that `number`, `total` and what is
-    /// called can be chosen and read: see fakedocument.qml. It is called what the real document's file is.
+    /// Replaces the real document with fakedocument.qml, which records its calls and whose `number` and `total` can be
+    /// set. Its object has the file name of the real document.
     QQuickItem *standInFor(DraggableQuickView *window);
 
     ObservedService *service = nullptr;
@@ -31,7 +32,7 @@ public:
     DraggableQuickView *list = nullptr;
 
     QSystemTrayIcon &tray() const { return *service->trayIcon; }
-    /// Whether the main document shows launch at login as on.
+    /// Whether the main document's menu shows launch at login as on.
     bool launchAtLoginTick() const;
 
 private:

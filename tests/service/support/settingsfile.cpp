@@ -14,7 +14,7 @@ QString path(const QString &organization)
 
 QSettings &store()
 {
-    // Shares its values with the service's own object, as all of a process do that stand for one file.
+    // Shares its values with the service's QSettings, like all QSettings objects of a process for the same file.
     static QSettings settings(QStringLiteral("Vesk Tandry"), QStringLiteral("Olmeric"));
     return settings;
 }

@@ -4,20 +4,20 @@
 #include <QString>
 #include <QVariant>
 
-/// The program's settings as other programs see them: files under the test's configuration folder.
+/// The program's settings as other programs see them: files in the test's configuration folder.
 namespace SettingsFile {
 
-/// The program's own file and the sibling product's.
+/// The program's file and the sibling product's.
 QString own();
 QString sibling();
 
-/// Replaces the file, or removes it when the content is null, such that a store opened afterwards sees it.
+/// Replaces the file, or removes it when the content is null; QSettings objects created afterwards see the change.
 void replace(const QString &path, const QByteArray &content);
 
-/// What is on disk, with all pending values of the running service written out first.
+/// The file's content, after all pending values of the running service have been written.
 QByteArray content(const QString &path);
 
-/// A value of the own store, and its setting; what is set is seen by the running service at once.
+/// Reads and sets a value of the program's settings; the running service sees a new value at once.
 QVariant value(const QString &key);
 void setValue(const QString &key, const QVariant &value);
 void remove(const QString &key);
@@ -26,7 +26,7 @@ QStringList keys();
 /// The launch-at-login property list.
 QString agentList();
 
-/// No settings, no property list, nothing of an earlier test.
+/// Removes the settings and the property list of earlier tests.
 void forgetEverything();
 
 } // namespace SettingsFile

@@ -1,6 +1,6 @@
-// Linked with the program's own main(), this writes each step of the start and of the end on standard error. It stands
-// in for three things of the platform, which the linker then leaves out of the program. TANDRY_PROBE says how the event
-// loop is to end.
+// Linked with the program's main(), this writes each step of the start and the end to standard error. It replaces three
+// functions or classes of the platform, which the linker then leaves out. TANDRY_PROBE determines how the event loop
+// ends.
 
 #include "cocoainitializer.h"
 #include "draggablequickview.h"
@@ -15,8 +15,8 @@
 
 #include <cstdio>
 
-// The windows live until the process ends, and the leak checker does not see into the heap of their scripts. The tests
-// that give the windows back look for leaks in the same code.
+// The windows live until the process ends, and LeakSanitizer does not see pointers in the heap of their scripts. The
+// tests that delete the windows check the same code for leaks.
 extern "C" const char *__asan_default_options();
 extern "C" const char *__asan_default_options()
 {

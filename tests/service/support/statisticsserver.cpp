@@ -10,7 +10,7 @@
 #include <netinet/in.h>
 #include <sys/socket.h>
 
-/// Hands each connection over as a descriptor.
+/// Passes each connection on as a descriptor.
 class Acceptor : public QTcpServer
 {
 public:
@@ -25,7 +25,7 @@ namespace {
 constexpr int highestDescriptor = 1024;
 constexpr int hugeSize = 100 * 1024 * 1024;
 
-/// Whether the other end of a connection is a socket of this process, too.
+/// Whether the other end of a connection is a socket of this process.
 bool isOurs(quint16 peerPort)
 {
     for (int descriptor = 0; descriptor < highestDescriptor; ++descriptor) {
@@ -38,7 +38,7 @@ bool isOurs(quint16 peerPort)
     return false;
 }
 
-/// The length of the whole request, or -1 as long as its header is not complete.
+/// The length of the whole request, or -1 while its header is incomplete.
 int lengthOf(const QByteArray &request)
 {
     const int headerEnd = request.indexOf("\r\n\r\n");
@@ -134,7 +134,7 @@ QList<QByteArray> StatisticsServer::requests(int count, int timeoutMs)
                 return received;
             changed.wait(&mutex, 5);
         }
-        // The service's side of the connection lives in this thread.
+        // The service's end of the connection belongs to this thread.
         QCoreApplication::processEvents();
     }
 }

@@ -8,7 +8,7 @@
 #include <QThread>
 #include <QWaitCondition>
 
-/// A statistics service on this machine's loopback, in a thread of its own so that it works while the test's is busy.
+/// A statistics service on the loopback interface, in a thread of its own: it works while the test's thread is busy.
 class StatisticsServer : public QThread
 {
     Q_OBJECT
@@ -18,17 +18,17 @@ public:
         AnswersOk,
         AnswersError, ///< status 500
         AnswersHugely, ///< 100 MB
-        NeverAnswers, ///< takes the request and says nothing
-        NeverShakesHands, ///< takes the connection and says nothing
+        NeverAnswers, ///< reads the request and does not reply
+        NeverShakesHands, ///< accepts the connection and does not reply
     };
 
     /// Listens on \a port with that certificate until it is destroyed.
     StatisticsServer(Behaviour behaviour, const Certificate &certificate, quint16 port);
     ~StatisticsServer() override;
 
-    /// Waits until that many requests have arrived whole; then all there are, header and body together.
+    /// Waits until that many complete requests have arrived; returns all requests, header and body together.
     QList<QByteArray> requests(int count, int timeoutMs = 10000);
-    /// How many connections of this process there have been; another's may come on a network that is not the test's own.
+    /// The number of connections from this process; without a namespace of its own, other processes may also connect.
     int connections() const;
 
 protected:

@@ -6,7 +6,8 @@
 #include <QApplication>
 #include <QtTest>
 
-/// `main` of a test of the service: a home and a network of its own, no printer but files, then the test.
+/// `main` of a test of the service: sets up a home and a network for the test, printing to files only, and runs the
+/// test.
 #define SERVICE_TEST_MAIN(TestClass)                                                                                   \
     int main(int argc, char *argv[])                                                                                   \
     {                                                                                                                  \

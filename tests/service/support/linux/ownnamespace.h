@@ -29,11 +29,11 @@ inline void raiseLoopback()
     strcpy(request.ifr_name, "lo");
     request.ifr_flags = IFF_UP | IFF_LOOPBACK | IFF_RUNNING;
     if (ioctl(any, SIOCSIFFLAGS, &request) != 0)
-        qFatal("The loopback interface does not come up: %s", strerror(errno));
+        qFatal("Cannot bring up the loopback interface: %s", strerror(errno));
     close(any);
 }
 
-/// Gives this process a network namespace with nothing but a loopback interface. False where the system refuses it.
+/// Moves this process to a network namespace with only a loopback interface. False when the system refuses it.
 inline bool enterNamespace()
 {
     const uid_t user = geteuid();
@@ -41,7 +41,7 @@ inline bool enterNamespace()
     if (unshare(user == 0 ? CLONE_NEWNET : CLONE_NEWUSER | CLONE_NEWNET) != 0)
         return false;
     if (user != 0) {
-        // The same user as before, in the eyes of the file system.
+        // The file system sees the same user as before.
         write("/proc/self/setgroups", "deny");
         write("/proc/self/uid_map", QByteArray::number(user) + ' ' + QByteArray::number(user) + " 1");
         write("/proc/self/gid_map", QByteArray::number(group) + ' ' + QByteArray::number(group) + " 1");

@@ -2,7 +2,7 @@
 
 namespace OwnNetwork {
 
-/// There is no such thing here.
+/// macOS has no network namespaces.
 inline bool enterNamespace()
 {
     return false;
