@@ -3,7 +3,7 @@
 #include <QRegularExpression>
 #include <QStringList>
 
-/// Collects what goes to the Qt message log while it lives; warnings are marked as such. One at a time.
+/// Collects the messages of the Qt log during its lifetime and marks warnings. Only one can exist at a time.
 class LogCapture
 {
     Q_DISABLE_COPY(LogCapture)

@@ -1,6 +1,6 @@
 #pragma once
 
-/// How the table of every version was created.
+/// The statement that creates the table in every version.
 inline const char *const createStatement =
     "CREATE TABLE `Patients`(`id` INTEGER PRIMARY KEY AUTOINCREMENT,`genderMale` tinyint(1) NOT NULL DEFAULT \"0\","
     "`name` TEXT COLLATE NOCASE NOT NULL,`phone` TEXT DEFAULT \"\",`created` date,`test` tinyint(1) DEFAULT 0,"
