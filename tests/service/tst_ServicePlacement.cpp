@@ -240,7 +240,7 @@ void ServicePlacement::window_pushed_up_moves_back_down_when_it_shrinks()
     running.call("show");
     running.main->setPosition(100, 400);
     running.main->resize(275, 400);
-    QCoreApplication::processEvents(); // the window hears of its moves and sizes one by one
+    QCoreApplication::processEvents(); // the window processes its moves and resizes one by one
     for (const QPoint &place : moves) {
         running.main->setPosition(place);
         QCoreApplication::processEvents();
