@@ -8,33 +8,33 @@
 
 Exchange::Exchange(const StoreFiles &store)
     : m_store(store)
-    , m_filled(store.folder() + QLatin1String("/.return-new"))
-    , m_decided(store.folder() + QLatin1String("/.return"))
+    , m_prepared(store.folder() + QLatin1String("/.return-new"))
+    , m_committed(store.folder() + QLatin1String("/.return"))
 {
 }
 
 QString Exchange::begin()
 {
-    if (!finish().isEmpty() || !files::makeFolder(m_filled).isEmpty()) {
+    if (!finish().isEmpty() || !files::makeFolder(m_prepared).isEmpty()) {
         return {};
     }
-    return m_filled;
+    return m_prepared;
 }
 
 QString Exchange::commit()
 {
-    const QStringList names = QDir(m_filled).entryList(QDir::Files | QDir::Hidden);
+    const QStringList names = QDir(m_prepared).entryList(QDir::Files | QDir::Hidden);
     QString reason;
     for (const QString &name : names) {
         if (reason.isEmpty()) {
-            reason = files::sync(m_filled + QLatin1Char('/') + name);
+            reason = files::sync(m_prepared + QLatin1Char('/') + name);
         }
     }
     if (reason.isEmpty()) {
-        reason = files::sync(m_filled);
+        reason = files::sync(m_prepared);
     }
     if (reason.isEmpty()) {
-        reason = files::rename(m_filled, m_decided);
+        reason = files::rename(m_prepared, m_committed);
     }
     if (reason.isEmpty()) {
         reason = files::sync(m_store.folder());
@@ -44,14 +44,13 @@ QString Exchange::commit()
 
 QString Exchange::finish()
 {
-    QDir(m_filled).removeRecursively();
-    if (!QFileInfo::exists(m_decided)) {
+    QDir(m_prepared).removeRecursively();
+    if (!QFileInfo::exists(m_committed)) {
         return {};
     }
     QString reason;
-    // As long as the new database waits, what lies beside the old one is the old one's: a journal would be played back
-    // into the new one.
-    if (QFileInfo::exists(m_decided + QLatin1Char('/') + StoreFiles::databaseName())) {
+    // A journal beside the old database is the old one's; SQLite would play it back into the new one.
+    if (QFileInfo::exists(m_committed + QLatin1Char('/') + StoreFiles::databaseName())) {
         const QStringList companions = StoreFiles::companionNames();
         for (const QString &name : companions) {
             QFile::remove(m_store.folder() + QLatin1Char('/') + name);
@@ -60,7 +59,7 @@ QString Exchange::finish()
     }
     const QStringList names = StoreFiles::names();
     for (const QString &name : names) {
-        const QString waiting = m_decided + QLatin1Char('/') + name;
+        const QString waiting = m_committed + QLatin1Char('/') + name;
         if (reason.isEmpty() && QFileInfo::exists(waiting)) {
             reason = files::rename(waiting, m_store.folder() + QLatin1Char('/') + name);
         }
@@ -69,7 +68,7 @@ QString Exchange::finish()
         reason = files::sync(m_store.folder());
     }
     if (reason.isEmpty()) {
-        QDir(m_decided).removeRecursively();
+        QDir(m_committed).removeRecursively();
     }
     return reason;
 }

@@ -2,26 +2,27 @@
 
 #include "storefiles.h"
 
-/// Puts other files in the place of the store's, so that after finish() there are all of the old ones or all of
-/// the new ones, even when a process was killed at any moment.
+/// Replaces the store's files all together: after finish() either all old or all new files are in place, even when a
+/// process was killed at any moment.
 ///
-/// The new files are filled into a folder beside the old ones. Giving that folder its second name decides; from then on
-/// every finish() goes forward, by renames that can be repeated.
+/// The new files are written into a folder beside the old ones. Renaming that folder is the commit; every finish()
+/// after it moves the files into place, by renames that can be repeated.
 class Exchange
 {
 public:
     explicit Exchange(const StoreFiles &store);
 
-    /// Makes the empty folder for the new files and returns its path; an empty text when that fails.
+    /// Makes the empty folder for the new files. Returns its path, or an empty text when that fails.
     QString begin();
-    /// Decides for the new files and puts them in place. Returns the reason when that fails; as long as the files were
-    /// not decided for, the store is as it was.
+    /// Puts the new files in place. Returns the reason when that fails: before the folder is renamed, the store is as
+    /// it was; after it, the next finish() completes the exchange.
     QString commit();
-    /// Finishes what was decided and throws away what was not. To be called before anybody opens the store.
+    /// Completes a committed exchange and discards any other. Call it before the store is opened. Returns the reason
+    /// when that fails.
     QString finish();
 
 private:
     const StoreFiles m_store;
-    const QString m_filled;
-    const QString m_decided;
+    const QString m_prepared;
+    const QString m_committed;
 };

@@ -18,12 +18,12 @@ namespace {
 constexpr size_t chunkBytes = 65536;
 using Chunk = std::array<char, chunkBytes>;
 
-QString systemsReason()
+QString systemError()
 {
     return QString::fromLocal8Bit(std::strerror(errno));
 }
 
-/// A descriptor that is closed with the object.
+/// Closes its descriptor when it is destroyed.
 class Descriptor
 {
     Q_DISABLE_COPY(Descriptor)
@@ -43,7 +43,7 @@ public:
     const int value;
 };
 
-/// Fills the chunk from \a offset on; fewer bytes than fit only at the file's end. -1 when the file cannot be read.
+/// Reads a chunk at \a offset. Returns its size, less than a full chunk only at the file's end, or -1 on an error.
 qint64 readChunk(int file, Chunk &chunk, qint64 offset)
 {
     size_t filled = 0;
@@ -81,7 +81,7 @@ bool writeAll(int file, const char *bytes, qint64 size)
 QString files::sync(const QString &path)
 {
     const Descriptor file(path, O_RDONLY);
-    return file.value >= 0 && ::fsync(file.value) == 0 ? QString() : systemsReason();
+    return file.value >= 0 && ::fsync(file.value) == 0 ? QString() : systemError();
 }
 
 QString files::makeFolder(const QString &path)
@@ -96,37 +96,37 @@ QString files::makeFolder(const QString &path)
             return reason;
         }
     }
-    return ::mkdir(QFile::encodeName(path).constData(), S_IRWXU) == 0 ? QString() : systemsReason();
+    return ::mkdir(QFile::encodeName(path).constData(), S_IRWXU) == 0 ? QString() : systemError();
 }
 
 QString files::rename(const QString &from, const QString &to)
 {
     return std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0 ? QString()
-                                                                                                    : systemsReason();
+                                                                                                    : systemError();
 }
 
 QString files::copy(int from, const QString &to)
 {
     const Descriptor target(to, O_WRONLY | O_CREAT | O_EXCL, S_IRUSR | S_IWUSR);
     if (target.value < 0) {
-        return systemsReason();
+        return systemError();
     }
     Chunk chunk;
     qint64 offset = 0;
     qint64 size = 0;
     while ((size = readChunk(from, chunk, offset)) > 0) {
         if (!writeAll(target.value, chunk.data(), size)) {
-            return systemsReason();
+            return systemError();
         }
         offset += size;
     }
-    return size == 0 && ::fsync(target.value) == 0 ? QString() : systemsReason();
+    return size == 0 && ::fsync(target.value) == 0 ? QString() : systemError();
 }
 
 QString files::copy(const QString &from, const QString &to)
 {
     const Descriptor source(from, O_RDONLY);
-    return source.value >= 0 ? copy(source.value, to) : systemsReason();
+    return source.value >= 0 ? copy(source.value, to) : systemError();
 }
 
 bool files::haveSameBytes(int one, const QString &other)

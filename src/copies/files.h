@@ -2,21 +2,21 @@
 
 #include <QString>
 
-/// What Qt's file classes leave out: writing that has reached the disk, and folders of their owner alone. Each function
-/// returns the system's reason for a failure, and an empty text when it succeeded.
+/// What Qt's file classes lack: waiting until data is on the disk, and private modes. Functions that return a text
+/// return the system's reason for a failure, empty on success.
 namespace files {
 
-/// Waits until a file, or a folder's list of names, is on the disk.
+/// Waits until a file's content, or a folder's list of names, is on the disk.
 QString sync(const QString &path);
-/// Makes a folder (0700) with its parents; one that is there is left as it is.
+/// Makes a folder and its parents (0700). An existing folder stays as it is.
 QString makeFolder(const QString &path);
-/// Gives a file or folder another name; a file that has it is replaced, at once and whole.
+/// Renames a file or folder. A file that has the name already is replaced atomically.
 QString rename(const QString &from, const QString &to);
-/// Copies the open file \a from into a new file (0600), on the disk when the call returns.
+/// Copies the open file \a from into a new file (0600) and waits until it is on the disk.
 QString copy(int from, const QString &to);
-/// Copies a file that no process of ours holds a lock on.
+/// The same by path. Not for the database: closing it drops the locks that SQLite holds on it.
 QString copy(const QString &from, const QString &to);
-/// Whether the open file and the other have the same bytes; false when one cannot be read.
+/// Whether the open file and the other one have the same bytes; false when one cannot be read.
 bool haveSameBytes(int one, const QString &other);
 
 } // namespace files

@@ -7,8 +7,8 @@
 
 namespace {
 
-constexpr int lookIntervalMs = 3600000;
-// An exchange takes a few milliseconds; a process that stopped in the middle of it must not keep the practice waiting.
+constexpr int newDayCheckIntervalMs = 60 * 60 * 1000;
+// An exchange takes a few milliseconds; one that hangs must not hold up the start for longer than this.
 constexpr int lockWaitMs = 5000;
 
 void warn(const char *what, const QString &reason)
@@ -23,11 +23,11 @@ void warn(const char *what, const QString &reason)
 PatientCopies::PatientCopies(const StoreFiles &store)
     : m_store(store)
     , m_lock(store)
-    , m_shelf(store)
+    , m_copyFolder(store)
 {
 }
 
-void PatientCopies::look()
+void PatientCopies::copyOnNewDay()
 {
     if (m_day != QDate::currentDate()) {
         m_day = QDate::currentDate();
@@ -42,17 +42,18 @@ void PatientCopies::begin()
         qWarning("Another program uses the patients' files");
     } else {
         warn("The return to a copy is not finished", Exchange(m_store).finish());
-        m_shelf.tidy();
+        m_copyFolder.tidy();
         dropEmptyRecordLock();
     }
     copy(true);
-    QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { look(); });
+    QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { copyOnNewDay(); });
     m_timer.setTimerType(Qt::VeryCoarseTimer);
-    m_timer.start(lookIntervalMs);
+    m_timer.start(newDayCheckIntervalMs);
 }
 
-/// A process killed right after it had made the record's lock leaves it empty, and the settings class, which reads from it
-/// who holds the lock, would wait half a minute for an owner it cannot know. No other process of ours uses the store now.
+/// Removes the lock of the version record when it is empty. A process killed while making it leaves it so, and
+/// QSettings, which reads the owner from it, would wait 30 s. We hold the store's lock, so no other process of ours
+/// needs it.
 void PatientCopies::dropEmptyRecordLock()
 {
     const QFileInfo lock(m_store.record() + QLatin1String(".lock"));
@@ -63,13 +64,14 @@ void PatientCopies::dropEmptyRecordLock()
 
 void PatientCopies::copy(bool isStart)
 {
-    if (QFileInfo(m_store.database()).size() == 0) { // missing, or made a moment ago and not filled yet
-        if (!m_shelf.copies().isEmpty()) {
+    if (QFileInfo(m_store.database()).size() == 0) { // missing, or created but not yet filled
+        if (!m_copyFolder.copies().isEmpty()) {
             qWarning("The patients are not copied today: the database is missing or empty");
         }
     } else if (isStart && m_store.isAboutToBeEmptied()) {
-        warn("The patients are not copied before they are thrown away", m_shelf.keep(Copy::BeforeUpgrade, m_day));
+        warn("The patients are not copied before they are thrown away",
+             m_copyFolder.copyBefore(Copy::BeforeUpgrade, m_day));
     } else {
-        warn("The patients are not copied today", m_shelf.copyDay(m_day, isStart));
+        warn("The patients are not copied today", m_copyFolder.copyDay(m_day, isStart));
     }
 }

@@ -1,13 +1,12 @@
 #pragma once
 
-#include "copyshelf.h"
+#include "copyfolder.h"
 #include "storelock.h"
 
 #include <QTimer>
 
-/// The widget's own copies of its patients: one before any document opens the store, then one on each new day.
-///
-/// To begin before the documents are made, and to be kept as long as they live. Failures go to the log; the program runs on.
+/// Copies the widget's patients at the start, before any document opens the store, and on each new day. Failures only
+/// go to the log. The object must outlive the documents: it holds the lock that keeps the restore program out.
 class PatientCopies
 {
     Q_DISABLE_COPY(PatientCopies)
@@ -15,11 +14,11 @@ class PatientCopies
 public:
     explicit PatientCopies(const StoreFiles &store);
 
-    /// Finishes what a killed process left, copies the store, and looks every hour whether a new day has begun.
+    /// Finishes what a killed process left, copies the store and starts the hourly check for a new day.
     void begin();
 
-    /// Copies the store if this day has not been looked at yet.
-    void look();
+    /// Copies the store if the day has changed since the last copy.
+    void copyOnNewDay();
 
 private:
     void dropEmptyRecordLock();
@@ -27,7 +26,7 @@ private:
 
     const StoreFiles m_store;
     StoreLock m_lock;
-    CopyShelf m_shelf;
+    CopyFolder m_copyFolder;
     QTimer m_timer;
     QDate m_day;
 };

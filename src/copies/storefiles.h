@@ -3,13 +3,13 @@
 #include <QString>
 #include <QStringList>
 
-/// Where the patient store's files are: Qt Quick's local storage keeps them below the application's data folder, under
-/// a name that follows from the database's.
+/// Paths of the patient store's files. Qt Quick's local storage keeps them below the application's data folder, named
+/// after the MD5 sum of the database's name.
 class StoreFiles
 {
 public:
     explicit StoreFiles(const QString &dataFolder);
-    /// The store of the running application; needs the application object and its name.
+    /// The store of the running application. Needs the application object and its name.
     static StoreFiles ofApplication();
 
     QString dataFolder() const;
@@ -21,18 +21,18 @@ public:
     QString record() const;
 
     static QString databaseName();
-    /// The file with the schema's version.
+    /// The file that records the schema version.
     static QString recordName();
-    /// What SQLite leaves beside a database when a process dies, and without which the database is not whole.
+    /// The journals that SQLite leaves beside the database when a process dies: part of its content until played back.
     static QStringList companionNames();
     /// All of the above.
     static QStringList names();
 
-    /// The version on record; empty when there is none.
+    /// The recorded schema version; empty when there is none.
     static QString versionIn(const QString &folder);
-    /// Whether the store throws away the patients of a database with that version on record: it is old, or there is none.
+    /// Whether the store, when opened, discards a database with that recorded version: an old one, or none.
     static bool isThrownAway(const QString &version);
-    /// Whether the store, opened now, throws away the patients that it holds.
+    /// Whether the store, opened now, would discard the patients it holds.
     bool isAboutToBeEmptied() const;
 
 private:

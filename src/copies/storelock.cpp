@@ -14,7 +14,7 @@
 #include <unistd.h>
 
 namespace {
-constexpr unsigned long glanceMs = 10;
+constexpr unsigned long retryIntervalMs = 10;
 }
 
 StoreLock::StoreLock(const StoreFiles &store)
@@ -47,7 +47,7 @@ StoreLock::Outcome StoreLock::take(int waitMs)
             ::close(file);
             return isHeld ? HeldElsewhere : Impossible;
         }
-        QThread::msleep(glanceMs);
+        QThread::msleep(retryIntervalMs);
     }
     m_file = file;
     return Taken;

@@ -2,8 +2,8 @@
 
 #include "storefiles.h"
 
-/// Says to other processes that the store is in use: the widget holds it as long as it runs, the program that goes back
-/// to a copy while it replaces the files. The system drops it when the process ends, however it ends.
+/// Marks the store as in use. The widget holds the lock while it runs, the restore program while it replaces files. The
+/// system releases it when the process ends, even by a crash.
 class StoreLock
 {
     Q_DISABLE_COPY(StoreLock)
@@ -14,8 +14,8 @@ public:
     explicit StoreLock(const StoreFiles &store);
     ~StoreLock();
 
-    /// Waits up to \a waitMs for another process to give it back. Impossible: the folder cannot be written, or its file
-    /// system knows no locks.
+    /// Waits up to \a waitMs for another process to release the lock. Impossible: the folder cannot be written, or its
+    /// file system has no locks.
     Outcome take(int waitMs = 0);
     void release();
 

@@ -17,8 +17,8 @@
 
 namespace {
 
-constexpr qint64 largestDatabaseBytes = 256LL * 1024 * 1024; // copying more would hold the start up for seconds
-constexpr char sqliteHeader[] = "SQLite format 3"; // with its final zero
+constexpr qint64 largestDatabaseBytes = 256LL * 1024 * 1024; // more would delay the start by seconds
+constexpr char sqliteHeader[] = "SQLite format 3"; // compared with its terminating zero
 constexpr int attempts = 2;
 
 bool isDatabase(int file)
@@ -37,7 +37,7 @@ StoreReader::StoreReader(const StoreFiles &store)
 
 QString StoreReader::reasonAgainstCopy()
 {
-    const int database = heldDatabase();
+    const int database = databaseDescriptor();
     if (database < 0) {
         return QString::fromLocal8Bit(std::strerror(errno));
     }
@@ -55,14 +55,14 @@ QString StoreReader::copyTo(const QString &folder)
     const QStringList names = StoreFiles::names();
     QString reason;
     for (int attempt = 0; attempt < attempts; ++attempt) {
-        const QString look = lookOfFiles();
+        const QString before = fingerprint();
         reason.clear();
         for (const QString &name : names) {
             if (reason.isEmpty() && QFileInfo::exists(m_store.folder() + QLatin1Char('/') + name)) {
                 reason = copyFile(name, folder);
             }
         }
-        if (reason.isEmpty() && (lookOfFiles() != look || !isSameAs(folder))) {
+        if (reason.isEmpty() && (fingerprint() != before || !isSameAs(folder))) {
             reason = QStringLiteral("the database was being written");
         }
         if (reason.isEmpty()) {
@@ -81,22 +81,22 @@ bool StoreReader::isSameAs(const QString &folder)
     return std::all_of(names.begin(), names.end(), [&](const QString &name) { return isSameFile(name, folder); });
 }
 
-int StoreReader::heldDatabase()
+int StoreReader::databaseDescriptor()
 {
     const QByteArray path = QFile::encodeName(m_store.database());
     struct stat found = {};
     if (::stat(path.constData(), &found) != 0) {
         return -1;
     }
-    const auto held = std::find_if(m_held.cbegin(), m_held.cend(), [&](const Held &file) {
+    const auto open = std::find_if(m_openDatabases.cbegin(), m_openDatabases.cend(), [&](const OpenFile &file) {
         return file.device == found.st_dev && file.inode == found.st_ino;
     });
-    if (held != m_held.cend()) {
-        return held->descriptor;
+    if (open != m_openDatabases.cend()) {
+        return open->descriptor;
     }
     const int descriptor = ::open(path.constData(), O_RDONLY | O_CLOEXEC);
     if (descriptor >= 0) {
-        m_held.append({found.st_dev, found.st_ino, descriptor});
+        m_openDatabases.append({found.st_dev, found.st_ino, descriptor});
     }
     return descriptor;
 }
@@ -105,7 +105,7 @@ QString StoreReader::copyFile(const QString &name, const QString &folder)
 {
     const QString target = folder + QLatin1Char('/') + name;
     if (name == StoreFiles::databaseName()) {
-        return files::copy(heldDatabase(), target);
+        return files::copy(databaseDescriptor(), target);
     }
     return files::copy(m_store.folder() + QLatin1Char('/') + name, target);
 }
@@ -118,24 +118,24 @@ bool StoreReader::isSameFile(const QString &name, const QString &folder)
         return QFileInfo::exists(source) == QFileInfo::exists(target);
     }
     if (name == StoreFiles::databaseName()) {
-        return files::haveSameBytes(heldDatabase(), target);
+        return files::haveSameBytes(databaseDescriptor(), target);
     }
     QFile opened(source);
     return opened.open(QIODevice::ReadOnly) && files::haveSameBytes(opened.handle(), target);
 }
 
-/// What changes when another process writes: which files there are, their sizes and times.
-QString StoreReader::lookOfFiles() const
+/// Changes when another process writes: existence, size and time of each file.
+QString StoreReader::fingerprint() const
 {
     const QStringList names = StoreFiles::names();
-    QString look;
+    QString fingerprint;
     for (const QString &name : names) {
         const QFileInfo file(m_store.folder() + QLatin1Char('/') + name);
-        look += QStringLiteral("%1 %2 %3 %4\n")
-                    .arg(name)
-                    .arg(file.exists())
-                    .arg(file.size())
-                    .arg(file.lastModified().toMSecsSinceEpoch());
+        fingerprint += QStringLiteral("%1 %2 %3 %4\n")
+                           .arg(name)
+                           .arg(file.exists())
+                           .arg(file.size())
+                           .arg(file.lastModified().toMSecsSinceEpoch());
     }
-    return look;
+    return fingerprint;
 }

@@ -4,10 +4,10 @@
 
 #include <QVector>
 
-/// Copies the store's files, whole or not at all, and compares them with a copy.
+/// Copies the store's files, all or none, and compares them with a copy.
 ///
-/// POSIX: a process that closes any descriptor of a file gives up all its record locks on the file, those of SQLite
-/// included, without SQLite knowing. So the database, once opened here, stays open until the process ends.
+/// A database opened here stays open until the process ends: closing any descriptor of a file drops all the POSIX
+/// record locks that the process holds on it, those of SQLite included.
 class StoreReader
 {
     Q_DISABLE_COPY(StoreReader)
@@ -15,27 +15,27 @@ class StoreReader
 public:
     explicit StoreReader(const StoreFiles &store);
 
-    /// Why a copy of the database would be of no use or take too long; empty when there is no such reason.
+    /// Why the database should not be copied (not a database, or too large); empty when it should.
     QString reasonAgainstCopy();
-    /// Copies all files of the store that exist into an empty folder. Returns an empty text when every byte was found
-    /// again there and the store stayed untouched meanwhile, else the reason.
+    /// Copies the store's files into an empty folder and compares them. Returns the reason when a file cannot be copied
+    /// or the store was written meanwhile.
     QString copyTo(const QString &folder);
-    /// Whether the folder holds the same files with the same bytes as the store does now.
+    /// Whether the folder holds the same files with the same bytes as the store.
     bool isSameAs(const QString &folder);
 
 private:
-    struct Held
+    struct OpenFile
     {
         quint64 device;
         quint64 inode;
         int descriptor;
     };
 
-    int heldDatabase();
+    int databaseDescriptor();
     QString copyFile(const QString &name, const QString &folder);
     bool isSameFile(const QString &name, const QString &folder);
-    QString lookOfFiles() const;
+    QString fingerprint() const;
 
     const StoreFiles m_store;
-    QVector<Held> m_held;
+    QVector<OpenFile> m_openDatabases;
 };

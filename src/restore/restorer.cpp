@@ -9,7 +9,7 @@
 Restorer::Restorer(const StoreFiles &store)
     : m_store(store)
     , m_lock(store)
-    , m_shelf(store)
+    , m_copyFolder(store)
     , m_reader(store)
 {
 }
@@ -21,7 +21,7 @@ bool Restorer::isInUse()
     return isHeld;
 }
 
-/// Read from a copy of the files, so that a running widget finds no lock of ours.
+/// Reads a temporary copy of the files, so that a running widget never waits for our lock.
 PatientTable Restorer::today()
 {
     const QTemporaryDir place;
@@ -38,7 +38,7 @@ QVector<Restorer::Entry> Restorer::entries()
 {
     const PatientTable now = today();
     QVector<Entry> entries;
-    const QVector<Copy> copies = m_shelf.copies();
+    const QVector<Copy> copies = m_copyFolder.copies();
     for (const Copy &copy : copies) {
         Entry entry;
         entry.copy = copy;
@@ -72,7 +72,7 @@ QString Restorer::takeBack(const QVector<QVariantMap> &rows)
     });
 }
 
-/// \a fill puts the new files into an empty folder.
+/// Exchanges the store's files for those that \a fill writes into an empty folder.
 QString Restorer::exchange(const std::function<QString(const QString &folder)> &fill)
 {
     const StoreLock::Outcome lock = m_lock.take();
@@ -82,14 +82,14 @@ QString Restorer::exchange(const std::function<QString(const QString &folder)> &
     }
     Exchange exchange(m_store);
     QString reason = exchange.finish();
-    m_shelf.tidy();
+    m_copyFolder.tidy();
     if (reason.isEmpty() && QFileInfo::exists(m_store.database())) {
-        reason = m_shelf.keep(Copy::BeforeReturn, QDate::currentDate());
+        reason = m_copyFolder.copyBefore(Copy::BeforeReturn, QDate::currentDate());
     }
     if (reason.isEmpty()) {
         const QString folder = exchange.begin();
         reason = folder.isEmpty() ? QStringLiteral("le dossier des patients ne peut pas être écrit") : fill(folder);
-        // The widget would throw away the patients of an old version, or of one that is not on record.
+        // The widget would discard patients whose recorded version is old or missing.
         if (reason.isEmpty() && StoreFiles::isThrownAway(StoreFiles::versionIn(folder))) {
             reason = patients::bringUpToDate(folder);
         }

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "copyshelf.h"
+#include "copyfolder.h"
+#include "difference.h"
 #include "patienttable.h"
 #include "storelock.h"
 
@@ -8,8 +9,8 @@
 
 /// Goes back to a copy, or takes single patients out of one.
 ///
-/// Both make the new files first, out of the copy or out of today's, and exchange them for today's in one step, after
-/// today's were copied. Neither changes anything while the widget runs.
+/// Both prepare the new files, copy today's, then exchange the two in one step. Neither changes anything while the
+/// widget runs.
 class Restorer
 {
     Q_DISABLE_COPY(Restorer)
@@ -24,16 +25,16 @@ public:
 
     explicit Restorer(const StoreFiles &store);
 
-    /// Whether a widget uses the store.
+    /// Whether a running widget uses the store.
     bool isInUse();
-    /// Today's patients; their `error` when there are none to be read.
+    /// Today's patients, with their `error` when they cannot be read.
     PatientTable today();
-    /// All copies, the newest first, compared with today.
+    /// All copies, the newest first, compared with today's patients.
     QVector<Entry> entries();
 
-    /// Puts the copy in the place of today's patients. Returns the reason when that fails.
+    /// Replaces today's patients by the copy. Returns the reason when that fails.
     QString goBackTo(const Copy &copy);
-    /// Adds the patients to today's as new rows. Returns the reason when that fails.
+    /// Adds the patients to today's, as new rows. Returns the reason when that fails.
     QString takeBack(const QVector<QVariantMap> &rows);
 
 private:
@@ -41,6 +42,6 @@ private:
 
     const StoreFiles m_store;
     StoreLock m_lock;
-    CopyShelf m_shelf;
+    CopyFolder m_copyFolder;
     StoreReader m_reader;
 };

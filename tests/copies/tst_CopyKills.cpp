@@ -1,7 +1,7 @@
 // Kills a process at random moments during its work. TANDRY_KILLS sets the number of rounds, TANDRY_KILL_SEED repeats a
 // run.
 
-#include "copyshelf.h"
+#include "copyfolder.h"
 #include "exchange.h"
 #include "support/generation.h"
 
@@ -90,12 +90,12 @@ void tst_CopyKills::replacing_the_copy_of_a_day_leaves_the_old_or_the_new_one()
     m_found = 0;
     for (int round = 0; round < m_rounds; ++round) {
         runAndKill("replace");
-        CopyShelf shelf(m_data.store);
-        const QVector<Copy> copies = shelf.copies();
+        CopyFolder copyFolder(m_data.store);
+        const QVector<Copy> copies = copyFolder.copies();
         for (const Copy &copy : copies)
             QVERIFY2(generation::in(copy.folder) > 0, "an incomplete copy is listed");
         cut += cutWork() > 0;
-        shelf.tidy();
+        copyFolder.tidy();
         compareFound(m_data.copied("2026-01-01"));
         QCOMPARE(cutWork(), 0);
     }
@@ -111,10 +111,10 @@ void tst_CopyKills::rotation_leaves_only_complete_copies_and_enough_of_them()
     for (int round = 0; round < m_rounds; ++round) {
         runAndKill("rotate");
         cut += cutWork() > 0;
-        CopyShelf shelf(m_data.store);
-        shelf.tidy();
+        CopyFolder copyFolder(m_data.store);
+        copyFolder.tidy();
         QCOMPARE(cutWork(), 0);
-        const QVector<Copy> copies = shelf.copies();
+        const QVector<Copy> copies = copyFolder.copies();
         for (const Copy &copy : copies)
             QVERIFY2(generation::in(copy.folder) > 0, "an incomplete copy is listed");
         most = qMax(most, copies.size());

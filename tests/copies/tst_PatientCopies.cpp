@@ -41,13 +41,13 @@ void tst_PatientCopies::a_start_and_each_new_day_make_a_copy()
     copies.begin();
     QCOMPARE(data.copied("2026-11-21"), 1);
     data.write(2);
-    copies.look();
+    copies.copyOnNewDay();
     QCOMPARE(data.copied("2026-11-21"), 1);
     clock.moveTo("2026-11-22 00:30:00");
-    copies.look();
+    copies.copyOnNewDay();
     QCOMPARE(data.copied("2026-11-22"), 2);
     data.write(3);
-    copies.look();
+    copies.copyOnNewDay();
     QCOMPARE(data.copied("2026-11-22"), 2);
 }
 

@@ -1,7 +1,7 @@
 // The program that the tests kill. It repeats one kind of work in the data folder that is its second argument, and
 // prints the number of each generation before it begins with it.
 
-#include "copyshelf.h"
+#include "copyfolder.h"
 #include "exchange.h"
 #include "generation.h"
 
@@ -32,16 +32,16 @@ int main(int argc, char *argv[])
     const QString what = application.arguments().value(1);
     const StoreFiles store(application.arguments().value(2));
     const int first = application.arguments().value(3).toInt();
-    CopyShelf shelf(store);
-    shelf.tidy();
+    CopyFolder copyFolder(store);
+    copyFolder.tidy();
     for (int number = first;; ++number) {
         printf("%d\n", number);
         fflush(stdout);
         writeStore(store, number);
         const QDate start(2026, 1, 1);
         if (what == "replace")
-            shelf.copyDay(start, true);
+            copyFolder.copyDay(start, true);
         else if (what == "rotate")
-            shelf.copyDay(start.addDays(number), true);
+            copyFolder.copyDay(start.addDays(number), true);
     }
 }
