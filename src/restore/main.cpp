@@ -7,7 +7,7 @@
 
 int main(int argc, char *argv[])
 {
-    prepareProcess(); // which also gives this program the widget's name, and with it the data folder
+    prepareProcess(); // also sets the application name, which leads to the widget's data folder
 
     QApplication application(argc, argv);
     QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("com.olmeric.vesktandry")));

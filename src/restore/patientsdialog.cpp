@@ -21,8 +21,8 @@ PatientsDialog::PatientsDialog(const QVector<QVariantMap> &patients, const QStri
 {
     setWindowTitle(tr("Reprendre des patients"));
     auto *explanation = new QLabel(
-        tr("Ces patients sont dans la copie du %1 et ne sont plus dans la base. Cochez ceux qui doivent revenir, avec leurs "
-           "dates et leurs réponses.")
+        tr("Ces patients sont dans la copie du %1 et ne sont plus dans la base. Cochez ceux qui doivent revenir, avec "
+           "leurs dates et leurs réponses.")
             .arg(day),
         this);
     explanation->setWordWrap(true);

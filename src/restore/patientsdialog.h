@@ -7,17 +7,17 @@
 class QPushButton;
 class QTreeWidget;
 
-/// Lets the user tick patients of a copy that are no longer in the database.
+/// Lists the patients of a copy that the database lacks and lets the user tick those to restore.
 class PatientsDialog : public QDialog
 {
     Q_OBJECT
     Q_DISABLE_COPY(PatientsDialog)
 
 public:
-    /// \a day: of which copy, as the user reads it.
+    /// \a day is the copy's day as shown to the user.
     PatientsDialog(const QVector<QVariantMap> &patients, const QString &day, QWidget *parent);
 
-    /// The ticked ones.
+    /// The ticked patients.
     QVector<QVariantMap> chosen() const;
 
 private:

@@ -4,7 +4,6 @@
 #include "storefiles.h"
 
 #include <QFileInfo>
-#include <QHash>
 #include <QSettings>
 #include <QSqlDatabase>
 #include <QSqlError>
@@ -22,7 +21,7 @@ constexpr char currentVersion[] = "1.3";
 struct Column
 {
     const char *name;
-    const char *declaration; ///< as the store's table has it, for a table that lacks the column
+    const char *declaration; ///< the one of the store's table, for adding a missing column
     bool isText;
 };
 
@@ -42,7 +41,7 @@ constexpr std::array<Column, 15> columns{{{"genderMale", "tinyint(1) NOT NULL DE
                                           {"date3", "date DEFAULT ''", true},
                                           {"notification_date", "date DEFAULT ''", true}}};
 
-/// A connection that ends with the object.
+/// A connection to the database of a folder, closed with the object.
 class Database
 {
     Q_DISABLE_COPY(Database)
@@ -64,7 +63,7 @@ public:
     }
 
     QSqlDatabase handle() const { return QSqlDatabase::database(connection(), false); }
-    /// Runs a statement; the first failure stays in `error`, and nothing runs after it.
+    /// Runs a statement. The first failure stays in `error`; after it nothing runs.
     void run(const QString &statement, const QVariantList &values = {})
     {
         if (!error.isEmpty()) {
@@ -111,31 +110,20 @@ PatientTable readInPlace(const QString &folder)
         table.error = query.lastError().text();
         return table;
     }
-    if (!query.next()) { // opened once, but never filled
+    if (!query.next()) { // created, but not yet filled
         return table;
     }
     const bool isRead = query.exec(QStringLiteral("SELECT * FROM `Patients` ORDER BY name"));
     while (isRead && query.next()) {
         table.rows.append(rowOf(query.record()));
     }
-    if (!isRead || query.lastError().isValid()) { // a damaged page, in the middle of them perhaps
+    if (!isRead || query.lastError().isValid()) { // a damaged page, perhaps halfway through
         table.error = query.lastError().text();
     }
     if (query.exec(QStringLiteral("SELECT seq FROM sqlite_sequence WHERE name = 'Patients'")) && query.next()) {
         table.lastId = query.value(0).toLongLong();
     }
     return table;
-}
-
-QString personOf(const QVariantMap &row)
-{
-    return row.value(QStringLiteral("name")).toString().toLower() + QLatin1Char('\n')
-        + row.value(QStringLiteral("created")).toString();
-}
-
-QString counted(int number, const QString &one, const QString &more)
-{
-    return QString::number(number) + QLatin1Char(' ') + (number == 1 ? one : more);
 }
 
 } // namespace
@@ -165,50 +153,6 @@ PatientTable PatientTable::read(const QString &folder)
     return table;
 }
 
-Difference Difference::between(const PatientTable &copy, const PatientTable &today)
-{
-    // A number is never given twice, unless the table was thrown away in between: then it starts at 1 again.
-    const bool numbersHold = today.lastId >= copy.lastId;
-    QHash<QString, const QVariantMap *> byPerson;
-    QHash<qlonglong, const QVariantMap *> byId;
-    for (const QVariantMap &row : today.rows) {
-        byPerson.insert(personOf(row), &row);
-        byId.insert(row.value(QStringLiteral("id")).toLongLong(), &row);
-    }
-
-    Difference difference;
-    for (const QVariantMap &row : copy.rows) {
-        const QVariantMap *now = numbersHold ? byId.value(row.value(QStringLiteral("id")).toLongLong()) : nullptr;
-        if (!now || now->value(QStringLiteral("created")) != row.value(QStringLiteral("created"))) {
-            now = byPerson.value(personOf(row)); // put back before, as a new row
-        }
-        if (!now) {
-            difference.missing.append(row);
-            continue;
-        }
-        QVariantMap then = row;
-        then.insert(QStringLiteral("id"), now->value(QStringLiteral("id")));
-        difference.changed += then != *now;
-    }
-    difference.added = qMax(0, today.rows.size() - (copy.rows.size() - difference.missing.size()));
-    return difference;
-}
-
-QString Difference::text() const
-{
-    QStringList parts;
-    if (added > 0) {
-        parts << counted(added, QStringLiteral("patient de moins"), QStringLiteral("patients de moins"));
-    }
-    if (!missing.isEmpty()) {
-        parts << counted(missing.size(), QStringLiteral("patient de plus"), QStringLiteral("patients de plus"));
-    }
-    if (changed > 0) {
-        parts << counted(changed, QStringLiteral("fiche modifiée"), QStringLiteral("fiches modifiées"));
-    }
-    return parts.isEmpty() ? QStringLiteral("comme aujourd'hui") : parts.join(QStringLiteral(", "));
-}
-
 QString patients::bringUpToDate(const QString &folder)
 {
     Database database(folder, "");
@@ -226,7 +170,7 @@ QString patients::bringUpToDate(const QString &folder)
         return database.error;
     }
 
-    // As the storage module writes it.
+    // The fields that Qt Quick's local storage writes.
     QSettings settings(folder + QLatin1Char('/') + StoreFiles::recordName(), QSettings::IniFormat);
     settings.setValue(QStringLiteral("Name"), QStringLiteral("Tandry"));
     settings.setValue(QStringLiteral("Version"), QString::fromLatin1(currentVersion));
@@ -254,7 +198,7 @@ QString patients::add(const QString &folder, const QVector<QVariantMap> &rows)
         QVariantList values;
         for (const Column &column : columns) {
             const QVariant value = row.value(QString::fromLatin1(column.name));
-            // A null text would be stored as NULL, which the name must not be.
+            // A null text would be stored as NULL, which the column of the name refuses.
             values << (column.isText && value.toString().isEmpty() ? QVariant(QLatin1String("")) : value);
         }
         database.run(statement, values);

@@ -4,36 +4,24 @@
 #include <QVariantMap>
 #include <QVector>
 
-/// All patients of a database, each a map from column to value; columns that are missing or NULL have their default.
+/// The patients of a database, each a map from column to value. A column that is missing or NULL has its default.
 struct PatientTable
 {
     QVector<QVariantMap> rows; ///< in the order of their names
-    qlonglong lastId = 0; ///< the highest number ever given in this table
-    QString error; ///< why it cannot be read; empty when it was
+    qlonglong lastId = 0; ///< the highest id ever given in this table
+    QString error; ///< why the table cannot be read; empty on success
 
-    /// Reads the database in \a folder, which is opened read-only. One with a journal beside it is first copied to a
-    /// folder of its own, since SQLite has to write to play the journal back.
+    /// Reads the database in \a folder without writing to it. A database with a journal is read from a temporary copy:
+    /// SQLite writes to play a journal back.
     static PatientTable read(const QString &folder);
-};
-
-/// How a copy differs from today's patients.
-struct Difference
-{
-    QVector<QVariantMap> missing; ///< patients of the copy that are no longer in the database
-    int added = 0; ///< patients of today that the copy does not have
-    int changed = 0;
-
-    static Difference between(const PatientTable &copy, const PatientTable &today);
-    /// "3 patients de moins, 12 fiches modifiées": the copy, seen from today.
-    QString text() const;
 };
 
 namespace patients {
 
-/// Gives the database in \a folder the present columns and puts the present version on record, without which the store
-/// would throw its patients away. Returns the reason when that fails.
+/// Adds the columns that the database in \a folder lacks and records the current schema version; the store would
+/// discard the patients of an older one. Returns the reason when that fails.
 QString bringUpToDate(const QString &folder);
-/// Adds the patients as new rows, with new numbers, all of them or none. Returns the reason when that fails.
+/// Inserts the patients as new rows with new ids, all of them or none. Returns the reason when that fails.
 QString add(const QString &folder, const QVector<QVariantMap> &rows);
 
 } // namespace patients

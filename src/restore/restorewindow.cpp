@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr int lookIntervalMs = 500;
+constexpr int widgetCheckIntervalMs = 500;
 constexpr int listWidth = 640;
 constexpr int listHeight = 320;
 
@@ -44,11 +44,11 @@ RestoreWindow::RestoreWindow(const StoreFiles &store)
     connect(m_list, &QTreeWidget::itemSelectionChanged, this, &RestoreWindow::updateButtons);
     connect(m_goBack, &QPushButton::clicked, this, &RestoreWindow::askAndGoBack);
     connect(m_takeBack, &QPushButton::clicked, this, &RestoreWindow::choosePatients);
-    connect(&m_timer, &QTimer::timeout, this, &RestoreWindow::lookForWidget);
+    connect(&m_timer, &QTimer::timeout, this, &RestoreWindow::checkForWidget);
     m_inUse = m_restorer.isInUse();
     fillList();
-    lookForWidget();
-    m_timer.start(lookIntervalMs);
+    checkForWidget();
+    m_timer.start(widgetCheckIntervalMs);
 }
 
 void RestoreWindow::build()
@@ -106,13 +106,13 @@ void RestoreWindow::fillList()
     updateButtons();
 }
 
-void RestoreWindow::lookForWidget()
+void RestoreWindow::checkForWidget()
 {
     const bool wasInUse = m_inUse;
     m_inUse = m_restorer.isInUse();
     m_notice->setVisible(m_inUse);
     if (m_inUse != wasInUse) {
-        fillList(); // the widget may have changed patients, and has copied them if it has just started
+        fillList(); // the widget may have changed patients or made a copy
     }
     updateButtons();
 }
@@ -166,7 +166,7 @@ const Restorer::Entry *RestoreWindow::selected() const
     return index >= 0 && index < m_entries.size() ? &m_entries.at(index) : nullptr;
 }
 
-/// Screen readers read the text aloud.
+/// Shows the text and makes screen readers read it aloud.
 void RestoreWindow::say(const QString &text)
 {
     m_outcome->setText(text);

@@ -9,7 +9,7 @@ class QLabel;
 class QPushButton;
 class QTreeWidget;
 
-/// The list of the copies, and what can be done with one.
+/// Lists the copies, goes back to one, or takes single patients out of one.
 class RestoreWindow : public QWidget
 {
     Q_OBJECT
@@ -19,7 +19,7 @@ public:
     explicit RestoreWindow(const StoreFiles &store);
 
 private slots:
-    void lookForWidget();
+    void checkForWidget();
     void updateButtons();
     void askAndGoBack();
     void choosePatients();

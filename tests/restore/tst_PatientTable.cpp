@@ -14,8 +14,6 @@ private slots:
     void an_unreadable_database_reports_its_reason_data();
     void an_unreadable_database_reports_its_reason();
     void a_journal_is_played_back_in_a_copy_of_the_copy();
-    void difference_is_described_relative_to_today_data();
-    void difference_is_described_relative_to_today();
     void patients_are_restored_with_dates_and_answers_under_new_ids();
     void an_older_table_gets_the_current_columns_and_version();
 };
@@ -79,42 +77,6 @@ void tst_PatientTable::a_journal_is_played_back_in_a_copy_of_the_copy()
     QVERIFY(QFileInfo(cut + '/' + StoreFiles::companionNames().first()).size() > 0);
     QCOMPARE(names(PatientTable::read(cut)), QStringList{"DUPONT Marie"});
     QVERIFY(QFileInfo(cut + '/' + StoreFiles::companionNames().first()).size() > 0); // unchanged
-}
-
-void tst_PatientTable::difference_is_described_relative_to_today_data()
-{
-    QTest::addColumn<QStringList>("since");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("nothing") << QStringList() << "comme aujourd'hui";
-    QTest::newRow("one deleted") << QStringList{"DELETE FROM Patients WHERE id = 2"} << "1 patient de plus";
-    QTest::newRow("two deleted") << QStringList{"DELETE FROM Patients"} << "2 patients de plus";
-    QTest::newRow("one new") << QStringList{"INSERT INTO Patients (name) VALUES ('X')"} << "1 patient de moins";
-    QTest::newRow("renamed") << QStringList{"UPDATE Patients SET name = 'DURAND Marie' WHERE id = 1"}
-                             << "1 fiche modifiée";
-    QTest::newRow("all at once") << QStringList{"UPDATE Patients SET phone = '1' WHERE id = 1",
-                                                "DELETE FROM Patients WHERE id = 2",
-                                                "INSERT INTO Patients (name) VALUES ('X')",
-                                                "INSERT INTO Patients (name) VALUES ('Y')"}
-                                 << "2 patients de moins, 1 patient de plus, 1 fiche modifiée";
-    QTest::newRow("restored under another id")
-        << QStringList{"UPDATE Patients SET id = 9 WHERE id = 2", "UPDATE sqlite_sequence SET seq = 9"}
-        << "comme aujourd'hui";
-    // The ids start at 1 again: the new id 1 is a different patient.
-    QTest::newRow("dropped and started again")
-        << QStringList{"DROP TABLE Patients", createStatement,
-                       "INSERT INTO Patients (name, created) VALUES ('X', '2014-04-10')"}
-        << "1 patient de moins, 2 patients de plus";
-}
-
-void tst_PatientTable::difference_is_described_relative_to_today()
-{
-    QFETCH(QStringList, since);
-    const QTemporaryDir place;
-    write(place.filePath("copy"), {dupont, martin});
-    write(place.filePath("today"), QStringList{dupont, martin} + since);
-    QTEST(Difference::between(PatientTable::read(place.filePath("copy")), PatientTable::read(place.filePath("today")))
-              .text(),
-          "text");
 }
 
 void tst_PatientTable::patients_are_restored_with_dates_and_answers_under_new_ids()
