@@ -89,7 +89,7 @@ class Bundle(unittest.TestCase):
                                                    "com.apple.security.cs.allow-unsigned-executable-memory": True})
 
     def test_the_example_feed_names_this_version(self):
-        channel = xml.parse(MACOS / "appcast-example.xml").find("channel")
+        channel = xml.parse(f"{given('TANDRY_BUILD')}/packaging/appcast-example.xml").find("channel")
         self.assertTrue(channel.findtext("link").endswith(".example" + FEED + "appcast.xml"))
         item = channel.find("item")
         enclosure = item.find("enclosure")

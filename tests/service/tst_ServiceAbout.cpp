@@ -54,7 +54,7 @@ void ServiceAbout::box_names_version_and_identifier()
                                    [&](QMessageBox &box) {
                                        QCOMPARE(box.windowTitle(), QString("Vesk Tandry"));
                                        QCOMPARE(box.text(),
-                                                "<h3>Vesk Tandry</h3><p>Version 1.1.0 - <em>" + shown
+                                                "<h3>Vesk Tandry</h3><p>Version " TANDRY_VERSION " - <em>" + shown
                                                     + "</em></p><p>Olmeric, 2026</p>");
                                        QCOMPARE(box.informativeText(), QString());
                                        QCOMPARE(box.buttons().size(), 1);

@@ -50,7 +50,7 @@ void ServiceConnections::signal_of_a_document_has_its_effect_data()
     row(Shown, "main.qml", "close()", {"box: Fermeture de Tandry"});
     row(Hidden, "main.qml", "openContact()", {"contact shown", "ShowContactViewCounter is 1"});
     row(Hidden, "main.qml", "openList()", {"list shown", "ShowListViewCounter is 1"});
-    row(Hidden, "main.qml", "openAbout()", {"box: <h3>Vesk Tandry</h3><p>Version 1.1.0 "});
+    row(Hidden, "main.qml", "openAbout()", {"box: <h3>Vesk Tandry</h3><p>Version " TANDRY_VERSION " "});
     row(Shown, "ContactPopup.qml", "closeContact()", {"contact hidden"});
     row(Shown, "ListPopup.qml", "closeList()", {"list hidden"});
     row(Shown, "main.qml", "enableDragging()", {"main can be dragged"});
