@@ -29,7 +29,7 @@ DraggableQuickView::~DraggableQuickView()
 
 void DraggableQuickView::show()
 {
-    // A window whose place was never set is placed anew by the window manager each time it is shown.
+    // The window manager places a window anew at each showing unless its position was set.
     if (handle()) {
         setPosition(position());
     }

@@ -5,14 +5,14 @@
 
 class Focuser;
 
-/// A frameless window that the mouse can move: once its document has said, during a press, that the press landed on
-/// a part meant for dragging, the window follows the pointer until the button is released.
+/// A frameless window that the mouse can move. When its document calls enableDragging() during a press, the window
+/// follows the pointer until a button is released.
 class DraggableQuickView : public QQuickView
 {
     Q_OBJECT
 
 public:
-    /// A window without a frame and without a parent; with \a staysOnTop it also stays above other windows.
+    /// With \a staysOnTop the window stays above other windows.
     explicit DraggableQuickView(bool staysOnTop);
     ~DraggableQuickView() override;
 

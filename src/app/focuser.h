@@ -11,10 +11,10 @@ public:
     /// \a w is not owned, must not be null and must outlive the focuser.
     explicit Focuser(DraggableQuickView *w);
 
-    /// Shows the window and brings it to the front; the window's own show() has already raised it once.
+    /// Shows the window and brings it to the front, which DraggableQuickView::show() does already.
     void show();
 
-    /// Activates the program, where the system distinguishes it from its windows, then the window, and raises it.
+    /// Activates the program (on macOS) and the window, then raises the window.
     void raise();
 
 private:

@@ -19,7 +19,7 @@ int main(int argc, char *argv[])
 
     CocoaInitializer cocoaInitializer;
     QtSingleApplication application(argc, argv, true);
-    // Before the instance test on purpose: a start that only hands over asks for updates, too.
+    // Before the instance test, so that a start that only hands over also checks for updates.
     MacUpdateChecker updateChecker(nullptr);
 
     if (application.isRunning()) {
@@ -30,7 +30,7 @@ int main(int argc, char *argv[])
     const QStringList arguments = application.arguments();
     const bool startedAtLogin = arguments.size() > 1 && arguments.at(1) == QLatin1String("startup");
 
-    // Before the documents open the store, which throws away the patients of an older version.
+    // Before the documents open the store, which discards the patients of an older version.
     PatientCopies copies(StoreFiles::ofApplication());
     copies.begin();
 

@@ -34,13 +34,13 @@ bool MessageReader::receive()
 
 QString MessageReader::message() const
 {
-    // With its size: without it the text would end at the first zero byte.
+    // Without the size the text would end at the first zero byte.
     return QString::fromUtf8(received.constData(), received.size());
 }
 
 bool MessageReader::receiveLength()
 {
-    // Kept: the state of the connection is not asked for. See docs/decisions/guard-waits.md.
+    // The state of the connection is not checked: see docs/decisions/guard-waits.md.
     while (device.bytesAvailable() < lengthBytes) {
         device.waitForReadyRead(lengthWaitMs);
     }
@@ -49,7 +49,7 @@ bool MessageReader::receiveLength()
     return remaining <= longestMessageBytes;
 }
 
-/// Takes what has arrived, and no room beyond it; asking for at least one byte lets a failed read show itself.
+/// Reads the bytes that have arrived, but at least one, so that a failed read shows.
 bool MessageReader::receivePiece()
 {
     const qint64 arrived = std::max<qint64>(device.bytesAvailable(), 1);

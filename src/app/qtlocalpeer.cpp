@@ -69,7 +69,7 @@ QtLocalPeer::QtLocalPeer(QObject *parent, const QString &applicationId)
 
 QtLocalPeer::~QtLocalPeer()
 {
-    // While the lock is still held: closing removes the socket file, which a moment later may be the next instance's.
+    // Close while the lock is held: closing removes the socket file, which could later be the next instance's.
     localServer->close();
 }
 
@@ -83,6 +83,7 @@ bool QtLocalPeer::isClient()
     }
 
     if (!listen()) {
+        // Logs of installed versions hold this text, with the core application's name. It serves both applications.
         qWarning("QtSingleCoreApplication: listen on local socket failed, %s", qPrintable(listenError()));
     }
     connect(localServer, SIGNAL(newConnection()), this, SLOT(receiveConnection()));
@@ -127,24 +128,25 @@ void QtLocalPeer::receiveConnection()
 
     const QString message = reader.message();
     acknowledge(*socket);
-    // Gone before the signal, so that whatever it starts runs with no connection open.
+    // Disconnect before the signal, so that its slots run with no connection open.
     socket.reset();
     emit messageReceived(message);
 }
 
 void QtLocalPeer::acknowledge(QLocalSocket &socket)
 {
-    // Each step is left out once the sender is gone: Qt would only complain of it in the log.
+    // Skip each step once the sender has disconnected, or Qt logs a warning.
     const auto isConnected = [&socket] { return socket.state() == QLocalSocket::ConnectedState; };
     if (isConnected()) {
         socket.write(ack.data(), ack.size());
-        // At once: the wait looks at what comes in first, and takes a sender that only listens by now for gone.
+        // Flush, because waitForBytesWritten() reads first and would take a sender that has closed its writing side for
+        // disconnected.
         socket.flush();
     }
     if (isConnected()) {
         socket.waitForBytesWritten(acknowledgeWaitMs);
     }
-    // The sender leaves once it has read the acknowledgement.
+    // The sender disconnects once it has read the acknowledgement.
     if (isConnected()) {
         SocketWaits::waitForDisconnected(socket, disconnectWaitMs);
     }
@@ -158,7 +160,7 @@ bool QtLocalPeer::connectToFirst(QLocalSocket &socket, int timeoutMs) const
             return true;
         }
         socket.abort();
-        // An instance that is just starting holds the lock a moment before it listens.
+        // An instance that is just starting locks the file shortly before it listens.
         if (attempt < connectAttempts) {
             pauseBeforeRetry();
         }
@@ -166,7 +168,7 @@ bool QtLocalPeer::connectToFirst(QLocalSocket &socket, int timeoutMs) const
     return false;
 }
 
-/// The server's error text; for a path that is too long it says only a number.
+/// The server's error text, with the lengths when the path is too long: Qt's text is only a number then.
 QString QtLocalPeer::listenError() const
 {
     const QString path = QDir::cleanPath(QDir::tempPath()) + QLatin1Char('/') + serverName;
@@ -191,7 +193,7 @@ bool QtLocalPeer::listen()
         return false;
     }
 
-    // We hold the lock, so the socket was left behind by an instance that crashed.
+    // We hold the lock, so the socket file was left by an instance that crashed.
     QFile::remove(QDir::cleanPath(QDir::tempPath()) + QLatin1Char('/') + serverName);
     return localServer->listen(serverName);
 }

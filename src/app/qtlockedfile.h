@@ -4,9 +4,8 @@
 
 namespace QtLP_Private {
 
-/// A file with an advisory record lock over its whole length, which every process sees that locks the file this way.
-///
-/// The lock belongs to the process, and the system drops it when the process ends, however it ends.
+/// A file with an advisory POSIX record lock over its whole length. The system releases the lock when the process ends,
+/// even by a crash.
 class QtLockedFile : public QFile
 {
     Q_DISABLE_COPY(QtLockedFile)
@@ -19,14 +18,14 @@ public:
     /// Unlocks, if the file is open.
     ~QtLockedFile() override;
 
-    /// Opens the file. A mode with `Truncate` is refused with a warning: it would empty the file of whoever holds it.
+    /// Opens the file. `Truncate` is refused with a warning: it would empty a file that another process has locked.
     bool open(OpenMode mode) override;
 
-    /// Locks for reading or writing, giving up the other mode first; `LockNone` unlocks. With `wait` the call blocks
-    /// until the lock is free. False when it was not got, with a warning unless it is only held elsewhere or the
-    /// call was interrupted.
+    /// Locks for reading or writing, after releasing the other mode; `LockNone` unlocks. With `wait` the call blocks
+    /// until the lock is free. On failure returns false, with a warning unless the lock is held elsewhere or the call
+    /// was interrupted.
     bool lock(LockMode mode, bool wait = true);
-    /// Gives the lock back. True as well when there was none; false, with a warning, when the file is not open.
+    /// Releases the lock, if there is one. False, with a warning, when the file is not open.
     bool unlock();
 
     bool isLocked() const;

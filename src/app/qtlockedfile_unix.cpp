@@ -10,10 +10,10 @@ namespace QtLP_Private {
 
 namespace {
 
-/// Asks for a record lock (`F_RDLCK`, `F_WRLCK`, `F_UNLCK`) over the whole file; false leaves the reason in `errno`.
+/// Requests a record lock (`F_RDLCK`, `F_WRLCK`, `F_UNLCK`) over the whole file. On failure sets `errno`.
 bool requestRecordLock(int descriptor, short type, bool wait)
 {
-    struct flock request = {}; // length 0: to the end, wherever that comes to be
+    struct flock request = {}; // length 0: to the end of the file
     request.l_type = type;
     request.l_whence = SEEK_SET;
     return ::fcntl(descriptor, wait ? F_SETLKW : F_SETLK, &request) != -1;
@@ -26,7 +26,7 @@ bool isHeldElsewhere(int error)
 
 void warnOfFcntl(int error)
 {
-    // One text for locking and unlocking, kept so that a log reads the same as it always did.
+    // unlock() logs under lock()'s name, too: logs of installed versions hold one text for both.
     qWarning("QtLockedFile::lock(): fcntl: %s", std::strerror(error));
 }
 

@@ -2,7 +2,8 @@
 
 #include "qtlocalpeer.h"
 
-// Kept: the flag goes where the application's integer flags go, which makes them 1 and not the Qt version.
+// The bool lands in QApplication's integer flags: Qt takes 1, not its own version, for the version that the program was
+// built with, and behaves as it does for such a program.
 QtSingleApplication::QtSingleApplication(int &argc, char **argv, bool guiEnabled)
     : QApplication(argc, argv, guiEnabled)
 {

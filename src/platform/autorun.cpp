@@ -35,11 +35,10 @@ Autorun::~Autorun()
 bool Autorun::isAutorun() const
 {
     const QVariant disabled = LoginAgent::storedValue(*m_settings, disabledKey);
-    // Kept: without the key the system would start the program, yet it counts as off.
+    // Without the key launchd would start the program, but the switch of installed versions shows it as off.
     const bool on = !disabled.isNull() && !disabled.toBool();
-    // The list may have been edited by hand since the last time.
     if (QFileInfo::exists(m_settings->fileName()) || LoginAgent::hasEntry()) {
-        follow(on);
+        updateEntry(on); // the list may have been edited by hand
     }
     return on;
 }
@@ -51,18 +50,18 @@ void Autorun::setAutorun(bool autorun)
     m_settings->setValue(programKey, program);
     m_settings->setValue(QStringLiteral("ProgramArguments"), QStringList{program, QStringLiteral("startup")});
     m_settings->setValue(QStringLiteral("RunAtLoad"), true);
-    // Switching off keeps the file; the agent is only disabled.
+    // Off disables the agent; the file stays.
     m_settings->setValue(disabledKey, !autorun);
     m_settings->sync();
 
-    // What the list says now, not what was wanted: if it could not be written, both still say the same.
-    follow(isAutorun());
+    // The list's state, not `autorun`: after a failed write the entry must match the list.
+    updateEntry(isAutorun());
 }
 
-/// Brings what a login needs besides the list in step with it.
-void Autorun::follow(bool on) const
+/// Makes the desktop's autostart entry match the list.
+void Autorun::updateEntry(bool on) const
 {
     const QString program = LoginAgent::storedValue(*m_settings, programKey).toString();
 
-    LoginAgent::followList(program.isEmpty() ? QCoreApplication::applicationFilePath() : program, on);
+    LoginAgent::updateEntry(program.isEmpty() ? QCoreApplication::applicationFilePath() : program, on);
 }

@@ -4,26 +4,26 @@
 
 QT_FORWARD_DECLARE_CLASS(QSettings)
 
-/// Launch at login: a per-user agent property list in the LaunchAgents folder under the user's home, which starts the
-/// program with the argument "startup". The list is the only place where the state is kept.
+/// Launch at login: a per-user agent property list in the LaunchAgents folder of the user's home, which starts the
+/// program with the argument "startup". The list alone holds the state.
 class Autorun
 {
 public:
     Autorun();
     ~Autorun();
 
-    /// The state as the list says now, so that an edit by hand counts. A list that is missing or cannot be read,
-    /// or one without the key `Disabled`, is "off". What the desktop starts at login is brought in step with it.
+    /// Reads the state from the list, so that an edit by hand counts, and updates the desktop's autostart entry to
+    /// match. False when the list, or its key `Disabled`, is missing or unreadable.
     bool isAutorun() const;
 
-    /// Writes the whole job and the state at once. The running executable becomes the one that is started, so a
-    /// program that was moved is found again once its user toggles the switch. A failing write is not reported.
+    /// Writes the whole job with the running executable, so that toggling the switch repairs the job of a moved
+    /// program. A failing write is not reported.
     void setAutorun(bool autorun);
 
 private:
     Q_DISABLE_COPY(Autorun)
 
-    void follow(bool on) const;
+    void updateEntry(bool on) const;
 
     QSettings *m_settings;
 };

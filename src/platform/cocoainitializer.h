@@ -2,8 +2,8 @@
 
 #include <QScopedPointer>
 
-/// Cocoa for a program whose windows are Qt's: loads the application services and holds an autorelease pool until
-/// it is destroyed. One per process, made before everything else. On Linux there is nothing to hold.
+/// Prepares Cocoa for a Qt program: loads the application services and holds an autorelease pool until it is destroyed.
+/// One per process, created first. Does nothing on Linux.
 class CocoaInitializer
 {
 public:

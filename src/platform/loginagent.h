@@ -4,20 +4,20 @@
 #include <QString>
 #include <QVariant>
 
-/// What launch at login needs of each platform.
+/// The platform's part of launch at login.
 namespace LoginAgent {
 
-/// The settings format in which an agent's property list is read and written.
+/// The settings format of an agent's property list.
 QSettings::Format listFormat();
 
-/// The value of a top-level key as the file of \a list holds it now, null when the key or a readable file is missing.
+/// The value of a top-level key, read from the file of \a list; null when the file is unreadable or lacks the key.
 QVariant storedValue(QSettings &list, const QString &key);
 
-/// Whether there is something besides the list that a login reads.
+/// Whether the desktop has an autostart entry. Always false on macOS.
 bool hasEntry();
 
-/// Does what a login needs besides the property list: on Linux the desktop's autostart entry for \a program (a full
-/// path), hidden while \a on is false; on macOS nothing. A failing write is not reported.
-void followList(const QString &program, bool on);
+/// Writes the desktop's autostart entry for \a program (a full path), hidden unless \a on. Does nothing on macOS. A
+/// failing write is not reported.
+void updateEntry(const QString &program, bool on);
 
 } // namespace LoginAgent

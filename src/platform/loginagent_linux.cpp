@@ -16,7 +16,7 @@ QString entryPath()
         + QLatin1String("/autostart/com.olmeric.vesktandry.desktop");
 }
 
-/// A text as the string value of a key.
+/// A text escaped as the value of a key.
 QString escaped(QString text)
 {
     text.replace(QLatin1Char('\\'), QLatin1String("\\\\"));
@@ -26,8 +26,8 @@ QString escaped(QString text)
     return text;
 }
 
-/// The program as one quoted argument of the key Exec. The escapes come in layers: field codes, then the argument's
-/// quotes, then the string value as such, so that a backslash of the path becomes four.
+/// The program as a quoted argument of the key Exec. Escapes nest: field codes, the argument's quotes, then the key's
+/// value, so that a backslash in the path becomes four.
 QString quotedProgram(const QString &program)
 {
     QString argument;
@@ -47,7 +47,7 @@ QByteArray autostartEntry(const QString &program, bool on)
     QByteArray entry = "[Desktop Entry]\n"
                        "Type=Application\n"
                        "Name=Vesk Tandry\n";
-    // The entry outlives an uninstalled program: a desktop then passes over it without a word.
+    // The entry outlives an uninstalled program; with TryExec the desktop then ignores it.
     entry += "TryExec=" + escaped(program).toUtf8() + '\n';
     entry += "Exec=" + quotedProgram(program).toUtf8() + " startup\n";
     entry += "Terminal=false\n";
@@ -67,8 +67,8 @@ QSettings::Format LoginAgent::listFormat()
 
 QVariant LoginAgent::storedValue(QSettings &list, const QString &key)
 {
-    // Not through the settings object: it takes a file of the same size and time stamp for unchanged, and would
-    // answer with values that it could not write.
+    // Not through QSettings, which ignores a change that keeps the file's size and time, and returns values that it
+    // failed to write.
     QFile file(list.fileName());
     QSettings::SettingsMap values;
     if (!file.open(QIODevice::ReadOnly) || !PropertyList::read(file, values)) {
@@ -82,7 +82,7 @@ bool LoginAgent::hasEntry()
     return QFileInfo::exists(entryPath());
 }
 
-void LoginAgent::followList(const QString &program, bool on)
+void LoginAgent::updateEntry(const QString &program, bool on)
 {
     const QByteArray entry = autostartEntry(program, on);
     QFile current(entryPath());

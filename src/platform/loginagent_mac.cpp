@@ -2,7 +2,7 @@
 
 QSettings::Format LoginAgent::listFormat()
 {
-    return QSettings::NativeFormat; // a property list, since the file's name ends in ".plist"
+    return QSettings::NativeFormat; // a property list for a file name that ends in ".plist"
 }
 
 QVariant LoginAgent::storedValue(QSettings &list, const QString &key)
@@ -16,7 +16,7 @@ bool LoginAgent::hasEntry()
     return false;
 }
 
-void LoginAgent::followList(const QString &, bool)
+void LoginAgent::updateEntry(const QString &, bool)
 {
     // launchd reads the list itself.
 }

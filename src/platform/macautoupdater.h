@@ -3,16 +3,15 @@
 #include <QScopedPointer>
 #include <QString>
 
-/// The update framework's shared updater. On Linux updates come with the package, and a check is only traced.
+/// The update framework's shared updater. On Linux updates come with the package, and a check is only logged.
 class MacAutoUpdater
 {
 public:
-    /// Takes the updater, points it to the feed at \a feedAddress, handed on as it is, and lets it download what the
-    /// feed offers without asking.
+    /// Sets the updater's feed to \a feedAddress, unchanged, and switches automatic downloads on.
     explicit MacAutoUpdater(const QString &feedAddress);
     ~MacAutoUpdater();
 
-    /// Asks for a check that shows nothing unless an update is found. Its result is not examined.
+    /// Starts a check in the background, which shows something only when it finds an update.
     void checkForUpdates();
 
 private:

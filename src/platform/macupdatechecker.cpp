@@ -7,11 +7,11 @@
 
 namespace {
 
-constexpr int checkIntervalMs = 86400000; // a day
+constexpr int checkIntervalMs = 24 * 60 * 60 * 1000;
 
 QString feedAddress()
 {
-    // Kept: plain http; what is downloaded is verified by its signature.
+    // Plain http: the feed's address in every installed version. Downloads are verified by their signature.
     return QLatin1String("http://") + QString::fromUtf8(BuildSettings::updateHost)
         + QLatin1String("/widget_vesk/tandry/mac/appcast.xml");
 }

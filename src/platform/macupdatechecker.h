@@ -5,7 +5,7 @@
 QT_FORWARD_DECLARE_CLASS(QTimer)
 class MacAutoUpdater;
 
-/// Asks for an update check when it is made, and once a day from then on.
+/// Checks for updates when constructed and then once a day.
 class MacUpdateChecker : public QObject
 {
     Q_OBJECT
@@ -15,7 +15,7 @@ public:
     ~MacUpdateChecker() override;
 
 public slots:
-    /// Asks the updater for a check in the background.
+    /// Starts a check in the background.
     void checkForUpdate();
 
 private:

@@ -1,9 +1,8 @@
 #pragma once
 
-/// Prepares the process itself; the first call of `main`, before any application object exists.
+/// Prepares the process. The first call of `main`, before the application object exists.
 ///
-/// Files and folders made from then on belong to their owner alone, the patients' folder has its name whatever the
-/// executable is called, and a temporary folder that does not exist is forgotten. On Linux it also asks for the text
-/// resolution that the documents are drawn for, for a window system in which a window can be placed, and to be left asleep while
-/// the network does nothing, unless the user chose otherwise in the environment.
+/// Sets the file creation mask to the owner alone, fixes the name of the patients' folder, and unsets a TMPDIR that
+/// does not exist. On Linux also sets the text resolution, the window system and the network poll interval, unless the
+/// environment has them.
 void prepareProcess();

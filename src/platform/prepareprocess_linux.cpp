@@ -17,18 +17,18 @@ constexpr char never[] = "2147483647"; // milliseconds: 24 days, the most that Q
 constexpr qreal usualDpi = 96;
 constexpr qreal documentDpi = 72;
 
-// Both run while the application object is being made: the window system is open by then, its resolution read, and
-// no font has been used yet.
+// Both routines run inside the constructor of the application object: the window system is open, its resolution read,
+// and no font in use yet.
 
 void keepDialogTextSize()
 {
-    // Qt has remembered the value; a browser or mail program that we open must not inherit it.
+    // Qt has read the value; a browser or mail program that we start must not inherit it.
     qunsetenv(fontDpiVariable);
     if (!qobject_cast<QGuiApplication *>(QCoreApplication::instance())) {
         return;
     }
     QFont font = QGuiApplication::font();
-    if (font.pointSizeF() <= 0) { // a size in pixels does not follow the resolution
+    if (font.pointSizeF() <= 0) { // a size in pixels does not depend on the resolution
         return;
     }
     font.setPointSizeF(font.pointSizeF() * usualDpi / documentDpi);
@@ -44,13 +44,13 @@ void forgetPlatform()
 
 void prepareProcess()
 {
-    // Patients' data: the database, the settings, the lock file and the socket are their owner's alone.
+    // Patients' data: the database, the settings, the lock file and the socket are for their owner alone.
     umask(077);
 
-    // The patients lie in a folder of this name: not the executable's, which may be called through a link or a copy.
+    // The patients' folder has this name. The executable's may differ, in a link or a copy.
     QCoreApplication::setApplicationName(QStringLiteral("tandry"));
 
-    // Qt would take the current folder for the temporary one, and lay the lock file there.
+    // Otherwise Qt uses the current folder as the temporary one and puts the lock file there.
     if (qEnvironmentVariableIsSet(temporaryVariable) && !QFileInfo(qEnvironmentVariable(temporaryVariable)).isDir()) {
         qunsetenv(temporaryVariable);
     }
@@ -61,14 +61,14 @@ void prepareProcess()
         qAddPreRoutine(keepDialogTextSize);
     }
 
-    // Under Wayland a program may neither place its window nor keep it on top.
+    // Under Wayland a program can neither place its window nor keep it on top.
     if (!qEnvironmentVariableIsSet(platformVariable)) {
         qputenv(platformVariable, "xcb;wayland");
         qAddPreRoutine(forgetPlatform);
     }
 
-    // Qt looks every 10 s which network interfaces there are, for as long as a program lives that once used the network.
-    // It stays set, since a thread of Qt's reads it late; a program that we open hears of a new network from the system.
+    // Once the program has used the network, Qt polls the interfaces every 10 s. The variable stays set: a thread of Qt
+    // reads it late, and programs that we start learn of new networks from the system.
     if (!qEnvironmentVariableIsSet(networkPollVariable)) {
         qputenv(networkPollVariable, never);
     }

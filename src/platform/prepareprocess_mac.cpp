@@ -13,13 +13,13 @@ constexpr char temporaryVariable[] = "TMPDIR";
 
 void prepareProcess()
 {
-    // Patients' data: the database, the settings, the lock file and the socket are their owner's alone.
+    // Patients' data: the database, the settings, the lock file and the socket are for their owner alone.
     umask(077);
 
-    // The patients lie in a folder of this name: not the executable's, which may be called through a link or a copy.
+    // The patients' folder has this name. The executable's may differ, in a link or a copy.
     QCoreApplication::setApplicationName(QStringLiteral("Vesk Tandry"));
 
-    // Qt would take the current folder for the temporary one, and lay the lock file there.
+    // Otherwise Qt uses the current folder as the temporary one and puts the lock file there.
     if (qEnvironmentVariableIsSet(temporaryVariable) && !QFileInfo(qEnvironmentVariable(temporaryVariable)).isDir()) {
         qunsetenv(temporaryVariable);
     }

@@ -4,15 +4,16 @@
 
 QT_FORWARD_DECLARE_CLASS(QIODevice)
 
-/// XML property lists in the shape that QSettings wants of a format. Strings, booleans, integers, reals, dates, data,
-/// arrays and dictionaries go through unchanged, so that keys that others put into a list survive our writing it.
+/// Reads and writes XML property lists for QSettings::registerFormat(). All types of a property list survive reading
+/// and writing, so that keys of other programs stay in the list. Why not a library:
+/// docs/decisions/own-property-lists.md.
 namespace PropertyList {
 
-/// Reads the top-level dictionary; arrays that hold only strings become string lists. False, with \a values
-/// untouched, for anything that is not a whole, well-formed XML property list with a dictionary at its top.
+/// Reads the top-level dictionary; an array of strings becomes a string list. False, with \a values untouched, unless
+/// the device holds a whole, well-formed list with a dictionary at its top.
 bool read(QIODevice &device, QSettings::SettingsMap &values);
 
-/// Writes \a values in the order of their keys. False when one has a type that a property list does not know.
+/// Writes \a values sorted by key. False when a value's type is not one of a property list.
 bool write(QIODevice &device, const QSettings::SettingsMap &values);
 
 } // namespace PropertyList

@@ -8,7 +8,7 @@
 
 namespace {
 
-// Deeper than any agent's list, and far from the end of the stack for a list made to reach it.
+// Deeper than any agent's list, and shallow enough for the stack.
 constexpr int maximumDepth = 64;
 
 QVariant readValue(QXmlStreamReader &xml, int depth);
@@ -47,7 +47,7 @@ QVariant readDate(QXmlStreamReader &xml)
     return checked(xml, date.isValid(), date);
 }
 
-/// A text that is empty but not null: only an absent value is null.
+/// Empty but not null when the element is empty: only an absent value is null.
 QString readText(QXmlStreamReader &xml)
 {
     const QString text = xml.readElementText();
@@ -205,7 +205,7 @@ bool PropertyList::write(QIODevice &device, const QSettings::SettingsMap &values
 {
     QXmlStreamWriter xml(&device);
     xml.setAutoFormatting(true);
-    xml.setAutoFormattingIndent(-1); // one tab, as the system's own tools write it
+    xml.setAutoFormattingIndent(-1); // one tab, as macOS writes it
     xml.writeStartDocument();
     xml.writeDTD(QStringLiteral("<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
                                 "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">"));

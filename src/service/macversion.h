@@ -2,7 +2,7 @@
 
 #include <QString>
 
-/// The name of a system for the statistics, from the code by which Qt knows it.
+/// The system's name in the statistics, from its QSysInfo::MacVersion code.
 inline QString readableMacVersion(int version)
 {
     switch (version) {

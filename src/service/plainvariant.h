@@ -3,8 +3,8 @@
 #include <QJSValue>
 #include <QVariant>
 
-/// The value without its script: an array that a document hands over may arrive as a script value inside the variant,
-/// which belongs to that document's engine, is no list to Qt, and is refused by the engine of another document.
+/// Unwraps a script value. An array from a document may arrive as a QJSValue inside the variant, which Qt does not
+/// convert to a list and another document's engine rejects.
 inline QVariant plainVariant(const QVariant &value)
 {
     return value.userType() == qMetaTypeId<QJSValue>() ? value.value<QJSValue>().toVariant() : value;

@@ -2,7 +2,7 @@
 
 #include <QString>
 
-/// The keys of the settings store. Installed versions have written values under them.
+/// The keys of the settings store. Installed versions have stored values under them.
 namespace SettingsKeys {
 
 inline const QString uuid = QStringLiteral("Uuid");
@@ -12,7 +12,7 @@ inline const QString osVersionReadable = QStringLiteral("OSVersionReadable");
 inline const QString launchCounter = QStringLiteral("LaunchCounter");
 inline const QString showListViewCounter = QStringLiteral("ShowListViewCounter");
 inline const QString showContactViewCounter = QStringLiteral("ShowContactViewCounter");
-/// Never written: the statistics service expects the field, and gets it empty.
+/// Never written: the statistics service expects this field to be empty.
 inline const QString showMainViewCounter = QStringLiteral("ShowMainViewCounter");
 inline const QString printerCounter = QStringLiteral("PrinterCounter");
 inline const QString patientsCounter = QStringLiteral("PatientsCounter");

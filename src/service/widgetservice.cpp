@@ -20,7 +20,7 @@ WidgetService::WidgetService(QObject *parent)
     createViews();
     connectDocuments();
     watchDesktop();
-    // The documents are connected by now: the main document's tick takes the real state.
+    // After the documents are connected, so that the main document's switch starts in the real state.
     announceAutorun();
     startStatistics();
 }
@@ -28,8 +28,8 @@ WidgetService::WidgetService(QObject *parent)
 WidgetService::~WidgetService()
 {
     trayIcon->hide();
-    // The settings first: the counters are on disk before anything else ends. The network manager would go as a child,
-    // too; deleted here, it breaks off its uploads while the service is still whole.
+    // The settings first, so that the counters are on disk. The network manager is a child and would be deleted by
+    // QObject; deleting it here aborts its uploads while the service still exists.
     delete settings;
     delete m_autorun;
     delete networkManager;

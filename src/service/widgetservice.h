@@ -17,13 +17,11 @@ class QTimer;
 class QWidget;
 class QWindow;
 
-/// The one controller of the program: owns the settings, the three windows, the tray icon and the timers, and lets the
-/// documents talk to each other. It never opens the patient database; the documents do.
+/// The program's one controller. It owns the settings, the three windows, the tray icon and the timers, and passes
+/// signals between the documents. Only the documents open the patient database.
 ///
-/// One source file per chapter: windows (widgetservice_views), what the desktop wants of them (widgetservice_desktop),
-/// tray and refresh cycle (widgetservice_tray), printing (widgetservice_printing), usage statistics
-/// (widgetservice_statistics), settings and the question before quitting (widgetservice_preferences). The constructor,
-/// which calls them in order, is in widgetservice.
+/// Each chapter has a source file: windows (_views), requests of the desktop (_desktop), tray and refresh (_tray),
+/// printing (_printing), usage statistics (_statistics), settings and quitting (_preferences).
 class WidgetService : public QObject
 {
     Q_OBJECT
@@ -41,51 +39,50 @@ signals:
     void autorunChanged(QVariant value);
 
 public slots:
-    // The order of the slots is part of the interface: they are reached by index, too.
-    /// Shows or hides the main widget on a click; hides the popups.
+    // The order is part of the binary interface: the meta-object numbers the slots.
+    /// On a click, hides the popups and shows or hides the main widget.
     void trayActivated(QSystemTrayIcon::ActivationReason reason);
     void openContact();
     void closeContact();
     void openList();
     void openAbout();
     void closeList();
-    /// Shows the main widget: at its default place the first time or when it has left the screen, else where it is.
+    /// Shows the main widget. Moves it to its default position the first time, and when it has left the screen.
     void show();
     void hide();
-    /// Shows the main widget wherever it is and opens the patient of that id in its editor.
+    /// Shows the main widget without moving it and opens the patient of that id in its editor.
     void openPatient(QString iid);
-    /// Lets both patient documents read the database again and brings the tray icon up to date.
+    /// Makes both patient documents read the database again, then refreshes the tray icon.
     void refreshViews();
-    /// Tells the main document which patients have just been deleted.
+    /// Passes the patients just deleted in the list to the main document.
     void removedPatients(QVariant list);
-    /// The hourly tick: announces waiting patients, refreshes on a new day.
+    /// The hourly tick: announces waiting patients; on a new day, refreshes the views.
     void autoRefresh();
     /// Paints the number of waiting patients on the tray icon and stores both counts.
     void refreshIcon();
     void firstRefresh();
-    /// Quits, after asking unless the user wished not to be asked.
+    /// Quits, after a confirmation unless the user has switched it off.
     void closeIntent();
     void dontAskBeforeQuit(bool value);
-    /// Switches launch at login; tells the main document when that changed anything.
+    /// Switches launch at login and announces a change to the main document.
     void setAutorun(bool value);
     void toggleView();
-    /// Prints a list of patient rows, in a dialog titled with the list's title. Nothing when `list` is no list.
+    /// Prints patient rows through the print dialog, titled `title`. Does nothing when `list` is not a list.
     void requestPrint(QString title, QVariant list);
-    /// Posts the usage counters; whatever becomes of the post is ignored.
+    /// Posts the usage counters. The reply, or a failure, is ignored.
     void sendDataToServer();
 
 protected:
-    /// What the desktop wants of the windows: that they close, that a dialog comes up, that the session ends.
+    /// Handles closing by the window manager, new dialogs and the end of the session.
     bool eventFilter(QObject *watched, QEvent *event) override;
 
-    // What the service asks of the screen and the tray, and what it made: open to a derived class, so that a test can
-    // choose the one and look at the other.
+    // Protected so that tests can replace what the screen and the tray answer, and read the members.
     virtual QSize availableSize(const QWindow &window) const;
     virtual bool trayTakesMessages() const;
     virtual void showTrayMessage(const QString &title, const QString &text, QSystemTrayIcon::MessageIcon icon,
                                  int durationMs);
     virtual QString report(const QString &title, const QVariantList &rows);
-    /// One more: 1 when the key is absent, else its integer plus 1. The largest integer stays.
+    /// Stores 1 when the key is absent, else its integer plus 1, up to the largest int.
     virtual void incrementCounter(const QString &key);
     static QFont badgeFont();
 

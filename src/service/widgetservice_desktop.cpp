@@ -1,7 +1,7 @@
 #include "widgetservice.h"
 
 #include "draggablequickview.h"
-#include "restingplace.h"
+#include "userposition.h"
 
 #include <QCoreApplication>
 #include <QDialog>
@@ -11,10 +11,10 @@
 
 void WidgetService::watchDesktop()
 {
-    // With it, Qt would close every window while a session ends, and the widget's closing asks.
+    // Otherwise Qt closes every window when the session ends, and closing the widget opens the quit question.
     QGuiApplication::setFallbackSessionManagementEnabled(false);
     QCoreApplication::instance()->installEventFilter(this);
-    new RestingPlace(view, this);
+    new UserPosition(view, this);
 }
 
 bool WidgetService::eventFilter(QObject *watched, QEvent *event)
@@ -32,7 +32,7 @@ bool WidgetService::eventFilter(QObject *watched, QEvent *event)
         }
         return false;
     case QEvent::Quit:
-        // The session ends: at once, where Qt would first close the windows.
+        // The session ends. Quit at once: Qt would close the windows first, which opens the quit question.
         if (watched == QCoreApplication::instance()) {
             QCoreApplication::quit();
             return true;
@@ -42,11 +42,11 @@ bool WidgetService::eventFilter(QObject *watched, QEvent *event)
     }
 }
 
-/// Answers the window manager's "close": the widget asks as its menu does, a popup hides. False for other windows.
+/// Handles the window manager's "close": the widget opens the quit question, a popup hides. False for other windows.
 bool WidgetService::closeByDesktop(QObject *window)
 {
     if (window == view) {
-        // Later: the question waits for its answer, which is too long for an event of the window system.
+        // Queued, because the modal question must not run inside an event of the window system.
         QMetaObject::invokeMethod(this, "closeIntent", Qt::QueuedConnection);
         return true;
     }
@@ -61,8 +61,8 @@ bool WidgetService::closeByDesktop(QObject *window)
     return false;
 }
 
-/// A dialog lies above the widget, which stays on top itself, carries the program's picture, and does not end the
-/// program when it closes while the widget is hidden.
+/// Puts a dialog above the widget, which stays on top itself, gives it the program's icon, and lets it close without
+/// ending the program while the widget is hidden.
 void WidgetService::prepareDialog(QDialog &dialog)
 {
     dialog.setAttribute(Qt::WA_QuitOnClose, false);

@@ -10,8 +10,8 @@
 
 namespace {
 
-// The product stands in the organisation's place and the maker in the application's: an existing installation finds its
-// values there, and the sibling's are found in the same reversed form.
+// The product is the organisation and the maker the application. The reversal looks like a slip, but installations have
+// their values there, and so has the sibling product.
 const QString productOrganization = QStringLiteral("Vesk Tandry");
 const QString siblingOrganization = QStringLiteral("Vesk Korrin");
 const QString makerApplication = QStringLiteral("Olmeric");
@@ -30,7 +30,7 @@ void WidgetService::openSettings()
     Q_ASSERT(settings);
 }
 
-/// On the first start takes over the sibling product's identifier, or makes one, and switches launch at login on.
+/// On the first start, copies the sibling product's identifier or creates one, and switches launch at login on.
 void WidgetService::identifyInstallation()
 {
     if (settings->value(SettingsKeys::uuid).isValid()) {
@@ -75,7 +75,7 @@ void WidgetService::closeIntent()
     box.setStandardButtons(QMessageBox::Ok | QMessageBox::Cancel);
     box.setDefaultButton(QMessageBox::Cancel);
     box.button(QMessageBox::Cancel)->setText(tr("Annuler"));
-    // Stored the moment it is toggled: ticked and cancelled, the next close quits without asking.
+    // Stored when toggled, not on OK: after ticking and cancelling, the next close quits without a question.
     connect(checkBox, SIGNAL(toggled(bool)), this, SLOT(dontAskBeforeQuit(bool)));
 
     if (box.exec() == QMessageBox::Ok) {

@@ -13,25 +13,38 @@
 namespace {
 
 constexpr int fontPixelSize = 8;
-// A row's markup and some fifty characters of values.
-constexpr int usualRowLength = 600;
+constexpr int usualRowLength = 600; // characters: a row's markup and about fifty of values
 
-/// A column of the report: the head of the column, and what it means.
+/// A column's header, and its meaning in the legend.
 struct Column
 {
     QString shortLabel;
     QString longLabel;
 };
 
-// Who the patient is needs no explanation in the legend.
+// The legend explains the steps, not the patient's name, date and phone.
 constexpr int firstExplainedColumn = 3;
+
+QList<Column> reportColumns()
+{
+    return {
+        {WidgetService::tr("Nom du patient"), WidgetService::tr("Nom du patient")},
+        {WidgetService::tr("Date 1er RDV"), WidgetService::tr("Date 1er RDV")},
+        {WidgetService::tr("Téléphone"), WidgetService::tr("Téléphone")},
+        {WidgetService::tr("Tests"), WidgetService::tr("Tests cutanés")},
+        {WidgetService::tr("Bilan 1"), WidgetService::tr("RDV bilan allergologique")},
+        {WidgetService::tr("Allergie"), WidgetService::tr("Allergie confirmée")},
+        {WidgetService::tr("Prise"), WidgetService::tr("RDV 1ère prise")},
+        {WidgetService::tr("Bilan 2"), WidgetService::tr("RDV bilan fin de saison")},
+    };
+}
 
 bool isGiven(const QMap<QString, QVariant> &map, const QString &date)
 {
     return !map.value(date).toString().isEmpty();
 }
 
-/// Any value above 0 is a yes, as on sheets printed so far; the list on the screen wants exactly 1.
+/// Any value above 0 is a yes, as on sheets already printed; the list on the screen requires exactly 1.
 bool isYes(const QMap<QString, QVariant> &map, const QString &flag)
 {
     return map.value(flag).toDouble() > 0;
@@ -62,19 +75,11 @@ void WidgetService::requestPrint(QString title, QVariant list)
     }
 }
 
-/// The report's markup. Its faults are kept: practices have sheets laid out by it. Values are inserted as they are.
+/// The report's markup. Its faults (an unclosed title, "</br>", unescaped values) shape the layout of the sheets that
+/// practices have on file.
 QString WidgetService::report(const QString &title, const QVariantList &rows)
 {
-    const QList<Column> columns{
-        {tr("Nom du patient"), tr("Nom du patient")},
-        {tr("Date 1er RDV"), tr("Date 1er RDV")},
-        {tr("Téléphone"), tr("Téléphone")},
-        {tr("Tests"), tr("Tests cutanés")},
-        {tr("Bilan 1"), tr("RDV bilan allergologique")},
-        {tr("Allergie"), tr("Allergie confirmée")},
-        {tr("Prise"), tr("RDV 1ère prise")},
-        {tr("Bilan 2"), tr("RDV bilan fin de saison")},
-    };
+    const QList<Column> columns = reportColumns();
     QString html = QStringLiteral("<head><title>") + title
         + QStringLiteral("<title></head><body style=\"width: 100%;\"><h1 align=center>Vesk Tandry</h1>"
                          "<h2 align=center>")
@@ -104,7 +109,7 @@ QString WidgetService::report(const QString &title, const QVariantList &rows)
 
 void WidgetService::appendReportRow(QString &html, const QVariant &row)
 {
-    // The variant's type, not the user's: a row that is no map (8) prints as an empty one, and this line shows why.
+    // The name is QVariant's. A row that is not a map (type 8) prints empty, and this line shows why.
     qDebug() << "userType:" << row.userType();
 
     QMap<QString, QVariant> map = row.toMap();
@@ -121,8 +126,8 @@ void WidgetService::appendReportRow(QString &html, const QVariant &row)
     html += QStringLiteral("</tr>");
 }
 
-/// The five step cells of a row. After the first step that is open or refused the cells stay empty, whatever answers
-/// the row holds for them: the sheet shows the pathway, the list on the screen shows all answers.
+/// The five step cells of a row. Cells after the first open or refused step stay empty even when the row holds answers:
+/// the sheet shows the pathway, the list on the screen all answers.
 QStringList WidgetService::getDataFromMap(QMap<QString, QVariant> &map)
 {
     enum Cell { SkinTests, WorkUp, Allergy, FirstIntake, Review, CellCount };
@@ -134,7 +139,7 @@ QStringList WidgetService::getDataFromMap(QMap<QString, QVariant> &map)
     for (int i = 0; i < CellCount; ++i) {
         cells.append(QString());
     }
-    // Fills one cell; true when the pathway goes on behind it.
+    // Fills one cell. True when the pathway continues after it.
     const auto fill = [&](Cell cell, const QString &date, const QString &flag) {
         cells[cell] = !isGiven(map, date) ? pending : isYes(map, flag) ? yes : no;
         return cells[cell] == yes;

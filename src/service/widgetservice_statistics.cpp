@@ -19,14 +19,14 @@ namespace {
 
 constexpr int uploadIntervalMs = 24 * 60 * 60 * 1000;
 
-// What a reply may hold in memory, and how long it may keep its connection.
-constexpr int largestReplyBytes = 64 * 1024;
-constexpr int longestReplyMs = 60 * 1000;
+// Nothing reads the replies: bound their memory and the life of their connections.
+constexpr int replyBufferBytes = 64 * 1024;
+constexpr int replyTimeoutMs = 60 * 1000;
 
 const QByteArray boundary = QByteArrayLiteral("margin");
 const QString trackingPath = QStringLiteral("/api/vesktandry/tracking/");
 
-/// The fields in the order in which the service expects them.
+/// The fields, in the order that the statistics service expects.
 QStringList fields()
 {
     return {
@@ -45,7 +45,7 @@ QStringList fields()
     };
 }
 
-/// The value as the service reads it: truth values as 1 and 0, whatever the field.
+/// The value as the statistics service reads it: "true" and "false" become 1 and 0 in every field.
 QString fieldText(const QVariant &value)
 {
     QString text = value.toString();
@@ -71,7 +71,7 @@ void WidgetService::recordOperatingSystem()
 {
     QT_WARNING_PUSH
     QT_WARNING_DISABLE_DEPRECATED
-    // The statistics know the systems by these codes.
+    // Deprecated, but the statistics service knows the systems by these codes.
     const int version = QSysInfo::macVersion();
     QT_WARNING_POP
 
@@ -108,13 +108,13 @@ void WidgetService::sendDataToServer()
     request.setRawHeader("Content-Length", QByteArray::number(body.size()));
     qDebug() << body;
     QNetworkReply *reply = networkManager->post(request, body);
-    // Queued behind the start of the request, which Qt queues, too: set earlier, the size would be lost.
+    // Queued behind the start of the request, which Qt queues too: set earlier, the size would be lost.
     QMetaObject::invokeMethod(
-        reply, [reply] { reply->setReadBufferSize(largestReplyBytes); }, Qt::QueuedConnection);
-    QTimer::singleShot(longestReplyMs, reply, SLOT(abort()));
+        reply, [reply] { reply->setReadBufferSize(replyBufferBytes); }, Qt::QueuedConnection);
+    QTimer::singleShot(replyTimeoutMs, reply, SLOT(abort()));
 }
 
-/// The form, without a closing delimiter: the service reads it so.
+/// The multipart form, without the closing delimiter: the statistics service reads to the last boundary line.
 QByteArray WidgetService::statisticsBody() const
 {
     const QByteArray boundaryLine = "--" + boundary + "\r\n";

@@ -17,15 +17,15 @@ constexpr int refreshIntervalMs = 60 * 60 * 1000;
 constexpr int messageDurationMs = 50000;
 constexpr int largestBadgeNumber = 99;
 
-// The badge fills the lower right of the tray picture. Its text may be larger than the badge: kept as it is drawn.
+// The badge fills the lower right of the tray icon. Its text may outgrow it: users know the badge this way.
 constexpr int iconSize = 128;
 constexpr int badgeSize = 90;
 constexpr int badgePosition = 38;
 constexpr int badgePointSize = 70;
 constexpr int badgeFontWeight = 10;
-// 72 dots per inch, where a point is a pixel: larger texts must not make the number outgrow its badge.
+// 72 dots per inch, where a point is a pixel, so that the number's size does not follow the user's text size.
 constexpr int badgeDotsPerMetre = 2835;
-// The badge's ground is a picture, drawn in src/images/source/counter-big.svg.
+// The background's colour is in src/images/source/counter-big.svg.
 constexpr Qt::GlobalColor badgeTextColour = Qt::white;
 
 QIcon plainIcon()
@@ -42,7 +42,7 @@ void WidgetService::createTrayIcon()
     trayIcon = new QSystemTrayIcon(icon);
     Q_ASSERT(trayIcon);
 
-    // Never shown: it lends its icon to the About box.
+    // Never shown. The About box takes its icon from it.
     dialogParent = new QWidget(nullptr, Qt::WindowFlags());
     Q_ASSERT(dialogParent);
     dialogParent->setWindowIcon(icon);
@@ -82,15 +82,15 @@ void WidgetService::firstRefresh()
 void WidgetService::autoRefresh()
 {
     compileMessage();
-    // The day of the month alone tells a new day: ticks are an hour apart.
+    // The day of the month is enough: ticks are an hour apart.
     if (lastRefreshDate.day() != QDate::currentDate().day()) {
         refreshViews();
         collectGarbage();
     }
 }
 
-/// A refresh leaves about 100 KiB of dropped script objects, which the engines keep until much more has come together.
-/// In a widget that only sits in the tray that would be months: once a day, while nobody waits for it, they go at once.
+/// Frees about 100 KiB of script objects per refresh. Left alone, the engines of a widget that only sits in the tray
+/// would keep months of them.
 void WidgetService::collectGarbage()
 {
     for (const DraggableQuickView *each : {view, contactView, listView}) {
@@ -106,7 +106,7 @@ void WidgetService::refreshViews()
     refreshIcon();
 }
 
-/// A count of the main document; 0 and not converted when the document has none or, as Qt has logged, did not load.
+/// A count of the main document; 0 and not converted when the document lacks it or did not load.
 int WidgetService::patientCount(const char *property, bool &converted) const
 {
     const QQuickItem *document = view->rootObject();
@@ -114,8 +114,8 @@ int WidgetService::patientCount(const char *property, bool &converted) const
     return (document ? document->property(property) : QVariant()).toInt(&converted);
 }
 
-/// Announces the waiting patients. An unchanged count is passed over once and announced again the next time: while
-/// patients keep waiting, the hourly tick repeats the message every two hours.
+/// Announces the waiting patients. An unchanged count is skipped once, then announced again: the hourly tick repeats
+/// the message every two hours.
 void WidgetService::compileMessage()
 {
     bool converted = false;
@@ -150,7 +150,7 @@ void WidgetService::refreshIcon()
     qDebug() << "Refreshing icon.";
 
     QIcon icon = plainIcon();
-    // One flag for both: a main document without a total has not counted, and gets no badge.
+    // One flag for both conversions: the second decides. Without a total the document has not counted yet.
     bool converted = false;
     const int number = patientCount("number", converted);
     const int total = patientCount("total", converted);
@@ -162,7 +162,7 @@ void WidgetService::refreshIcon()
         qDebug() << "icon" << number;
         icon = badgedIcon(icon, number);
     } else {
-        // With a full stop, unlike the line above: the two lines are what logs of every installed version hold.
+        // The full stop, which the line above lacks, is part of the text in the logs of every installed version.
         qDebug() << "icon 0.";
     }
     trayIcon->setIcon(icon);

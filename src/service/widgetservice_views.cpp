@@ -16,8 +16,8 @@ namespace {
 
 constexpr double pointFactor = 1.3;
 
-/// Where a window opens: its nominal size, and the distance of its left edge from the right of the screen.
-/// The nominal sizes are fixed and not the windows' real ones: a window that is only a little off stays.
+/// A window's nominal size and the default distance of its left edge from the screen's right edge, in pixels. The
+/// nominal size is not the real one: a window slightly off the screen stays where the user put it.
 struct Placement
 {
     int width;
@@ -54,10 +54,10 @@ void moveIntoScreen(QWindow &window, QSize available, const Placement &placement
 
 void WidgetService::createViews()
 {
-    // Before any view exists, or the transparent colour has no effect.
+    // Before any view exists: later it has no effect, and the windows would be opaque.
     QQuickWindow::setDefaultAlphaBuffer(true);
 
-    // Frameless windows show no title: screen readers and the desktop's list of windows name them by it.
+    // Frameless windows do not show their title; screen readers and the task list do.
     view = new DraggableQuickView(true);
     Q_ASSERT(view);
     view->setTitle(tr("Vesk Tandry"));
@@ -129,7 +129,7 @@ void WidgetService::show()
     } else {
         moveIntoScreen(*view, availableSize(*view), mainPlacement);
     }
-    // A screen narrower than the distance would have the widget's left edge, or all of it, outside.
+    // On a narrow screen the default position would be left of the screen.
     view->setX(qMax(0, view->x()));
     firstShow = false;
     view->show();
@@ -142,7 +142,7 @@ void WidgetService::hide()
 
 void WidgetService::toggleView()
 {
-    // A minimised window counts as visible, and its user misses it.
+    // Qt counts a minimised window as visible.
     if (view->isVisible() && !view->windowStates().testFlag(Qt::WindowMinimized)) {
         hide();
     } else {

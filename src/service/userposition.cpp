@@ -1,4 +1,4 @@
-#include "restingplace.h"
+#include "userposition.h"
 
 #include <QGuiApplication>
 #include <QMoveEvent>
@@ -6,7 +6,7 @@
 #include <QScreen>
 #include <QWindow>
 
-RestingPlace::RestingPlace(QWindow *watched, QObject *parent)
+UserPosition::UserPosition(QWindow *watched, QObject *parent)
     : QObject(parent)
     , window(watched)
 {
@@ -14,48 +14,48 @@ RestingPlace::RestingPlace(QWindow *watched, QObject *parent)
     window->installEventFilter(this);
 }
 
-bool RestingPlace::eventFilter(QObject *, QEvent *event)
+bool UserPosition::eventFilter(QObject *, QEvent *event)
 {
     if (event->type() == QEvent::Move) {
         const auto *move = static_cast<QMoveEvent *>(event);
-        noticePush(move->oldPos(), move->pos());
+        noteMove(move->oldPos(), move->pos());
     } else if (event->type() == QEvent::Resize) {
         const auto *resize = static_cast<QResizeEvent *>(event);
         if (resize->size().height() < resize->oldSize().height()) {
-            goBack();
+            restore();
         }
     }
     return false;
 }
 
-/// A push is a move straight up, with no button held, of a window that would else reach below the screen.
-void RestingPlace::noticePush(QPoint from, QPoint to)
+/// A push is a move straight up, with no button held, of a window that would otherwise reach below the screen.
+void UserPosition::noteMove(QPoint from, QPoint to)
 {
     const bool reachedBelow = from.y() + window->height() > bottomOfScreen();
 
     if (QGuiApplication::mouseButtons() == Qt::NoButton && reachedBelow && to.x() == from.x() && to.y() < from.y()) {
-        if (!pushed || from != current) {
-            chosen = from;
+        if (!pushed || from != pushedPosition) {
+            userPosition = from;
         }
         pushed = true;
-        current = to;
-    } else if (to != current) {
+        pushedPosition = to;
+    } else if (to != pushedPosition) {
         pushed = false;
     }
 }
 
-/// Down again, as far as the present height lets it.
-void RestingPlace::goBack()
+/// Moves the window down again, as far as its height allows.
+void UserPosition::restore()
 {
-    if (!pushed || window->position() != current) {
+    if (!pushed || window->position() != pushedPosition) {
         return;
     }
-    current.setY(qBound(current.y(), bottomOfScreen() - window->height(), chosen.y()));
-    pushed = current != chosen;
-    window->setPosition(current);
+    pushedPosition.setY(qBound(pushedPosition.y(), bottomOfScreen() - window->height(), userPosition.y()));
+    pushed = pushedPosition != userPosition;
+    window->setPosition(pushedPosition);
 }
 
-int RestingPlace::bottomOfScreen() const
+int UserPosition::bottomOfScreen() const
 {
     const QRect available = window->screen()->availableGeometry();
 
