@@ -10,9 +10,10 @@ class Focuser;
 class DraggableQuickView : public QQuickView
 {
     Q_OBJECT
+    Q_DISABLE_COPY(DraggableQuickView)
 
 public:
-    /// With \a staysOnTop the window stays above other windows.
+    /// With `staysOnTop` the window stays above other windows.
     explicit DraggableQuickView(bool staysOnTop);
     ~DraggableQuickView() override;
 
@@ -30,8 +31,6 @@ protected:
     void mouseReleaseEvent(QMouseEvent *event) override;
 
 private:
-    Q_DISABLE_COPY(DraggableQuickView)
-
     QPoint placeBelow(QPoint pointer) const;
     QSize documentSize() const;
 

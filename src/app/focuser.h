@@ -7,8 +7,10 @@ class DraggableQuickView;
 /// Brings the program and one window of it to the front.
 class Focuser
 {
+    Q_DISABLE_COPY(Focuser)
+
 public:
-    /// \a w is not owned, must not be null and must outlive the focuser.
+    /// `w` is not owned, must not be null and must outlive the focuser.
     explicit Focuser(DraggableQuickView *w);
 
     /// Shows the window and brings it to the front, which DraggableQuickView::show() does already.
@@ -18,7 +20,5 @@ public:
     void raise();
 
 private:
-    Q_DISABLE_COPY(Focuser)
-
     DraggableQuickView *const m_view;
 };

@@ -59,7 +59,7 @@ QVector<Copy> CopyFolder::copies() const
     return found;
 }
 
-void CopyFolder::tidy()
+void CopyFolder::recover()
 {
     const QStringList names = QDir(m_store.copiesFolder()).entryList(QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot);
     for (const QString &name : names) {
@@ -137,7 +137,7 @@ QString CopyFolder::make(const Copy &copy)
     return reason;
 }
 
-/// An older folder of that name is renamed first; tidy() puts it back if the process dies in between.
+/// An older folder of that name is renamed first; recover() puts it back if the process dies in between.
 QString CopyFolder::publish(const QString &filled, const QString &name)
 {
     const QString aside = path(replacedPrefix + name);

@@ -15,12 +15,12 @@ public:
     /// All copies, the newest first.
     QVector<Copy> copies() const;
     /// Finishes or takes back what a killed process left.
-    void tidy();
+    void recover();
     /// Copies the store unless the last copy holds the same bytes, then deletes superfluous copies. Today's copy is
-    /// replaced only when \a isStart. Returns the reason when the store is not copied, an empty text when it is or need
+    /// replaced only when `isStart`. Returns the reason when the store is not copied, an empty text when it is or need
     /// not be.
     QString copyDay(const QDate &today, bool isStart);
-    /// Copies the store before it is replaced, even when it is damaged or large, unless a copy of that \a kind holds
+    /// Copies the store before it is replaced, even when it is damaged or large, unless a copy of that `kind` holds
     /// the same bytes. Returns the reason when that fails.
     QString copyBefore(Copy::Kind kind, const QDate &today);
 

@@ -22,7 +22,7 @@ int monthOf(const QDate &day)
     return day.year() * 100 + day.month();
 }
 
-/// Counts distinct periods: true for the first copy of each of the first \a limit of them.
+/// Counts distinct periods: true for the first copy of each of the first `limit` of them.
 class PeriodCount
 {
 public:

@@ -4,7 +4,7 @@
 
 #include <QVector>
 
-/// The copies among \a copies (newest first) that may be deleted on the day \a today.
+/// The copies among `copies` (newest first) that may be deleted on the day `today`.
 ///
 /// What stays: the last seven days, the last copy of each of the last five weeks and twelve months that have one, and
 /// for twelve months every copy made before an upgrade or a return. The newest daily copy, copies of days to come and

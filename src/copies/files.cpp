@@ -43,7 +43,7 @@ public:
     const int value;
 };
 
-/// Reads a chunk at \a offset. Returns its size, less than a full chunk only at the file's end, or -1 on an error.
+/// Reads a chunk at `offset`. Returns its size, less than a full chunk only at the file's end, or -1 on an error.
 qint64 readChunk(int file, Chunk &chunk, qint64 offset)
 {
     size_t filled = 0;

@@ -12,7 +12,7 @@ QString sync(const QString &path);
 QString makeFolder(const QString &path);
 /// Renames a file or folder. A file that has the name already is replaced atomically.
 QString rename(const QString &from, const QString &to);
-/// Copies the open file \a from into a new file (0600) and waits until it is on the disk.
+/// Copies the open file `from` into a new file (0600) and waits until it is on the disk.
 QString copy(int from, const QString &to);
 /// The same by path. Not for the database: closing it drops the locks that SQLite holds on it.
 QString copy(const QString &from, const QString &to);

@@ -42,7 +42,7 @@ void PatientCopies::begin()
         qWarning("Another program uses the patients' files");
     } else {
         warn("The return to a copy is not finished", Exchange(m_store).finish());
-        m_copyFolder.tidy();
+        m_copyFolder.recover();
         dropEmptyRecordLock();
     }
     copy(true);

@@ -14,7 +14,7 @@ public:
     explicit StoreLock(const StoreFiles &store);
     ~StoreLock();
 
-    /// Waits up to \a waitMs for another process to release the lock. Impossible: the folder cannot be written, or its
+    /// Waits up to `waitMs` for another process to release the lock. Impossible: the folder cannot be written, or its
     /// file system has no locks.
     Outcome take(int waitMs = 0);
     void release();

@@ -2,12 +2,14 @@
 
 #include <QtGlobal>
 
-QT_FORWARD_DECLARE_CLASS(QSettings)
+class QSettings;
 
 /// Launch at login: a per-user agent property list in the LaunchAgents folder of the user's home, which starts the
 /// program with the argument "startup". The list alone holds the state.
 class Autorun
 {
+    Q_DISABLE_COPY(Autorun)
+
 public:
     Autorun();
     ~Autorun();
@@ -21,8 +23,6 @@ public:
     void setAutorun(bool autorun);
 
 private:
-    Q_DISABLE_COPY(Autorun)
-
     void updateEntry(bool on) const;
 
     QSettings *m_settings;

@@ -6,13 +6,13 @@
 /// One per process, created first. Does nothing on Linux.
 class CocoaInitializer
 {
+    Q_DISABLE_COPY(CocoaInitializer)
+
 public:
     CocoaInitializer();
     ~CocoaInitializer();
 
 private:
-    Q_DISABLE_COPY(CocoaInitializer)
-
     class Private;
     QScopedPointer<Private> d;
 };

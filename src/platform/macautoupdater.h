@@ -6,8 +6,10 @@
 /// The update framework's shared updater. On Linux updates come with the package, and a check is only logged.
 class MacAutoUpdater
 {
+    Q_DISABLE_COPY(MacAutoUpdater)
+
 public:
-    /// Sets the updater's feed to \a feedAddress, unchanged, and switches automatic downloads on.
+    /// Sets the updater's feed to `feedAddress`, unchanged, and switches automatic downloads on.
     explicit MacAutoUpdater(const QString &feedAddress);
     ~MacAutoUpdater();
 
@@ -15,8 +17,6 @@ public:
     void checkForUpdates();
 
 private:
-    Q_DISABLE_COPY(MacAutoUpdater)
-
     class Private;
     QScopedPointer<Private> d;
 };

@@ -2,13 +2,14 @@
 
 #include <QObject>
 
-QT_FORWARD_DECLARE_CLASS(QTimer)
 class MacAutoUpdater;
+class QTimer;
 
 /// Checks for updates when constructed and then once a day.
 class MacUpdateChecker : public QObject
 {
     Q_OBJECT
+    Q_DISABLE_COPY(MacUpdateChecker)
 
 public:
     explicit MacUpdateChecker(QObject *parent = nullptr);
@@ -19,8 +20,6 @@ public slots:
     void checkForUpdate();
 
 private:
-    Q_DISABLE_COPY(MacUpdateChecker)
-
     QTimer *updateTimer = nullptr;
     MacAutoUpdater *autoUpdater = nullptr;
 };

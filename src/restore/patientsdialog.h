@@ -14,7 +14,7 @@ class PatientsDialog : public QDialog
     Q_DISABLE_COPY(PatientsDialog)
 
 public:
-    /// \a day is the copy's day as shown to the user.
+    /// `day` is the copy's day as shown to the user.
     PatientsDialog(const QVector<QVariantMap> &patients, const QString &day, QWidget *parent);
 
     /// The ticked patients.

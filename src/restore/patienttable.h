@@ -11,14 +11,14 @@ struct PatientTable
     qlonglong lastId = 0; ///< the highest id ever given in this table
     QString error; ///< why the table cannot be read; empty on success
 
-    /// Reads the database in \a folder without writing to it. A database with a journal is read from a temporary copy:
+    /// Reads the database in `folder` without writing to it. A database with a journal is read from a temporary copy:
     /// SQLite writes to play a journal back.
     static PatientTable read(const QString &folder);
 };
 
 namespace patients {
 
-/// Adds the columns that the database in \a folder lacks and records the current schema version; the store would
+/// Adds the columns that the database in `folder` lacks and records the current schema version; the store would
 /// discard the patients of an older one. Returns the reason when that fails.
 QString bringUpToDate(const QString &folder);
 /// Inserts the patients as new rows with new ids, all of them or none. Returns the reason when that fails.

@@ -72,7 +72,7 @@ QString Restorer::takeBack(const QVector<QVariantMap> &rows)
     });
 }
 
-/// Exchanges the store's files for those that \a fill writes into an empty folder.
+/// Exchanges the store's files for those that `fill` writes into an empty folder.
 QString Restorer::exchange(const std::function<QString(const QString &folder)> &fill)
 {
     const StoreLock::Outcome lock = m_lock.take();
@@ -82,7 +82,7 @@ QString Restorer::exchange(const std::function<QString(const QString &folder)> &
     }
     Exchange exchange(m_store);
     QString reason = exchange.finish();
-    m_copyFolder.tidy();
+    m_copyFolder.recover();
     if (reason.isEmpty() && QFileInfo::exists(m_store.database())) {
         reason = m_copyFolder.copyBefore(Copy::BeforeReturn, QDate::currentDate());
     }

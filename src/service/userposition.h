@@ -9,16 +9,16 @@ class QWindow;
 /// this moves it back down as it shrinks, unless the user has moved it meanwhile.
 class UserPosition : public QObject
 {
+    Q_DISABLE_COPY(UserPosition)
+
 public:
-    /// \a watched must outlive the object.
+    /// `watched` must outlive the object.
     explicit UserPosition(QWindow *watched, QObject *parent);
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    Q_DISABLE_COPY(UserPosition)
-
     void noteMove(QPoint from, QPoint to);
     void restore();
     int bottomOfScreen() const;

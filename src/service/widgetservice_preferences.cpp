@@ -70,6 +70,7 @@ void WidgetService::closeIntent()
     box.setIconPixmap(QIcon(QStringLiteral(":/images/tray.png")).pixmap(64));
     box.setWindowTitle(tr("Vesk Tandry"));
     box.setText(tr("Fermeture de Tandry"));
+    // Without accents: the wording that users of every installed version know.
     box.setInformativeText(tr("Etes-vous sur de vouloir fermer le widget Tandry ?"));
     box.setCheckBox(checkBox);
     box.setStandardButtons(QMessageBox::Ok | QMessageBox::Cancel);

@@ -75,6 +75,7 @@ void WidgetService::recordOperatingSystem()
     const int version = QSysInfo::macVersion();
     QT_WARNING_POP
 
+    // "Mac" on Linux, too: the only type in the statistics so far.
     settings->setValue(SettingsKeys::osType, QStringLiteral("Mac"));
     settings->setValue(SettingsKeys::osVersion, version);
     settings->setValue(SettingsKeys::osVersionReadable, readableMacVersion(version));

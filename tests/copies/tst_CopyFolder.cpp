@@ -196,7 +196,7 @@ void tst_CopyFolder::interrupted_work_is_completed_or_undone()
     generation::write(folder + "2026-11-21", 5);
     CopyFolder copyFolder(data.store);
     QCOMPARE(namesOf(copyFolder.copies()), QStringList{"2026-11-21"});
-    copyFolder.tidy();
+    copyFolder.recover();
     QCOMPARE(QDir(folder).entryList(QDir::Hidden | QDir::Dirs | QDir::NoDotAndDotDot),
              QStringList({"2026-11-20", "2026-11-21"}));
     QCOMPARE(data.copied("2026-11-20"), 3);

@@ -95,7 +95,7 @@ void tst_CopyKills::replacing_the_copy_of_a_day_leaves_the_old_or_the_new_one()
         for (const Copy &copy : copies)
             QVERIFY2(generation::in(copy.folder) > 0, "an incomplete copy is listed");
         cut += cutWork() > 0;
-        copyFolder.tidy();
+        copyFolder.recover();
         compareFound(m_data.copied("2026-01-01"));
         QCOMPARE(cutWork(), 0);
     }
@@ -112,7 +112,7 @@ void tst_CopyKills::rotation_leaves_only_complete_copies_and_enough_of_them()
         runAndKill("rotate");
         cut += cutWork() > 0;
         CopyFolder copyFolder(m_data.store);
-        copyFolder.tidy();
+        copyFolder.recover();
         QCOMPARE(cutWork(), 0);
         const QVector<Copy> copies = copyFolder.copies();
         for (const Copy &copy : copies)

@@ -33,7 +33,7 @@ int main(int argc, char *argv[])
     const StoreFiles store(application.arguments().value(2));
     const int first = application.arguments().value(3).toInt();
     CopyFolder copyFolder(store);
-    copyFolder.tidy();
+    copyFolder.recover();
     for (int number = first;; ++number) {
         printf("%d\n", number);
         fflush(stdout);
