@@ -9,8 +9,8 @@ READER = ("tst_MessageReader", "tst_QtLocalPeer", "tst_HostilePeers", "tst_Guard
 APPLICATION = ("tst_QtSingleApplication", "tst_GuardWaits", "tst_SingleInstance")
 CORE_APPLICATION = ("tst_QtSingleCoreApplication", "tst_GuardWaits")
 VIEW = ("tst_DraggableQuickView", "tst_ServiceWindows", "tst_StartUp")
-COPIES = ("tst_StoreFiles", "tst_CopyShelf", "tst_PatientCopies", "tst_Restorer", "tst_CopyKills")
-RESTORE = ("tst_PatientTable", "tst_Restorer", "tst_RestoreWindow")
+COPIES = ("tst_StoreFiles", "tst_CopyFolder", "tst_CopyRetention", "tst_PatientCopies", "tst_Restorer", "tst_CopyKills")
+RESTORE = ("tst_PatientTable", "tst_Difference", "tst_Restorer", "tst_RestoreWindow")
 AUTORUN = ("tst_Autorun", "tst_AutostartEntry")
 SERVICE = ("tst_ServiceConstruction", "tst_ServiceFirstStart", "tst_ServiceViews", "tst_ServiceAbout",
            "tst_ServiceTray", "tst_ServiceConnections", "tst_ServiceQuit", "tst_ServiceMessages",
@@ -83,7 +83,7 @@ PLAN = {
     "src/restore/main.cpp": ("desktop_restore",),
     "src/restore": RESTORE,
     "src/service/macversion.h": ("tst_MacVersion",),
-    "src/service/restingplace.cpp": ("tst_ServicePlacement", "tst_ServiceWindows"),
+    "src/service/userposition.cpp": ("tst_ServicePlacement", "tst_ServiceWindows"),
     "src/service/widgetservice_printing.cpp": ("tst_ServiceStepCells", "tst_ServiceReport", "tst_ServicePrinting"),
     "src/service/widgetservice_statistics.cpp": (
         "tst_ServiceConstruction", "tst_ServiceFirstStart", "tst_ServiceStatistics", "tst_ServiceUpload"),
