@@ -171,7 +171,7 @@ class DebianPackage(unittest.TestCase):
         self.assertEqual(settings["CPACK_DEBIAN_PACKAGE_SHLIBDEPS"], "ON")
 
     def test_every_import_of_the_documents_is_in_a_dependency(self):
-        documents = list((ROOT / "src" / "qml").rglob("*.qml")) + list((ROOT / "src" / "js").glob("*.js"))
+        documents = list((ROOT / "src" / "qml").rglob("*.qml")) + list((ROOT / "src" / "js").rglob("*.js"))
         imported = set()
         for document in documents:
             text = document.read_text(encoding="utf-8")
