@@ -64,6 +64,13 @@ Item {
             compare([answerOf("test"), stored(1).test], ["Non", 0]);
         }
 
+        function test_a_new_patient_after_an_answered_one_has_the_keyboard_in_the_phone() {
+            openPatient();
+            goTo(named(question("test"), "Oui"));
+            detail.load("", "Nouveau");
+            tryVerify(function () { return focused() === "Téléphone"; });
+        }
+
         function test_a_hidden_button_does_nothing_data() {
             return [{ tag: "Return", key: Qt.Key_Return }, { tag: "Space", key: Qt.Key_Space },
                     { tag: "Enter", key: Qt.Key_Enter }];

@@ -25,8 +25,12 @@ public:
     bool eventFilter(QObject *object, QEvent *event) override
     {
         if (event->type() == QEvent::Timer) {
-            if (const auto *timer = qobject_cast<QTimer *>(object); timer && timer->interval() >= hourMs)
-                note(timer->interval() == hourMs ? QByteArray("tick") : QByteArray("day"));
+            const auto *timer = qobject_cast<QTimer *>(object);
+            // The copies' timer is hourly, too; the service's own is its child.
+            if (timer && timer->interval() == hourMs && timer->parent() && timer->parent()->inherits("WidgetService"))
+                note("tick");
+            else if (timer && timer->interval() > hourMs)
+                note("day");
         } else if (event->type() == QEvent::Show && object->inherits("QBalloonTip")) {
             QByteArray text = "message";
             const auto labels = object->findChildren<QLabel *>();
