@@ -22,6 +22,7 @@ def add_arguments(parser):
 
 
 def run(options, report):
+    assert options.days >= _FIRST_MEMORY_DAY, f"at least {_FIRST_MEMORY_DAY} days: the memory is first measured then"
     observer = pathlib.Path(options.build) / "tools" / "soak" / "observer" / "plugins"
     year = TrayYear(options.program, str(observer), options.days, options.speed)
     try:
