@@ -170,6 +170,12 @@ class DebianPackage(unittest.TestCase):
         self.assertEqual(settings["CPACK_DEBIAN_PACKAGE_DEPENDS"].split(", "), DEPENDS)
         self.assertEqual(settings["CPACK_DEBIAN_PACKAGE_SHLIBDEPS"], "ON")
 
+    def test_the_description_is_flowing_text(self):
+        with open(os.path.join(given("TANDRY_BUILD"), "CPackConfig.cmake"), encoding="utf-8") as file:
+            description = re.search(r'CPACK_PACKAGE_DESCRIPTION "([^"]*)"', file.read()).group(1)
+        # A package manager shows a line that begins with a blank as it is typed, and never wraps it.
+        self.assertEqual([line for line in description.split("\n") if line.startswith(" ")], [])
+
     def test_every_import_of_the_documents_is_in_a_dependency(self):
         documents = list((ROOT / "src" / "qml").rglob("*.qml")) + list((ROOT / "src" / "js").rglob("*.js"))
         imported = set()
