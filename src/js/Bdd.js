@@ -15,7 +15,7 @@ function init(callback) {
     }
 }
 
-/// Runs work(tx), which reads, in one transaction.
+/// Runs work(tx), which only reads, in one transaction.
 function read(work) {
     if (opened) {
         Storage.open().transaction(work);

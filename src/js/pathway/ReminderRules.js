@@ -83,7 +83,7 @@ function setNoNotif() {
 }
 
 /// Now with its month, day and year replaced in this order, each normalised by the calendar as ECMAScript does: on a
-/// 31st, September becomes October. Stored reminders were computed so, and one answer gives one day.
+/// 31st, September becomes October. Stored reminders were computed this way: the same answer must give the same day.
 function todayWith(month, day, year) {
     var date = new Date();
 

@@ -5,7 +5,7 @@
 
 var database = null;
 
-/// Short enough to keep a window that waits with it alive.
+/// How long a statement waits for a file that is locked, and a window freezes for it.
 var waitMs = 1000;
 
 /// The open database with its table at schema version "1.3". Throws when it cannot be opened, or its table not made;
