@@ -34,7 +34,8 @@ function show(patients) {
     }
 }
 
-/// Deletes the ticked patients, without a question. The refresh and the list of ids go out also when none is ticked.
+/// Deletes the ticked patients, without a question. Emits both signals even when none is ticked: the bin then brings
+/// every window up to date with the store.
 function deleteChecked() {
     var ids = [];
     var i;

@@ -46,7 +46,7 @@ Rectangle {
         color: root.textColor
         elide: Text.ElideRight
         font.bold: root.textBold
-        growth: 1.1
+        maximumTextScale: 1.1
         horizontalAlignment: root.hasImage ? Text.AlignLeft : Text.AlignHCenter
         points: 10
         text: root.text

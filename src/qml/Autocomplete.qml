@@ -4,7 +4,7 @@ import "style"
 import "../js/AutocompleteLogic.js" as AutocompleteLogic
 import "../js/Bdd.js" as Bdd
 
-// The search bar: what is typed fills `model` with the matching patients.
+// The search bar: the typed text fills `model` with the matching patients.
 Rectangle {
     id: root
 
@@ -15,11 +15,12 @@ Rectangle {
     readonly property bool hasResults: model.count > 0 && active
 
     signal changed
+    /// Never emitted: users of the search bar may connect to it.
     signal clicked
     signal resultsWanted
     signal firstResultWanted
 
-    /// Gives the keyboard to the field.
+    /// Focuses the field.
     function focus() {
         field.forceActiveFocus();
     }
@@ -31,7 +32,7 @@ Rectangle {
     }
 
     /// Takes the patients of these ids out of the results.
-    function drop(ids) {
+    function removePatients(ids) {
         var i;
 
         for (i = model.count - 1; i >= 0; --i) {
@@ -65,17 +66,11 @@ Rectangle {
         objectName: "magnifier"
         width: height
 
-        Image {
-            anchors.centerIn: parent
-            opacity: magnifierArea.containsMouse ? 1 : 0.6
-            source: "../images/loop.png"
-        }
-
-        Clickable {
-            id: magnifierArea
-
+        ImageButton {
             anchors.fill: parent
-            focusColor: Palette.focusOnDark
+            hoveredOpacity: 1
+            idleOpacity: 0.6
+            image: "../images/loop.png"
             name: qsTr("Rechercher")
 
             onTriggered: root.changed()
@@ -100,21 +95,17 @@ Rectangle {
         Keys.onReturnPressed: root.firstResultWanted()
     }
 
-    Clickable {
+    ImageButton {
         id: cancel
 
         anchors.right: parent.right
-        focusColor: Palette.focusOnDark
         height: parent.height
+        hoveredOpacity: 1
+        idleOpacity: 0.33
+        image: "../images/cross.png"
         name: qsTr("Effacer la recherche")
         width: 40
 
         onTriggered: root.reset()
-
-        Image {
-            anchors.centerIn: parent
-            opacity: cancel.containsMouse ? 1 : 0.33
-            source: "../images/cross.png"
-        }
     }
 }

@@ -3,7 +3,7 @@ import "base"
 import "style"
 import "../js/BuildSettings.js" as BuildSettings
 
-// The button of a row that opens the SMS service's page: the same for every patient, nothing of him goes with it.
+// The button of a row that opens the SMS service's page, the same for every patient: no data of theirs go with it.
 Rectangle {
     id: root
 
@@ -12,7 +12,7 @@ Rectangle {
 
     signal clicked
 
-    /// Gives the keyboard to the button.
+    /// Focuses the button.
     function focusButton() {
         clickable.forceActiveFocus();
     }
@@ -41,7 +41,7 @@ Rectangle {
     WidgetText {
         anchors.centerIn: parent
         color: Palette.smsButtonText
-        growth: 1.2
+        maximumTextScale: 1.2
         points: root.width / 8.5
         text: qsTr("Envoi SMS")
     }

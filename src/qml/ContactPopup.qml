@@ -25,7 +25,7 @@ Rectangle {
         DeferredLoader {
             anchors.fill: parent
 
-            onShownChanged: need()
+            onShownChanged: loadNow()
 
             sourceComponent: Item {
                 WidgetText {
@@ -38,7 +38,7 @@ Rectangle {
                     }
                     color: Palette.contactHeading
                     font.bold: true
-                    growth: 1.2
+                    maximumTextScale: 1.2
                     points: 25
                     text: qsTr("Contacts VESK")
 
@@ -76,7 +76,7 @@ Rectangle {
 
                         ContactText {
                             font.bold: false
-                            growth: 1.05
+                            maximumTextScale: 1.05
                             points: 9
                             text: qsTr("Du lundi au vendredi de 8h30 à 18h00 et le samedi de 9h00 à 12h00")
                         }

@@ -1,6 +1,6 @@
 import QtQuick 2.2
-import QtQuick.Controls 1.1
 import "base"
+import "main"
 import "style"
 
 // The frame of the main widget: header with its buttons and menu, and the area that holds the panes.
@@ -9,11 +9,11 @@ WindowFrame {
 
     default property alias content: contentArea.data
     property alias header: headerExtra.data
-    property int internalContentHeight: 538
-    property int internalContentInternalHeight: 538
-    property int internalHeight: 174
+    property int internalContentHeight: Metrics.initialEditorHeight
+    property int internalContentInternalHeight: Metrics.initialEditorHeight
+    property int internalHeight: Metrics.searchHeight
     property alias internalState: root.state
-    property alias launchOnStart: launchItem.checked
+    property alias launchOnStart: contextMenu.launchOnStart
 
     signal enableDragging
     signal openContact
@@ -27,13 +27,16 @@ WindowFrame {
         contextMenu.popup();
     }
 
-    /// Opens the menu below the header, wherever the mouse is.
-    function openContextMenuByKey() {
-        contextMenu.__popup(Qt.rect(10, Metrics.headerHeight, 0, 0), -1);
+    /// Opens the menu below the header, wherever the mouse is, if the key is one that opens menus.
+    function openContextMenuByKey(event) {
+        if (event.key === Qt.Key_Menu || event.key === Qt.Key_F10) {
+            contextMenu.__popup(Qt.rect(10, Metrics.headerHeight, 0, 0), -1);
+            event.accepted = true;
+        }
     }
 
     dragZone.width: buttons.x
-    height: 174
+    height: Metrics.searchHeight
     state: "base"
     width: Metrics.widgetWidth
 
@@ -48,25 +51,11 @@ WindowFrame {
         }
     }
 
-    Menu {
+    ContextMenu {
         id: contextMenu
 
-        MenuItem {
-            id: launchItem
-
-            checkable: true
-            text: qsTr("Lancer au démarrage")
-        }
-        MenuItem {
-            text: qsTr("A propos")
-
-            onTriggered: root.about()
-        }
-        MenuItem {
-            text: qsTr("Quitter")
-
-            onTriggered: root.close()
-        }
+        onAbout: root.about()
+        onQuit: root.close()
     }
 
     Row {
@@ -89,46 +78,27 @@ WindowFrame {
         height: Metrics.headerHeight
         spacing: 5
 
-        ImageButton {
-            anchors.verticalCenter: parent.verticalCenter
-            height: 16
+        HeaderButton {
             image: "../images/contact-button.png"
             tooltip: qsTr("Contacts VESK")
-            width: 16
 
-            onClicked: root.openContact()
+            onTriggered: root.openContact()
         }
-        ImageButton {
-            anchors.verticalCenter: parent.verticalCenter
-            height: 16
+        HeaderButton {
             image: "../images/table.png"
             tooltip: qsTr("Liste de tous les patients")
-            width: 16
 
-            onClicked: root.openList()
+            onTriggered: root.openList()
         }
-        Clickable {
-            id: cross
-
+        HeaderButton {
             acceptedButtons: Qt.LeftButton | Qt.RightButton
-            anchors.verticalCenter: parent.verticalCenter
-            cursorShape: Qt.ArrowCursor
-            focusColor: Palette.focusOnDark
-            height: 16
-            name: qsTr("Fermer")
-            width: 16
-
             holdable: true
+            image: "../images/cross.png"
+            name: qsTr("Fermer")
 
             onPressAndHold: root.openContextMenu()
             onRightClicked: root.openContextMenu()
             onTriggered: root.hide()
-
-            Image {
-                anchors.centerIn: parent
-                opacity: cross.pressed ? 0.5 : cross.containsMouse ? 0.66 : 1
-                source: "../images/cross.png"
-            }
         }
     }
 
@@ -156,8 +126,8 @@ WindowFrame {
 
             PropertyChanges {
                 target: root
-                height: 174
-                internalHeight: 174
+                height: Metrics.searchHeight
+                internalHeight: Metrics.searchHeight
             }
         },
         State {
@@ -165,8 +135,8 @@ WindowFrame {
 
             PropertyChanges {
                 target: root
-                height: 326
-                internalHeight: 326
+                height: Metrics.resultsHeight
+                internalHeight: Metrics.resultsHeight
             }
         },
         State {
@@ -174,8 +144,8 @@ WindowFrame {
 
             PropertyChanges {
                 target: root
-                height: root.internalContentHeight + 100
-                internalHeight: root.internalContentInternalHeight + 100
+                height: root.internalContentHeight + Metrics.heightAroundEditor
+                internalHeight: root.internalContentInternalHeight + Metrics.heightAroundEditor
             }
         }
     ]

@@ -17,12 +17,12 @@ FocusScope {
     property var nameStatus
     property string notification_date
     property bool loaded: false
-    /// Whether the store has no patient of `currentId`: nothing can be changed then.
+    /// Whether the store has no patient of `currentId`: the editor is then read-only.
     property bool missing: false
-    /// Whether `model` holds what was stored by a save and could not be read back, and so an old reminder date.
-    property bool unread: false
-    /// Whether the control that had the keyboard has gone.
-    readonly property bool keyboardLost: Window.activeFocusItem === root
+    /// Whether the last save could not be read back: `model` then has the previous reminder date.
+    property bool reminderOutdated: false
+    /// Whether the focused control has been hidden.
+    readonly property bool focusLost: Window.activeFocusItem === root
     property alias stepPassed: pathway.stepPassed
     property alias step2Passed: pathway.step2Passed
     readonly property int internalHeight: fields.internalHeight + pathway.internalHeight + sms.internalHeight
@@ -35,7 +35,7 @@ FocusScope {
         if (newId === null || newId === "") {
             loaded = false;
             missing = false;
-            unread = false;
+            reminderOutdated = false;
             currentId = "";
             model = {};
             displayModel();
@@ -63,7 +63,7 @@ FocusScope {
         fields.validateDisabled = false;
         loaded = false;
         missing = false;
-        unread = false;
+        reminderOutdated = false;
         currentId = "";
         model = {};
         displayModel();
@@ -89,14 +89,14 @@ FocusScope {
         };
 
         if (q) {
-            data.last = pathway.takeAnswer(q);
-            pathway.moveGates(q);
+            data.last = pathway.recordAnswer(q);
+            pathway.updateGates(q);
         }
         pathway.collect(data);
         return data;
     }
 
-    /// Deletes the stored patient, without a question on purpose, and leaves the editor.
+    /// Deletes the stored patient and leaves the editor. There is no question: the name had to be emptied first.
     function remove() {
         if (loaded && currentId !== "") {
             Bdd.remove(currentId);
@@ -128,24 +128,24 @@ FocusScope {
         return typeof d === "string" && d !== "" ? d.split("/").reverse().join("-") : "";
     }
 
-    /// Saves an answer. One given by the keyboard leads it on to what comes next.
+    /// Saves an answer. After one given by the keyboard, the next question or gate gets the focus.
     function answer(key) {
         var byKey = loaded && pathway.questionOf(key).answerFocused;
 
         save(key);
         if (byKey && loaded) {
-            Qt.callLater(leadOn, key);
+            Qt.callLater(focusNext, key);
         }
     }
 
-    function leadOn(key) {
-        if ((pathway.questionOf(key).answerFocused || keyboardLost) && !pathway.focusAfter(key)) {
+    function focusNext(key) {
+        if ((pathway.questionOf(key).answerFocused || focusLost) && !pathway.focusAfter(key)) {
             sms.focusLink();
         }
     }
 
-    function findKeyboard() {
-        if (keyboardLost && !missing && !pathway.focusCurrent()) {
+    function restoreFocus() {
+        if (focusLost && !missing && !pathway.focusCurrent()) {
             fields.focusPhone();
         }
     }
@@ -162,7 +162,7 @@ FocusScope {
 
     onExternalGenderMaleChanged: edited()
     onExternalNameChanged: edited()
-    onKeyboardLostChanged: if (keyboardLost) Qt.callLater(findKeyboard)
+    onFocusLostChanged: if (focusLost) Qt.callLater(restoreFocus)
     Component.onCompleted: Bdd.init()
 
     Column {

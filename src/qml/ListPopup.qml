@@ -57,7 +57,7 @@ Rectangle {
     height: 650
     width: 800
 
-    // A store that did not open at the start has given no list.
+    // When the store did not open at the start, no list has been read.
     onShownChanged: if (shown && !Array.isArray(printModel)) needRefresh()
     Component.onCompleted: {
         Bdd.init(ListLogic.init);
@@ -133,8 +133,8 @@ Rectangle {
 
                 focusColor: Palette.focusOnDark
                 name: qsTr("Tout sélectionner")
+                mark.outlined: false
                 narrow: true
-                outlined: false
                 tickColor: Palette.tickAll
 
                 onCheckedChanged: ListLogic.checkAll(checked)
@@ -151,7 +151,7 @@ Rectangle {
             source: "list/PatientTable.qml"
             width: parent.width
 
-            onShownChanged: need()
+            onShownChanged: loadNow()
             onLoaded: {
                 item.patients = model;
                 item.showTop();

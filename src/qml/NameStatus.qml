@@ -13,7 +13,7 @@ Rectangle {
 
     signal reset
 
-    /// Gives the keyboard to the name, or to the way back where the name cannot be changed.
+    /// Focuses the name, or the way back where the name cannot be changed.
     function focus() {
         (editable ? field : back).forceActiveFocus();
     }
@@ -31,17 +31,18 @@ Rectangle {
     ImageButton {
         id: back
 
+        cursorShape: Qt.ArrowCursor
         height: parent.height
         hoveredOpacity: 1
         idleOpacity: 0.5
         image: "../images/back.png"
         name: qsTr("Retour")
         pressedOpacity: 0.8
-        // Kept: the practice reads leaving the file as keeping it, although nothing is saved here.
+        // It saves nothing: users know the arrow by this word, and the manual explains it to them.
         tooltip: qsTr("Enregistrer")
         width: height
 
-        onClicked: root.reset()
+        onTriggered: root.reset()
     }
 
     InputField {
@@ -60,22 +61,17 @@ Rectangle {
         selectedTextColor: Palette.nameBar
     }
 
-    Clickable {
+    ImageButton {
         id: gender
 
         anchors.right: parent.right
         enabled: root.editable
-        focusColor: Palette.focusOnDark
         height: parent.height
+        hoveredOpacity: 0.6
+        image: root.genderMale ? "../images/male-big.png" : "../images/female-big.png"
         name: root.genderMale ? qsTr("Sexe : homme") : qsTr("Sexe : femme")
         width: height
 
         onTriggered: root.genderMale = !root.genderMale
-
-        Image {
-            anchors.centerIn: parent
-            opacity: gender.containsMouse ? 0.6 : 1
-            source: root.genderMale ? "../images/male-big.png" : "../images/female-big.png"
-        }
     }
 }

@@ -7,7 +7,7 @@ import "style"
 Rectangle {
     id: root
 
-    /// The row's values in the table's model; a row without a model is given the properties that follow.
+    /// The row of the table's model; without one, the properties that follow are set one by one.
     property var record: null
     property string iid: record ? record.id : ""
     property string iname: record ? record.name : ""
@@ -31,17 +31,17 @@ Rectangle {
     property color pairRowColor: Palette.tablePairRow
     property color rowColorHovered: Palette.tableRowHovered
     property color pairRowColorHovered: Palette.tableRowHovered
-    /// Whether Tab stops in this row; a list of rows leaves one in the chain and goes from row to row itself.
+    /// Whether Tab stops in this row; in a table it stops in one, whose keys lead to the others.
     property bool tabStop: true
     property bool hasPrevious: false
     property bool hasNext: false
 
     signal clicked
     signal openPatient(string iid)
-    /// The keyboard moves so many rows down, to the part of that number.
+    /// The focus moves this many rows down, to the part of that number.
     signal focusLeft(real rows, int part)
 
-    /// Gives the keyboard to a part of the row: 0 the tick, 1 the patient, 2 the SMS button.
+    /// Focuses a part of the row: 0 the tick, 1 the patient, 2 the SMS button.
     function focusPart(part) {
         if (part === 0) {
             tick.forceActiveFocus();

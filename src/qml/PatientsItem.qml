@@ -14,7 +14,7 @@ Item {
 
     signal clicked
 
-    /// Gives the keyboard to the row.
+    /// Focuses the row.
     function focusLink() {
         clickable.forceActiveFocus();
     }
@@ -54,8 +54,8 @@ Item {
                 verticalCenter: parent.verticalCenter
             }
             elide: Text.ElideRight
-            // The links can be read whole, the patients' names as large as most of them fit.
-            growth: root.alwaysBold ? 1 : 1.5
+            // The links must be readable whole; most names fit at the larger scale.
+            maximumTextScale: root.alwaysBold ? 1 : 1.5
             maximumLineCount: 1
             objectName: "label"
             points: 10
@@ -77,7 +77,7 @@ Item {
                 anchors.centerIn: parent
                 color: Palette.white
                 font.bold: true
-                growth: 1.2
+                maximumTextScale: 1.2
                 points: 7
                 text: root.number
             }
@@ -99,7 +99,7 @@ Item {
 
         anchors {
             fill: background
-            // The pane is two pixels wider than what the frame shows of it.
+            // The frame hides the last two pixels of the pane.
             rightMargin: 2
         }
         name: root.number > 0 ? root.text + " (" + root.number + ")" : root.text

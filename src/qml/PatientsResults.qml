@@ -9,7 +9,7 @@ ThinScrollView {
 
     signal selected(string id, string name, bool genderMale)
 
-    /// Gives the keyboard to the first row.
+    /// Focuses the first row.
     function focusFirst() {
         list.currentIndex = 0;
         list.currentItem.focusLink();
@@ -26,12 +26,12 @@ ThinScrollView {
     ListView {
         id: list
 
-        // The next letter throws the rows away: none is built that is not in view.
+        // The next letter replaces the rows: only those in view are built.
         cacheBuffer: 0
         delegate: PatientsItem {
             width: list.width
 
-            // The icon stays the default one: a row says whose file it is, the editor says more.
+            // Every row keeps the default icon, and so reports the default gender: the editor reads the patient's own.
             onClicked: root.selected(model.id, model.name, genderMale)
         }
     }

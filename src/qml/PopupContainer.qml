@@ -33,26 +33,20 @@ WindowFrame {
         objectName: "headerArea"
     }
 
-    Clickable {
+    ImageButton {
         id: cross
 
         anchors {
             right: parent.right
             rightMargin: 12
         }
-        focusColor: Palette.focusOnDark
         height: 16
+        image: "../images/cross.png"
         name: qsTr("Fermer")
         width: 16
         y: (Metrics.headerHeight - height) / 2
 
         onTriggered: root.close()
-
-        Image {
-            anchors.centerIn: parent
-            opacity: cross.containsMouse ? 0.66 : 1
-            source: "../images/cross.png"
-        }
     }
 
     Rectangle {

@@ -16,13 +16,14 @@ Item {
     property bool checked: false
     property ExclusiveGroup exclusiveGroup
     property bool displayed: true
-    readonly property int internalHeight: !displayed ? 0 : checked ? 100 : 60
+    readonly property int internalHeight: !displayed ? 0
+                                          : checked ? Metrics.expandedQuestionHeight : Metrics.questionHeight
     /// Whether one of the answers has the keyboard.
     readonly property bool answerFocused: yesBox.activeFocus || noBox.activeFocus
 
     signal saveIt
 
-    /// Gives the keyboard to the question.
+    /// Focuses the question.
     function focusLink() {
         header.forceActiveFocus();
     }
@@ -71,7 +72,7 @@ Item {
                 verticalCenter: parent.verticalCenter
             }
             color: Palette.questionText
-            growth: 1.2
+            maximumTextScale: 1.2
             text: root.text
             textFormat: Text.RichText
             wrapMode: Text.WordWrap
@@ -87,7 +88,7 @@ Item {
             }
             color: yesBox.checked ? Palette.shortYes : Palette.shortNo
             font.bold: true
-            growth: 1.3
+            maximumTextScale: 1.3
             objectName: "shortAnswer"
             points: 11
             text: yesBox.checked ? qsTr("Oui") : noBox.checked ? qsTr("Non") : ""
@@ -133,7 +134,7 @@ Item {
         objectName: "answerRow"
         spacing: 30
         // At once, so that Tab reaches the answers while they appear.
-        visible: root.checked || root.height > 60
+        visible: root.checked || root.height > Metrics.questionHeight
 
         AnswerBox {
             id: yesBox
@@ -173,7 +174,7 @@ Item {
 
             PropertyChanges {
                 target: root
-                height: 60
+                height: Metrics.questionHeight
             }
         },
         State {
@@ -182,7 +183,7 @@ Item {
 
             PropertyChanges {
                 target: root
-                height: 100
+                height: Metrics.expandedQuestionHeight
             }
             PropertyChanges {
                 target: chevron

@@ -3,7 +3,7 @@ import "base"
 import "style"
 import "../js/BuildSettings.js" as BuildSettings
 
-// The bar at the foot of the editor that opens the SMS service's page. Nothing of the patient goes with it.
+// The bar at the foot of the editor that opens the SMS service's page. No data of the patient go with it.
 Rectangle {
     id: root
 
@@ -12,7 +12,7 @@ Rectangle {
 
     signal clicked
 
-    /// Gives the keyboard to the bar.
+    /// Focuses the bar.
     function focusLink() {
         clickable.forceActiveFocus();
     }
@@ -40,7 +40,7 @@ Rectangle {
         anchors.centerIn: parent
         color: Palette.white
         font.bold: true
-        growth: 1.2
+        maximumTextScale: 1.2
         points: 11
         text: qsTr("Envoyer le SMS de rappel")
     }

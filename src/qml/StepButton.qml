@@ -2,7 +2,7 @@ import QtQuick 2.2
 import "base"
 import "style"
 
-// A gate of the pathway: what must have happened before the next question is asked.
+// A gate of the pathway: a button that says what must have happened before the next question.
 Item {
     id: root
 
@@ -12,7 +12,7 @@ Item {
 
     signal clicked
 
-    /// Gives the keyboard to the gate.
+    /// Focuses the gate.
     function focusLink() {
         clickable.forceActiveFocus();
     }
@@ -33,7 +33,7 @@ Item {
         anchors.centerIn: parent
         color: Palette.editorLabel
         font.bold: true
-        growth: 1
+        maximumTextScale: 1
         horizontalAlignment: Text.AlignHCenter
         opacity: clickable.containsMouse ? 0.7 : 1
         text: root.text

@@ -1,5 +1,6 @@
 import QtQuick 2.2
 import "base"
+import "main"
 import "style"
 import "../js/Bdd.js" as Bdd
 
@@ -10,8 +11,12 @@ Rectangle {
     property int number: 0
     property int total: 0
     property int internalHeight: container.internalHeight
-    /// Whether the counts have been read: a store that did not open at the start has none.
+    /// Whether the counts have been read; they have not when the store did not open at the start.
     property bool counted: false
+    /// From the start to the first refresh, in milliseconds.
+    readonly property int firstRefreshDelay: 2000
+    /// From a smaller height of the frame to the window's, in milliseconds: longer than the frame's animation.
+    readonly property int shrinkDelay: 1000
 
     signal openContact
     signal openList
@@ -34,7 +39,7 @@ Rectangle {
         });
     }
 
-    /// Reads the counts, and the list, that the start could not read.
+    /// Refreshes the views if the start could not read the store.
     function catchUp() {
         if (!counted) {
             needRefresh();
@@ -46,7 +51,7 @@ Rectangle {
         if (!list) {
             return;
         }
-        autocomplete.drop(list);
+        autocomplete.removePatients(list);
         // Loosely: an id comes as a number or as text.
         if (editor.item && list.some(function (id) { return id == editor.item.currentId; })) {
             leaveEditor();
@@ -64,13 +69,13 @@ Rectangle {
     }
 
     function openEditor(id, name) {
-        editor.need().load(id, name);
+        editor.loadNow().load(id, name);
         state = "open";
         nameBar.focus();
     }
 
     function leaveEditor() {
-        editor.need().reset();
+        editor.loadNow().reset();
         autocomplete.reset();
         state = "close";
         autocomplete.focus();
@@ -86,34 +91,28 @@ Rectangle {
         }
     }
 
-    function openMenuByKey(event) {
-        if (event.key === Qt.Key_Menu || event.key === Qt.Key_F10) {
-            container.openContextMenuByKey();
-            event.accepted = true;
-        }
-    }
-
     color: Palette.transparent
-    height: 174
+    height: Metrics.searchHeight
     width: Metrics.widgetWidth
 
+    // In the log of a fault these lines show when the window grew and shrank.
     onHeightChanged: console.log(height)
     onInternalHeightChanged: followFrame()
     Component.onCompleted: {
         try {
             Bdd.init(refresh);
         } finally {
-            // A store that does not open leaves a widget that lives and tries again.
+            // Even when the store does not open: catchUp() tries again.
             readyTimer.start();
             autocomplete.focus();
         }
     }
-    Keys.onPressed: openMenuByKey(event)
+    Keys.onPressed: container.openContextMenuByKey(event)
 
     Timer {
         id: readyTimer
 
-        interval: 2000
+        interval: root.firstRefreshDelay
 
         onTriggered: {
             root.catchUp();
@@ -124,7 +123,7 @@ Rectangle {
     Timer {
         id: shrinkTimer
 
-        interval: 1000
+        interval: root.shrinkDelay
 
         onTriggered: root.height = root.internalHeight
     }
@@ -157,9 +156,9 @@ Rectangle {
                 root.state = "close";
                 root.catchUp();
             }
-            onActiveChanged: results.need()
-            onFirstResultWanted: if (hasResults) results.item.selectFirst()
-            onResultsWanted: hasResults ? results.item.focusFirst() : createLink.focusLink()
+            onActiveChanged: listPane.loadResults()
+            onFirstResultWanted: listPane.openFirst()
+            onResultsWanted: listPane.focusFirst()
         }
 
         NameStatus {
@@ -173,7 +172,7 @@ Rectangle {
             onReset: root.leaveEditor()
         }
 
-        Item {
+        SearchPane {
             id: listPane
 
             anchors {
@@ -181,63 +180,17 @@ Rectangle {
                 left: parent.left
                 top: autocomplete.bottom
             }
+            hasResults: autocomplete.hasResults
             objectName: "listPane"
+            results: autocomplete.model
+            searching: autocomplete.active
             visible: root.state !== "open" || anchors.leftMargin > -width
+            waitingNumber: root.number
             width: Metrics.widgetWidth
 
-            PatientsItem {
-                id: createLink
-
-                alwaysBold: true
-                image: "../images/add.png"
-                text: autocomplete.active ? qsTr("Créer la fiche patient") : qsTr("Nouvelle fiche patient")
-                width: parent.width
-
-                onClicked: root.openEditor("", autocomplete.text)
-            }
-
-            DeferredLoader {
-                id: results
-
-                anchors {
-                    bottom: waitingLink.top
-                    left: parent.left
-                    right: parent.right
-                    top: createLink.bottom
-                }
-                objectName: "results"
-                opacity: autocomplete.hasResults ? 1 : 0
-                source: "PatientsResults.qml"
-                visible: opacity > 0
-
-                Behavior on opacity {
-                    NumberAnimation {
-                        duration: 500
-                        easing.type: Easing.InOutQuad
-                    }
-                }
-
-                onLoaded: {
-                    item.model = autocomplete.model;
-                    item.selected.connect(root.openEditor);
-                }
-            }
-
-            PatientsItem {
-                id: waitingLink
-
-                alwaysBold: true
-                anchors {
-                    bottom: parent.bottom
-                    bottomMargin: -2
-                }
-                image: "../images/tab-button.png"
-                number: root.number
-                text: qsTr("Liste des patients en attente")
-                width: parent.width
-
-                onClicked: root.openList()
-            }
+            onCreatePatient: root.openEditor("", autocomplete.text)
+            onOpenPatient: root.openEditor(id, name)
+            onOpenWaitingList: root.openList()
         }
 
         DeferredLoader {

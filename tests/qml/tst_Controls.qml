@@ -115,6 +115,16 @@ Item {
             named(item, "DUPONT Marie (3)");
         }
 
+        function test_a_picture_shows_its_tooltip_as_long_as_the_mouse_is_on_it() {
+            var item = load("NameStatus", { width: 275 });
+
+            expectedWarnings = ["This plugin does not support raise()"];
+            hover(named(item, "Retour"));
+            tryVerify(function () { return Native.shownToolTip() === "Enregistrer"; });
+            hover(named(item, "Sexe : homme"));
+            tryVerify(function () { return Native.shownToolTip() === ""; });
+        }
+
         function test_back_changes_no_property_and_gender_toggles_at_each_click() {
             var item = load("NameStatus", { name: "DUPONT", genderMale: false });
 

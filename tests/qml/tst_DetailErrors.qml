@@ -218,7 +218,7 @@ Item {
             rest();
             click(validate());
             compare([stored(1).phone, stored(1).confirmation, stored(1).notification_date], ["0699", 1, reminder]);
-            compare(detail.unread, false);
+            compare(detail.reminderOutdated, false);
         }
 
         function test_an_answer_that_fails_after_one_that_was_not_read_back_shows_the_stored_one() {

@@ -75,6 +75,7 @@ PLAN = {
     "src/qml/PatientsResults.qml": ("tst_PatientsResults", "tst_MainSearch", "tst_MainAnimations", "tst_MainKeyboard"),
     "src/qml/list/WaitingBadge.qml": (*CONTROLS, "tst_MainMenu"),
     "src/qml/Container.qml": MAIN,
+    "src/qml/main": MAIN,
     "src/qml/main.qml": MAIN,
     "src/qml/base/DeferredLoader.qml": ("tst_ListPopup", *MAIN),
     "src/qml/base": SHARED,

@@ -16,7 +16,7 @@ function read(id, state) {
             root.loaded = true;
         });
         root.missing = !root.loaded;
-        root.unread = false;
+        root.reminderOutdated = false;
     } catch (error) {
         root.currentId = before.id;
         root.state = before.state;
@@ -26,7 +26,7 @@ function read(id, state) {
     if (root.missing) {
         console.warn("The store has no such patient: the editor takes no answer.");
         if (root.currentId === before.id) {
-            takeBack({});
+            restoreAnswers({});
         }
     }
 }
@@ -43,11 +43,11 @@ function save(q) {
         if (q) {
             root.stepPassed = gates[0];
             root.step2Passed = gates[1];
-            takeBack(root.model);
+            restoreAnswers(root.model);
         }
         if (root.missing) {
             root.state = "base";
-            takeBack({});
+            restoreAnswers({});
             root.needRefresh();
         }
         throw error;
@@ -55,7 +55,7 @@ function save(q) {
 }
 
 function store(q) {
-    if (root.unread) {
+    if (root.reminderOutdated) {
         readReminder();
     }
     if (root.currentId === "") {
@@ -74,7 +74,7 @@ function insert(data) {
     });
 }
 
-/// An error of the reading that follows the save is no failed save: what is shown is what is stored.
+/// An error while reading back is not a failed save: what is shown is stored.
 function update(data) {
     var stored = false;
 
@@ -100,14 +100,14 @@ function showStored(data) {
         root.cancel();
     } catch (error) {
         root.model = toRecord(data, root.model);
-        root.unread = true;
+        root.reminderOutdated = true;
         throw error;
     } finally {
         root.needRefresh();
     }
 }
 
-/// Reads the reminder that the last save has moved, before the next save hands it on.
+/// Reads the reminder that the last save has moved: the next save writes it again.
 function readReminder() {
     var found = false;
 
@@ -116,7 +116,7 @@ function readReminder() {
         root.model = record;
         root.notification_date = record.notification_date;
     });
-    root.unread = false;
+    root.reminderOutdated = false;
     root.loaded = found;
     root.missing = !found;
     if (!found) {
@@ -124,7 +124,7 @@ function readReminder() {
     }
 }
 
-/// The data of a save as a record; what they do not hold is that of the record before.
+/// The data of a save as a record; values that they do not hold come from the record before.
 function toRecord(data, before) {
     var record = {};
 
@@ -138,9 +138,9 @@ function toRecord(data, before) {
     return record;
 }
 
-/// Shows the answers of that record in place of one that was not stored: what is shown as answered is what is kept.
-/// Later, when the two boxes of the question have come to rest; until then nothing is saved.
-function takeBack(record) {
+/// Shows the answers of that record in place of one that was not stored. Later, when both boxes of the question have
+/// changed; until then nothing is saved.
+function restoreAnswers(record) {
     var id = root.currentId;
 
     root.loaded = false;

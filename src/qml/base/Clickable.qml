@@ -2,8 +2,8 @@ import QtQuick 2.2
 import QtQuick.Window 2.2
 import "../style"
 
-// Whatever can be clicked: by the mouse, by Return and Space, by an assistive tool. What is disabled or not visible, or
-// in a hidden window, takes none of the three.
+// The base of every control: it is triggered by the mouse, by Return and Space and by an assistive tool, unless it is
+// disabled, invisible or in a hidden window. A control is a Clickable, or lays one over what it shows.
 Item {
     id: root
 
@@ -11,13 +11,15 @@ Item {
     property string name
     property color focusColor: Palette.focusOnLight
     property alias focusRing: ring
-    /// How far the frame of the focus stands off.
+    /// The distance of the focus ring.
     property real focusDistance: 0
     property alias acceptedButtons: area.acceptedButtons
     property alias containsMouse: area.containsMouse
     property alias cursorShape: area.cursorShape
+    property alias mouseX: area.mouseX
+    property alias mouseY: area.mouseY
     property alias pressed: area.pressed
-    /// Whether holding the button down means something of its own; else it is a click that takes longer.
+    /// Whether holding the mouse button down emits pressAndHold instead of a click.
     property bool holdable: false
 
     signal triggered

@@ -1,52 +1,52 @@
 import QtQuick 2.2
 import QtQuick.Window 2.2
 
-// Loads its content by itself soon after the start, after the first frame of a window that is shown: the widget appears
-// without waiting for what cannot be seen yet, and no click waits for its loading. What the content is to know it is given
-// in onLoaded: need() during the loading begins it anew, and the toolkit then forgets the properties of setSource().
+// Loads its content after the first frame of its window, or soon after the start in a hidden one: the window appears
+// without waiting for what cannot be seen yet, and no click waits for a load. Set the content's properties in onLoaded:
+// loadNow() restarts a load that is under way, and the toolkit then loses the properties of setSource().
 Loader {
     id: root
 
     readonly property bool shown: Window.visibility !== Window.Hidden
     /// The window whose next frame starts the loading.
-    property var awaited: null
+    property var awaitedWindow: null
 
-    /// The content, loaded at once if it is not there yet.
-    function need() {
+    /// Loads the content at once, if it is not there yet, and returns it.
+    function loadNow() {
         asynchronous = false;
         active = true;
         return item;
     }
 
-    function awaitFrame() {
-        awaited = Window.window;
-        awaited.frameSwapped.connect(loadAfterFrame);
-        awaited.update();
+    function waitForFrame() {
+        awaitedWindow = Window.window;
+        awaitedWindow.frameSwapped.connect(loadAfterFrame);
+        awaitedWindow.update();
     }
 
     function loadAfterFrame() {
-        stopAwaiting();
+        stopWaiting();
         active = true;
     }
 
-    function stopAwaiting() {
-        if (awaited) {
-            awaited.frameSwapped.disconnect(loadAfterFrame);
-            awaited = null;
+    function stopWaiting() {
+        if (awaitedWindow) {
+            awaitedWindow.frameSwapped.disconnect(loadAfterFrame);
+            awaitedWindow = null;
         }
     }
 
     active: false
     asynchronous: true
 
-    Component.onDestruction: stopAwaiting()
+    Component.onDestruction: stopWaiting()
 
     Timer {
-        // A window that is minimised or has just been hidden paints no frame.
-        interval: root.awaited ? 500 : 100
+        // A fallback: a window that is minimised or has just been hidden paints no frame.
+        interval: root.awaitedWindow ? 500 : 100
         repeat: true
         running: !root.active
 
-        onTriggered: root.shown && !root.awaited ? root.awaitFrame() : root.loadAfterFrame()
+        onTriggered: root.shown && !root.awaitedWindow ? root.waitForFrame() : root.loadAfterFrame()
     }
 }

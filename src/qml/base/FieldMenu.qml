@@ -1,7 +1,7 @@
 import QtQuick 2.2
 import QtQuick.Controls 1.1
 
-// The menu of a text field: this Qt's own ends in a script error.
+// The context menu of a text field, in place of the toolkit's, which ends in a script error.
 Menu {
     id: root
 
@@ -13,13 +13,13 @@ Menu {
     function open(x, y) {
         var place = field.mapToItem(null, x, y);
 
-        // The field forgets its selection as it loses the keyboard to the menu.
+        // The field loses its selection together with the focus.
         selectionStart = field.selectionStart;
         selectionEnd = field.selectionEnd;
         __popup(Qt.rect(place.x, place.y, 0, 0), -1);
     }
 
-    function takeBack() {
+    function restoreSelection() {
         field.forceActiveFocus();
         field.select(selectionStart, selectionEnd);
     }
@@ -29,7 +29,7 @@ Menu {
         text: qsTr("Couper")
 
         onTriggered: {
-            root.takeBack();
+            root.restoreSelection();
             root.field.cut();
         }
     }
@@ -38,7 +38,7 @@ Menu {
         text: qsTr("Copier")
 
         onTriggered: {
-            root.takeBack();
+            root.restoreSelection();
             root.field.copy();
         }
     }
@@ -47,7 +47,7 @@ Menu {
         text: qsTr("Coller")
 
         onTriggered: {
-            root.takeBack();
+            root.restoreSelection();
             root.field.paste();
         }
     }

@@ -1,7 +1,7 @@
 import QtQuick 2.2
 import "../style"
 
-// Shows which control the keyboard speaks to.
+// The frame around the control that has the focus.
 Rectangle {
     anchors.fill: parent
     border.color: Palette.focusOnLight

@@ -1,45 +1,38 @@
 import QtQuick 2.2
-import QtQuick.Controls 1.1
-import QtQuick.Controls.Styles 1.1
+import QtQuick.Controls.Private 1.0
+import QtQuick.Window 2.2
 import "../style"
 
-// A picture that is a button, with a tooltip. `name` says to an assistive tool what it does.
-Button {
+// A button that is a picture. Its tooltip is also its accessible name, unless `name` is set.
+Clickable {
     id: root
 
     property url image
-    property string name: tooltip
-    property color background: Palette.transparent
+    property alias picture: picture
+    property string tooltip
     property real idleOpacity: 1
     property real hoveredOpacity: 0.66
-    property real pressedOpacity: 0.5
+    property real pressedOpacity: hoveredOpacity
 
-    style: ButtonStyle {
-        padding {
-            bottom: 0
-            left: 0
-            right: 0
-            top: 0
-        }
-        background: Rectangle {
-            color: root.background
+    focusColor: Palette.focusOnDark
+    name: tooltip
 
-            FocusRing {
-                border.color: Palette.focusOnDark
-                visible: root.activeFocus
-            }
-        }
-        label: Item {
-            Image {
-                anchors.centerIn: parent
-                opacity: root.pressed ? root.pressedOpacity : root.hovered ? root.hoveredOpacity : root.idleOpacity
-                source: root.image
-            }
-        }
+    onContainsMouseChanged: if (!containsMouse) Tooltip.hideText()
+
+    Accessible.description: tooltip
+
+    Image {
+        id: picture
+
+        anchors.centerIn: parent
+        opacity: !root.containsMouse ? root.idleOpacity : root.pressed ? root.pressedOpacity : root.hoveredOpacity
+        source: root.image
     }
 
-    Keys.onEnterPressed: if (!event.isAutoRepeat) root.clicked()
-    Keys.onReturnPressed: if (!event.isAutoRepeat) root.clicked()
+    Timer {
+        interval: 1000
+        running: root.tooltip !== "" && root.containsMouse && !root.pressed && root.Window.visibility !== Window.Hidden
 
-    Accessible.name: root.name
+        onTriggered: Tooltip.showText(root, Qt.point(root.mouseX, root.mouseY), root.tooltip)
+    }
 }

@@ -3,14 +3,14 @@ import QtQuick.Controls 1.1
 import QtQuick.Controls.Styles 1.1
 import "../style"
 
-// A line of text without a frame of its own. A placeholder is no name, so each field is given one.
+// A text field without a frame. Its accessible name is its own: a placeholder is not taken for one.
 TextField {
     id: root
 
     property string name
     property real points: 10
-    /// As that of a text: how often its drawn size the box has room for.
-    property real growth: 1.5
+    /// As in WidgetText.
+    property real maximumTextScale: 1.5
     property bool bold: false
     property color color: Palette.white
     property color placeholderColor: Palette.white
@@ -26,7 +26,7 @@ TextField {
         fieldMenu.open(x, y);
     }
 
-    /// The keys that open the menu of what has the keyboard.
+    /// Opens the menu by the keys that open context menus.
     function openMenuByKey(event) {
         if (event.key === Qt.Key_Menu || event.key === Qt.Key_F10 && event.modifiers & Qt.ShiftModifier) {
             openMenu(0, height);
@@ -40,7 +40,7 @@ TextField {
         font {
             bold: root.bold
             family: Metrics.fontFamily
-            pointSize: root.points * point_factor * Math.min(1, root.growth / Metrics.textScale)
+            pointSize: root.points * point_factor * Math.min(1, root.maximumTextScale / Metrics.textScale)
         }
         padding {
             left: 0

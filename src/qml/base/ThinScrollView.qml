@@ -3,9 +3,9 @@ import QtQuick.Controls 1.1
 import QtQuick.Controls.Styles 1.1
 import "../style"
 
-// A scroll view with a thin bar that is always there and has no arrows. A notch of the wheel moves it by three rows.
+// A scroll view with a thin bar that is always shown and has no arrows. A notch of the wheel scrolls three rows.
 ScrollView {
-    /// The height of what is scrolled by threes.
+    /// The height of a row.
     property real rowHeight: Metrics.rowHeight
 
     __wheelAreaScrollSpeed: 3 * rowHeight

@@ -1,8 +1,8 @@
 import QtQuick 2.2
 import "../style"
 
-// The square of a tick box: white, filled with its colour and ticked when `checked`. Unticked it has an outline where
-// white could not be seen on what lies below.
+// The square of a tick box: white, or filled with its colour and ticked. Unticked it has an outline, unless it lies on
+// a dark ground.
 Rectangle {
     id: root
 

@@ -13,7 +13,7 @@ Item {
         id: headingText
 
         color: Palette.contactHeading
-        growth: 1.2
+        maximumTextScale: 1.2
         points: 12
 
         Accessible.name: text

@@ -6,7 +6,7 @@ import "../style"
 WidgetText {
     color: Palette.contactText
     font.bold: true
-    growth: 1.2
+    maximumTextScale: 1.2
     points: 10
 
     Accessible.name: text

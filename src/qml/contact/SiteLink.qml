@@ -9,7 +9,7 @@ ContactText {
 
     text: site
 
-    // The link in it speaks for it.
+    // The link below has the same name.
     Accessible.ignored: true
 
     Clickable {

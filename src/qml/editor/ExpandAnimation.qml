@@ -1,7 +1,7 @@
 import QtQuick 2.2
 import "../style"
 
-// How the parts of the editor expand and collapse.
+// The animation by which parts of the editor expand and collapse.
 SmoothedAnimation {
     duration: Metrics.expandDuration
     easing.type: Easing.InOutQuad

@@ -10,14 +10,14 @@ Column {
     id: root
 
     property bool asking: false
-    // The gates stay as they are from one patient to the next, on purpose: closed, they wait for a click.
+    // A closed gate stays closed for the next patient, too: only a click says that what it waits for has happened.
     property bool stepPassed: true
     property bool step2Passed: true
     readonly property int internalHeight: firstMargin.height + testQuestion.internalHeight
                                           + rdv1Question.internalHeight + gate1.internalHeight
                                           + confirmationQuestion.internalHeight + rdv2Question.internalHeight
                                           + gate2.internalHeight + rdv3Question.internalHeight
-    // In order; the step's key is the name of its flag, too.
+    // In pathway order. A step's key is also the name of its flag.
     readonly property var steps: [
         { key: "test", date: "test_date", question: testQuestion },
         { key: "rdv1", date: "date1", question: rdv1Question },
@@ -37,12 +37,12 @@ Column {
         return steps.filter(function (step) { return step.key === key; })[0].question;
     }
 
-    /// Gives the keyboard to the question or gate shown next after the question of that key; false when there is none.
+    /// Focuses the question or gate shown next after the question of that key; false when there is none.
     function focusAfter(key) {
         return focusFirst(questionsAndGates.slice(questionsAndGates.indexOf(questionOf(key)) + 1));
     }
 
-    /// Gives the keyboard to the expanded question, else to the first one; false when none is shown.
+    /// Focuses the expanded question, else the first one; false when none is shown.
     function focusCurrent() {
         return focusFirst(questionsAndGates.filter(function (part) { return part.checked; }))
                || focusFirst(questionsAndGates);
@@ -94,7 +94,7 @@ Column {
     }
 
     /// Dates the answer to the step of key q, throws every later answer away and returns q, or "" for an old answer.
-    function takeAnswer(q) {
+    function recordAnswer(q) {
         var answered = "";
         var passed = false;
         var i;
@@ -115,9 +115,9 @@ Column {
         return answered;
     }
 
-    function moveGates(q) {
+    function updateGates(q) {
         if (q === "test" || q === "rdv1") {
-            // Closed first: a question behind it that is still asked is asked anew, and expands.
+            // Closed first: a question behind the gate that is asked again must expand.
             stepPassed = false;
             stepPassed = q === "test" && testQuestion.yes.checked;
         }

@@ -13,13 +13,13 @@ Rectangle {
     property alias firstAppointment: firstAppointmentText.text
     property alias validateDisabled: validate.disabled
     property bool editing: false
-    readonly property int internalHeight: editing ? 138 : 100
+    readonly property int internalHeight: editing ? Metrics.fieldsAndButtonsHeight : Metrics.fieldsHeight
     readonly property bool deleteMode: patientId !== "" && patientName === ""
 
     signal validated
     signal canceled
 
-    /// Gives the keyboard to the phone number.
+    /// Focuses the phone number.
     function focusPhone() {
         phoneField.forceActiveFocus();
     }
@@ -48,7 +48,7 @@ Rectangle {
         id: phoneLabel
 
         color: Palette.editorLabel
-        growth: 1.2
+        maximumTextScale: 1.2
         height: 40
         points: 10
         text: qsTr("Téléphone :")
@@ -68,7 +68,7 @@ Rectangle {
         }
         bold: true
         color: Palette.editorText
-        growth: 1.2
+        maximumTextScale: 1.2
         maximumLength: 14
         name: qsTr("Téléphone")
         placeholderColor: Palette.editorPlaceholder
@@ -95,7 +95,7 @@ Rectangle {
             bottom: firstAppointmentText.top
         }
         color: Palette.editorLabel
-        growth: 1.2
+        maximumTextScale: 1.2
         points: 10
         text: qsTr("Date du 1<sup>er</sup> rendez-vous :")
         textFormat: Text.RichText
@@ -107,11 +107,11 @@ Rectangle {
         anchors {
             left: phoneLabel.left
             top: parent.top
-            topMargin: 100 - 11 - height
+            topMargin: Metrics.fieldsHeight - 11 - height
         }
         color: Palette.editorText
         font.bold: true
-        growth: 1.5
+        maximumTextScale: 1.5
         points: 11
 
         Accessible.name: qsTr("Date du 1er rendez-vous : %1").arg(text)
@@ -130,7 +130,7 @@ Rectangle {
             id: validate
 
             backgroundColor: root.deleteMode ? Palette.remove : Palette.save
-            // Holds until the editor first sets it, on purpose: from then on the editor alone decides.
+            // Holds until the editor first sets it: from then on only the editor knows whether a save is under way.
             disabled: root.patientId === "" && root.patientName === ""
             hoveredBackgroundColor: root.deleteMode ? Palette.removeHovered : Palette.saveHovered
             image: root.deleteMode ? "../../images/no-white.png" : "../../images/yes-white.png"

@@ -2,12 +2,12 @@ pragma Singleton
 import QtQuick 2.2
 import "../../js/list/StepCells.js" as StepCells
 
-// The columns of the patient table, from left to right: titles, rows and model are made from them. `row` is a
-// PatientTableRow; what it has no property for, a text reads from row.record.
+// The columns of the patient table, from left to right; titles, rows and model are made from this list. `row` is a
+// PatientTableRow: a value that it has no property for is in row.record.
 QtObject {
     id: root
 
-    /// Stands before each column.
+    /// The space before each column.
     readonly property real gap: 0.015
 
     /// The column of the tick boxes, left of all others.
@@ -17,7 +17,7 @@ QtObject {
         TableColumn {
             alignment: Text.AlignLeft
             bold: true
-            growth: 1.4
+            maximumTextScale: 1.4
             key: "name"
             points: 9
             roles: ({ name: "" })
@@ -26,7 +26,7 @@ QtObject {
             width: 0.19
         },
         TableColumn {
-            growth: 1.3
+            maximumTextScale: 1.3
             key: "firstAppointment"
             roles: ({ created_format: "" })
             text: function (row) { return row.icreated; }
@@ -74,7 +74,7 @@ QtObject {
             width: 0.07
         },
         TableColumn {
-            growth: 1.1
+            maximumTextScale: 1.1
             key: "phone"
             // A number of full length is a little wider than the column.
             overhang: root.gap / 2
@@ -98,10 +98,10 @@ QtObject {
     /// The roles of all columns: [{name, empty}].
     readonly property var roles: listedRoles()
 
-    // What answers the mouse in a row: the tick from the row's edge on, then the patient as far as there.
+    // The mouse zones of a row: the tick from the left edge on, then the patient up to openZoneEnd.
     readonly property real tickZone: 0.05
     readonly property real openZoneEnd: 0.87
-    /// How far the phone numbers reach beyond the patient's zone.
+    /// How far the phone numbers extend beyond the patient's zone.
     readonly property real phoneBeyondOpenZone: 0.027
 
     function select(condition) {

@@ -20,7 +20,7 @@ Rectangle {
         list.positionViewAtBeginning();
     }
 
-    /// Calls load(), which fills the rows anew, and leaves the list and the keyboard where they were in it.
+    /// Calls load(), which replaces the rows, and keeps the scroll position and the focus.
     function reload(load) {
         var top = list.indexAt(0, list.contentY);
         var current = list.currentIndex;
@@ -48,7 +48,7 @@ Rectangle {
         ListView {
             id: list
 
-            /// Gives the keyboard to a part of the row at that index, or of the nearest one.
+            /// Focuses a part of the row at that index, or of the nearest row.
             function focusRow(index, part) {
                 currentIndex = Math.max(0, Math.min(count - 1, index));
                 positionViewAtIndex(currentIndex, ListView.Contain);

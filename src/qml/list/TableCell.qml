@@ -14,7 +14,7 @@ WidgetText {
     color: emphasised && row.red ? Palette.tableEmphasis : Palette.tableText
     elide: Text.ElideRight
     font.bold: column.bold || emphasised
-    growth: column.growth
+    maximumTextScale: column.maximumTextScale
     height: Metrics.tableRowHeight
     horizontalAlignment: column.alignment
     maximumLineCount: 1

@@ -6,21 +6,21 @@ QtObject {
     property string key
     property string title
     property real width
-    /// Where its left edge is; Columns sets it.
+    /// The left edge; Columns sets it.
     property real left
 
-    /// What the model keeps of a patient for it: the store's names, each with what stands for NULL.
+    /// The model's roles for it: names of the store, each with the value that stands for NULL.
     property var roles: ({})
-    /// The text of a row's cell: text(row). A column without it has no text cells.
+    /// text(row): the text of a row's cell; null in a column without text cells.
     property var text: null
-    /// Whether a row's cell, which shows that text, is bold, and red in the list of the waiting: emphasised(row, text).
+    /// emphasised(row, text): whether a row's cell is bold, and red in the list of the waiting.
     property var emphasised: null
 
     property int alignment: Text.AlignHCenter
     property bool bold: false
-    property real growth: 1.5
+    property real maximumTextScale: 1.5
     property real points: 8
-    /// How far a text may reach into the gap on either side.
+    /// How far a text may extend into the gap on either side.
     property real overhang: 0
 
     /// The title without its markup.

@@ -55,23 +55,18 @@ Rectangle {
         }
     }
 
-    Clickable {
+    ImageButton {
         id: removeButton
 
         anchors.right: parent.right
-        focusColor: Palette.focusOnDark
         height: parent.height
+        hoveredOpacity: 0.6
+        image: "../../images/trash.png"
         name: qsTr("Supprimer les patients sélectionnés")
+        picture.height: Metrics.tableIconSize
+        picture.width: Metrics.tableIconSize
         width: height
 
         onTriggered: root.removeClicked()
-
-        Image {
-            anchors.centerIn: parent
-            height: Metrics.tableIconSize
-            opacity: removeButton.containsMouse ? 0.6 : 1
-            source: "../../images/trash.png"
-            width: Metrics.tableIconSize
-        }
     }
 }

@@ -13,7 +13,7 @@ Rectangle {
     DeferredLoader {
         height: parent.height
 
-        onShownChanged: need()
+        onShownChanged: loadNow()
 
         sourceComponent: Item {
             Repeater {

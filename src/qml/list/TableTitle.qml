@@ -18,7 +18,7 @@ Item {
         anchors.centerIn: parent
         color: Palette.white
         font.bold: true
-        growth: 1
+        maximumTextScale: 1
         horizontalAlignment: Text.AlignHCenter
         points: 8
         text: root.text

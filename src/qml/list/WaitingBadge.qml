@@ -17,7 +17,7 @@ Image {
         anchors.centerIn: parent
         color: Palette.white
         font.bold: true
-        growth: 1.2
+        maximumTextScale: 1.2
         text: root.number
 
         Accessible.ignored: root.number === 0

@@ -5,7 +5,7 @@ import QtQuick 2.2
 QtObject {
     readonly property string fontFamily: "Arial"
 
-    // How much larger than drawn the user's system asks texts to be: 1 at 72 dots per inch, 2 at 144.
+    // The scale of texts that the user's system wants: 1 at 72 dots per inch, 2 at 144.
     readonly property real textScale: Qt.font({ pointSize: 72 }).pixelSize / 72
 
     readonly property int widgetWidth: 275
@@ -15,6 +15,18 @@ QtObject {
     readonly property int buttonHeight: 38
     readonly property int footerBorder: 5
     readonly property int tickBoxSize: 18
+
+    // main window: its frame around the search, around four results as well, and what the frame adds to the editor
+    readonly property int searchHeight: 174
+    readonly property int resultsHeight: 326
+    readonly property int heightAroundEditor: headerHeight + barHeight + footerBorder
+
+    // patient editor: before it is loaded, its fields without and with the two buttons, its questions
+    readonly property int initialEditorHeight: 538
+    readonly property int fieldsHeight: 100
+    readonly property int fieldsAndButtonsHeight: 138
+    readonly property int questionHeight: 60
+    readonly property int expandedQuestionHeight: 100
 
     // patient list
     readonly property int tabHeight: 42

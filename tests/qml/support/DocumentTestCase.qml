@@ -114,7 +114,8 @@ TestCase {
     }
 
     function isControl(item) {
-        return ["Clickable", "TableTick", "ImageButton", "InputField", "AnswerBox"].indexOf(Native.typeName(item)) >= 0;
+        return ["Clickable", "TableTick", "ImageButton", "HeaderButton", "InputField", "AnswerBox"]
+            .indexOf(Native.typeName(item)) >= 0;
     }
 
     /// The part of the document with that path, outermost step last: "picture cross.png in control Fermer".

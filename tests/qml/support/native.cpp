@@ -15,6 +15,7 @@
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QSqlRecord>
+#include <QToolTip>
 #include <QVariantAnimation>
 
 namespace {
@@ -287,6 +288,11 @@ void Native::passTime(int milliseconds)
     m_heldTime->pass(0);
     QCoreApplication::processEvents();
     m_heldTime->pass(milliseconds);
+}
+
+QString Native::shownToolTip() const
+{
+    return QToolTip::isVisible() ? QToolTip::text() : QString();
 }
 
 QString Native::typeName(QObject *object) const

@@ -41,6 +41,9 @@ public:
     /// Presses or toggles the item through the accessibility interface; false when the item has no such action.
     Q_INVOKABLE bool press(QObject *object, const QString &action = QStringLiteral("Press")) const;
 
+    /// The text of the tooltip that is shown; "" when there is none.
+    Q_INVOKABLE QString shownToolTip() const;
+
     /// Holds a key in the item's window for three repetitions.
     Q_INVOKABLE void holdKey(QObject *itemOfWindow, int key) const;
 
