@@ -17,7 +17,7 @@ DraggableQuickView::DraggableQuickView(bool staysOnTop)
     } else {
         setFlags(Qt::FramelessWindowHint);
     }
-    // On a screen of another density the window system's rounding would stay.
+    // The size that the window system rounds on a screen of another density would stay.
     connect(
         this, &QWindow::screenChanged, this, [this] { resize(documentSize()); }, Qt::QueuedConnection);
 }
@@ -57,10 +57,10 @@ void DraggableQuickView::mousePressEvent(QMouseEvent *event)
 void DraggableQuickView::mouseMoveEvent(QMouseEvent *event)
 {
     if (event->buttons().testFlag(Qt::LeftButton) && dragging) {
-        // position() may be ahead of the window manager: a real event knows where the pointer is on the screen.
+        // position() may be ahead of the window manager; a real event knows where the pointer is on the screen.
         const QPoint place = event->spontaneous() ? placeBelow(event->globalPos())
                                                   : position() + event->pos() - dragPosition;
-        // With its size, which the window loses by the way to a screen of another density.
+        // Sets the size, too: the window loses it on its way to a screen of another density.
         setGeometry(QRect(place, documentSize()));
         return;
     }

@@ -3,14 +3,13 @@
 #include <QRect>
 #include <QVector>
 
-/// A screen: its place, with its size in units of its own, and how many of the window system's units one of them is.
+/// A screen's geometry in its own units, and the length of one of them in units of the window system.
 struct ScreenArea
 {
     QRect area;
     double unit;
 };
 
-/// Where a window of \a size belongs for its point \a grip to lie below \a pointer. Each screen counts in its own units, the
-/// pointer in those of the screen that it is on, the window in those of the screen that holds its middle. \a screens has the
-/// window's present screen first.
+/// The position of a window of `size` whose point `grip` is below `pointer`. The pointer is in units of the screen it is
+/// on, the result in units of the screen that holds the window's centre. The first of `screens` is the window's.
 QPoint dragPlace(QPoint pointer, QPoint grip, QSize size, const QVector<ScreenArea> &screens);

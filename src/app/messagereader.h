@@ -5,9 +5,8 @@
 
 class QIODevice;
 
-/// Reads one message: a 32-bit big-endian length, then that many bytes of UTF-8.
-///
-/// The sender is not trusted: memory grows with the bytes received, never with the announced length.
+/// Reads one message: a 32-bit big-endian length, then that many bytes of UTF-8. The sender is not trusted: memory grows
+/// with the bytes received, never with the announced length.
 class MessageReader
 {
     Q_DISABLE_COPY(MessageReader)

@@ -2,6 +2,6 @@
 
 class QScreen;
 
-/// How many units of the window system one unit of a screen's coordinates is long: where screens have coordinates of their
-/// own density, the density.
+/// The length of one unit of the screen's coordinates in units of the window system: the screen's density where each
+/// screen has coordinates of its own, else 1.
 double screenUnit(const QScreen &screen);

@@ -2,6 +2,6 @@
 
 double screenUnit(const QScreen &)
 {
-    // The window system itself counts in points, whatever the density of the screen.
+    // The window system counts in points on screens of every density.
     return 1;
 }
