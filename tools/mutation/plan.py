@@ -45,6 +45,7 @@ PLAN = {
     "src/app/qtsinglecoreapplication.cpp": CORE_APPLICATION,
     "src/app/qtsinglecoreapplication.h": CORE_APPLICATION,
     "src/app/socketwaits.cpp": PEER,
+    "src/app": VIEW,
     "src/copies": COPIES,
     "src/js/AutocompleteLogic.js": ("tst_AutocompleteLogic",),
     "src/js/ListLogic.js": ("tst_ListLogic",),
@@ -85,6 +86,7 @@ PLAN = {
     "src/restore": RESTORE,
     "src/service/macversion.h": ("tst_MacVersion",),
     "src/service/userposition.cpp": ("tst_ServicePlacement", "tst_ServiceWindows"),
+    "src/service/widgetservice_desktop.cpp": (*SERVICE, "desktop_quitting"),
     "src/service/widgetservice_printing.cpp": ("tst_ServiceStepCells", "tst_ServiceReport", "tst_ServicePrinting"),
     "src/service/widgetservice_statistics.cpp": (
         "tst_ServiceConstruction", "tst_ServiceFirstStart", "tst_ServiceStatistics", "tst_ServiceUpload"),
@@ -97,7 +99,7 @@ PLAN = {
 }
 
 # The targets of tests whose target has another name.
-TARGETS = {"desktop_restore": ("tandry", "tandry-restore")} | dict.fromkeys(
+TARGETS = {"desktop_restore": ("tandry", "tandry-restore"), "desktop_quitting": ("tandry",)} | dict.fromkeys(
     (*EDITOR, *LIST, *MAIN, *CONTROLS, "tst_Autocomplete", "tst_ContactPopup", "tst_LargerTexts", "tst_Looks",
      "tst_PatientsResults", "tst_Question"), ("tandry_document_tests",))
 
