@@ -39,6 +39,7 @@ def main():
     build = pathlib.Path(sys.argv[sys.argv.index("--build") + 1]).resolve()
     # Set before the modules are loaded: the support reads these variables.
     os.environ["TANDRY_PROGRAM"] = str(build / "src" / "tandry")
+    os.environ["TANDRY_RESTORE"] = str(build / "src" / "restore" / "tandry-restore")
     os.environ["TANDRY_TRUST"] = str(build / "tests" / "desktop" / "trust" / "plugins")
     os.environ["TANDRY_ARTEFACTS"] = str(build / "desktop-artefacts")
     modules = {path.stem: importlib.import_module(path.stem) for path in sorted(TRIALS.glob("*.py"))}
