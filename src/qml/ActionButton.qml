@@ -46,8 +46,8 @@ Rectangle {
         color: root.textColor
         elide: Text.ElideRight
         font.bold: root.textBold
-        maximumTextScale: 1.1
         horizontalAlignment: root.hasImage ? Text.AlignLeft : Text.AlignHCenter
+        maximumTextScale: 1.1
         points: 10
         text: root.text
     }

@@ -132,8 +132,8 @@ Rectangle {
                 id: checkboxAll
 
                 focusColor: Palette.focusOnDark
-                name: qsTr("Tout sélectionner")
                 mark.outlined: false
+                name: qsTr("Tout sélectionner")
                 narrow: true
                 tickColor: Palette.tickAll
 

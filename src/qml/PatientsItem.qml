@@ -54,9 +54,9 @@ Item {
                 verticalCenter: parent.verticalCenter
             }
             elide: Text.ElideRight
+            maximumLineCount: 1
             // The links must be readable whole; most names fit at the larger scale.
             maximumTextScale: root.alwaysBold ? 1 : 1.5
-            maximumLineCount: 1
             objectName: "label"
             points: 10
             text: root.text.replace(/[\r\n]+/g, " ")

@@ -33,8 +33,8 @@ Item {
         anchors.centerIn: parent
         color: Palette.editorLabel
         font.bold: true
-        maximumTextScale: 1
         horizontalAlignment: Text.AlignHCenter
+        maximumTextScale: 1
         opacity: clickable.containsMouse ? 0.7 : 1
         text: root.text
         textFormat: Text.RichText

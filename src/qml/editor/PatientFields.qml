@@ -48,8 +48,8 @@ Rectangle {
         id: phoneLabel
 
         color: Palette.editorLabel
-        maximumTextScale: 1.2
         height: 40
+        maximumTextScale: 1.2
         points: 10
         text: qsTr("Téléphone :")
         verticalAlignment: Text.AlignVCenter
@@ -68,8 +68,8 @@ Rectangle {
         }
         bold: true
         color: Palette.editorText
-        maximumTextScale: 1.2
         maximumLength: 14
+        maximumTextScale: 1.2
         name: qsTr("Téléphone")
         placeholderColor: Palette.editorPlaceholder
         placeholderText: qsTr("06...")
@@ -91,8 +91,8 @@ Rectangle {
         id: firstAppointmentLabel
 
         anchors {
-            left: phoneLabel.left
             bottom: firstAppointmentText.top
+            left: phoneLabel.left
         }
         color: Palette.editorLabel
         maximumTextScale: 1.2
@@ -130,7 +130,7 @@ Rectangle {
             id: validate
 
             backgroundColor: root.deleteMode ? Palette.remove : Palette.save
-            // Holds until the editor first sets it: from then on only the editor knows whether a save is under way.
+            // The first assignment by the editor ends this binding: from then on only the editor knows of a save under way.
             disabled: root.patientId === "" && root.patientName === ""
             hoveredBackgroundColor: root.deleteMode ? Palette.removeHovered : Palette.saveHovered
             image: root.deleteMode ? "../../images/no-white.png" : "../../images/yes-white.png"

@@ -17,8 +17,8 @@ QtObject {
         TableColumn {
             alignment: Text.AlignLeft
             bold: true
-            maximumTextScale: 1.4
             key: "name"
+            maximumTextScale: 1.4
             points: 9
             roles: ({ name: "" })
             text: function (row) { return row.iname; }
@@ -26,8 +26,8 @@ QtObject {
             width: 0.19
         },
         TableColumn {
-            maximumTextScale: 1.3
             key: "firstAppointment"
+            maximumTextScale: 1.3
             roles: ({ created_format: "" })
             text: function (row) { return row.icreated; }
             title: qsTr("Date<br/>1<sup>er</sup> RDV")
@@ -74,8 +74,8 @@ QtObject {
             width: 0.07
         },
         TableColumn {
-            maximumTextScale: 1.1
             key: "phone"
+            maximumTextScale: 1.1
             // A number of full length is a little wider than the column.
             overhang: root.gap / 2
             roles: ({ phone: "" })

@@ -14,9 +14,9 @@ WidgetText {
     color: emphasised && row.red ? Palette.tableEmphasis : Palette.tableText
     elide: Text.ElideRight
     font.bold: column.bold || emphasised
-    maximumTextScale: column.maximumTextScale
     height: Metrics.tableRowHeight
     horizontalAlignment: column.alignment
+    maximumTextScale: column.maximumTextScale
     maximumLineCount: 1
     objectName: column.key
     points: column.points

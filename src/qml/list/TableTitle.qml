@@ -18,8 +18,8 @@ Item {
         anchors.centerIn: parent
         color: Palette.white
         font.bold: true
-        maximumTextScale: 1
         horizontalAlignment: Text.AlignHCenter
+        maximumTextScale: 1
         points: 8
         text: root.text
         textFormat: Text.RichText
