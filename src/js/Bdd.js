@@ -24,7 +24,7 @@ function read(work) {
 
 /// Runs one writing statement and calls done(result) once it is safely stored.
 ///
-/// It commits by itself: the storage module neither rolls back after an exception nor reports a commit that fails
+/// It executes COMMIT itself: the storage module neither rolls back after an exception nor reports a commit that fails
 /// (another process reads the file, the disk is full), and the answer would be lost in silence.
 function write(statement, values, done) {
     Storage.open().transaction(function (tx) {
@@ -43,7 +43,7 @@ function write(statement, values, done) {
     });
 }
 
-/// The module binds an empty text as NULL, which the name must not be; only one that was cut from another stays a text.
+/// The module binds "" as NULL, which the name's column refuses. An empty slice of another text is bound as a text.
 function bindable(value) {
     return value === "" ? " ".slice(1) : value;
 }
@@ -54,8 +54,8 @@ function recordHead() {
            + "(notification_date <= date(\"now\") AND notification_date != \"\") AS waiting FROM `Patients`";
 }
 
-/// The rule of waiting. date("now") is the day in UTC, written dates are local: near midnight a reminder may count a day
-/// early or late. The counts, the list and a record's `waiting` compare alike, and so agree.
+/// Selects the waiting patients. date("now") is the day in UTC, written dates are local: near midnight a reminder may
+/// count a day early or late. The counts, the list and a record's `waiting` compare alike and therefore agree.
 function waitingCondition() {
     return " WHERE notification_date <= date(\"now\") AND notification_date != \"\"";
 }
@@ -95,7 +95,7 @@ function get(id, callback) {
 function insert(data, callback) {
     var row;
 
-    // Before the check: a patient that comes before init() is not stored, and the log is the only trace of him.
+    // Before the check: a patient inserted before init() is not stored, and this line is the only trace.
     console.debug("Insert called");
     if (!opened) {
         return;

@@ -34,7 +34,7 @@ function show(patients) {
     }
 }
 
-/// Deletes the ticked patients, without a question. Emits both signals even when none is ticked: the bin then brings
+/// Deletes the ticked patients, without confirmation. Emits both signals even when none is ticked: the bin then brings
 /// every window up to date with the store.
 function deleteChecked() {
     var ids = [];

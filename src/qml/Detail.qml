@@ -70,7 +70,7 @@ FocusScope {
         pathway.expandFirst();
     }
 
-    /// Stores the patient: after the answer to the step of key q, or without one for the fields.
+    /// Stores the patient: after the answer to the step of key q, or, without a key, after an edit of the fields.
     function save(q) {
         if (loaded) {
             EditorLogic.save(q);
@@ -96,7 +96,7 @@ FocusScope {
         return data;
     }
 
-    /// Deletes the stored patient and leaves the editor. There is no question: the name had to be emptied first.
+    /// Deletes the stored patient and leaves the editor. No confirmation: the user has had to empty the name first.
     function remove() {
         if (loaded && currentId !== "") {
             Bdd.remove(currentId);
@@ -107,7 +107,7 @@ FocusScope {
         canceled();
     }
 
-    /// Drops what is not saved: shows the stored patient again, or leaves the editor when there is none.
+    /// Discards unsaved changes: shows the stored patient again, or leaves the editor when there is none.
     function cancel() {
         if (currentId !== "") {
             EditorLogic.read(currentId, "base");
@@ -123,7 +123,7 @@ FocusScope {
         return Bdd.formatDate(new Date()).split("-").reverse().join("/");
     }
 
-    /// YYYY-MM-DD of DD/MM/YYYY; "" for anything but a text that is not empty.
+    /// YYYY-MM-DD of DD/MM/YYYY; "" for an empty text, and for a value that is not a text.
     function formatDate(d) {
         return typeof d === "string" && d !== "" ? d.split("/").reverse().join("-") : "";
     }

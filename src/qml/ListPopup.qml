@@ -7,7 +7,7 @@ import "style"
 import "../js/Bdd.js" as Bdd
 import "../js/ListLogic.js" as ListLogic
 
-// The patient list popup: the waiting patients or all of them, to be opened, ticked, deleted and printed.
+// The patient list popup: opens, ticks, deletes and prints the waiting patients or all of them.
 Rectangle {
     id: root
 

@@ -38,7 +38,7 @@ Rectangle {
         image: "../images/back.png"
         name: qsTr("Retour")
         pressedOpacity: 0.8
-        // It saves nothing: users know the arrow by this word, and the manual explains it to them.
+        // It saves nothing, but users know the arrow by this word, and the manual explains it.
         tooltip: qsTr("Enregistrer")
         width: height
 

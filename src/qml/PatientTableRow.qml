@@ -25,13 +25,15 @@ Rectangle {
     property var idate3: record ? record.date3 : null
     property bool ichecked: record ? record.checked : false
     property alias exchecked: tick.checked
+    /// Whether the index of the row is even.
     property bool pair: false
+    /// Whether emphasised cells are red.
     property bool red: false
     property color rowColor: Palette.tableRow
     property color pairRowColor: Palette.tablePairRow
     property color rowColorHovered: Palette.tableRowHovered
     property color pairRowColorHovered: Palette.tableRowHovered
-    /// Whether Tab stops in this row; in a table it stops in one, whose keys lead to the others.
+    /// Whether Tab stops in this row. In a table it stops in one row, and the arrow keys lead to the others.
     property bool tabStop: true
     property bool hasPrevious: false
     property bool hasNext: false

@@ -31,7 +31,7 @@ ThinScrollView {
         delegate: PatientsItem {
             width: list.width
 
-            // Every row keeps the default icon, and so reports the default gender: the editor reads the patient's own.
+            // Every row has the default icon and reports the default gender: the editor reads the patient's own.
             onClicked: root.selected(model.id, model.name, genderMale)
         }
     }

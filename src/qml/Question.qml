@@ -133,7 +133,7 @@ Item {
         height: 40
         objectName: "answerRow"
         spacing: 30
-        // At once, so that Tab reaches the answers while they appear.
+        // Visible at once, so that Tab reaches the answers while they appear.
         visible: root.checked || root.height > Metrics.questionHeight
 
         AnswerBox {

@@ -2,7 +2,7 @@ import QtQuick 2.2
 import "base"
 import "style"
 
-// A gate of the pathway: a button that says what must have happened before the next question.
+// A gate of the pathway: the user clicks it to confirm what must have happened before the next question.
 Item {
     id: root
 

@@ -124,7 +124,7 @@ function readReminder() {
     }
 }
 
-/// The data of a save as a record; values that they do not hold come from the record before.
+/// The data of a save as a record; values that the data lack come from the record `before`.
 function toRecord(data, before) {
     var record = {};
 
@@ -138,8 +138,8 @@ function toRecord(data, before) {
     return record;
 }
 
-/// Shows the answers of that record in place of one that was not stored. Later, when both boxes of the question have
-/// changed; until then nothing is saved.
+/// Shows the answers of that record in place of the one that was not stored. Deferred until both boxes of the question
+/// have changed; until then nothing is saved.
 function restoreAnswers(record) {
     var id = root.currentId;
 

@@ -1,8 +1,7 @@
 .pragma library
 
-// What the five step cells of the patient list say of a row, a PatientTableRow, and when they are emphasised. The
-// printed report has rules of its own: it hides answers that an earlier step would not lead to, the list shows every
-// given answer.
+// Text and emphasis of the five step cells of a row (a PatientTableRow) of the patient list. The printed report has
+// rules of its own: it hides the answers after the first open or refused step, the list shows every given answer.
 
 function isGiven(date) {
     return date !== "" && date !== null && date !== undefined;
@@ -47,7 +46,7 @@ function allergyText(row) {
     return workUp === qsTr("Oui") || workUp === "-" ? "?" : "";
 }
 
-/// Unlike the appointments, a "Non" is no reason to emphasise here or in the skin tests.
+/// Unlike with the appointments, a "Non" is not emphasised, here and in the skin tests.
 function isAllergyEmphasised(row, text) {
     return text === "?";
 }

@@ -1,6 +1,6 @@
 .pragma library
 
-// Patient records: what the store hands out for a row of its table, and what it takes to be stored.
+// Patient records: as the store returns them, made from the rows of its table, and as it accepts them for storing.
 
 /// The sixteen columns, `created_format` and `waiting`.
 var keyCount = 18;
@@ -15,7 +15,8 @@ function fromRows(rows) {
     });
 }
 
-/// `id`, `genderMale` and `name` are never NULL; `created` and `waiting` only beside one of these.
+/// `id`, `genderMale` and `name` are never NULL. `created` is NULL only together with `created_format`, `waiting` only
+/// together with `notification_date`.
 function hasNull(row) {
     return row.phone === null || row.created_format === null || row.test === null || row.test_date === null
            || row.rdv1 === null || row.date1 === null || row.confirmation === null || row.confirmation_date === null

@@ -5,11 +5,11 @@
 
 var database = null;
 
-/// How long a statement waits for a file that is locked, and a window freezes for it.
+/// How long a statement waits for a locked file. The window is frozen meanwhile.
 var waitMs = 1000;
 
-/// The open database with its table at schema version "1.3". Throws when it cannot be opened, or its table not made;
-/// the next call tries again.
+/// The open database with its table at schema version "1.3". Throws when it cannot be opened or its
+/// table cannot be created; the next call tries again.
 function open() {
     var opened;
 
@@ -26,7 +26,7 @@ function openFile() {
 }
 
 /// Brings the database up to date, unless another window of this process has. Only the first attempt of a process waits
-/// for a file that another process holds: each window would freeze once more for it.
+/// for a file that another process has locked; otherwise every window would freeze in turn.
 function prepare(database) {
     var tried = run(database, "PRAGMA busy_timeout").some(function (row) {
         return row.timeout === waitMs;
@@ -44,14 +44,14 @@ function prepare(database) {
     }
 }
 
-/// A file held by another process makes every statement wait so long.
+/// Limits the time that a statement waits for a file locked by another process.
 function limitWaiting(database, ms) {
     run(database, "PRAGMA busy_timeout = " + ms);
 }
 
 /// Whether a window of this process has brought the database up to date. All windows share one connection, and its
-/// temporary schema, which goes with the process, holds the mark. Without it a version record that is lost while the
-/// program runs would cost all patients as soon as the next window opened.
+/// temporary schema, which ends with the process, holds the mark. Without the mark, a version record lost while the
+/// program runs would delete all patients as soon as the next window opened.
 function isPrepared(database) {
     return run(database, "PRAGMA temp.user_version").some(function (row) {
         return row.user_version === 1;
@@ -70,7 +70,7 @@ function migrate(database) {
         if (!hasTable(database)) {
             createTable(database);
         }
-        // Intended: patients of an older schema are thrown away, none of them can be converted.
+        // Intended: patients of an older schema are dropped, because they cannot be converted.
         startOver(database, version, "DROP TABLE `Patients`");
     } else if (version === "") {
         startOver(database, "", "DROP TABLE IF EXISTS `Patients`");
@@ -99,7 +99,7 @@ function startOver(database, version, statement) {
             }
         });
     } catch (error) {
-        // The module cannot commit what was rolled back; where another copy has done it all, nothing is left to do.
+        // The module cannot commit what was rolled back. If another start has migrated, nothing is left to do.
         if (!overtaken) {
             throw error;
         }

@@ -9,7 +9,7 @@ Menu {
     property int selectionStart: 0
     property int selectionEnd: 0
 
-    /// Opens the menu at a place of the field.
+    /// Opens the menu at a point of the field.
     function open(x, y) {
         var place = field.mapToItem(null, x, y);
 

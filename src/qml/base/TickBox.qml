@@ -1,6 +1,6 @@
 import QtQuick 2.2
 
-// A box with a tick. Its user decides what a click does to `checked`.
+// A box with a tick. The document that uses it decides what a click does to `checked`.
 Clickable {
     id: root
 

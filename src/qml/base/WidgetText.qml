@@ -4,7 +4,7 @@ import "../style"
 // Text of the windows. Plain by default: what a user has typed is data, not markup.
 Text {
     property real points: 9
-    /// The largest scale that fits its box, where the user's system wants larger texts.
+    /// The largest text scale at which the text still fits its box: a larger scale of the system is capped to it.
     property real maximumTextScale: 2
 
     color: Palette.rowText

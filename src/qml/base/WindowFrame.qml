@@ -6,7 +6,7 @@ Rectangle {
     id: root
 
     property string title
-    /// How far the title's bottom lies above the logo's.
+    /// The distance of the title's bottom above the logo's.
     property int titleLift: 0
     property alias titleRight: titleText.right
     property alias dragZone: dragZone

@@ -9,8 +9,9 @@ import "../../js/Bdd.js" as Bdd
 Column {
     id: root
 
+    /// Whether the questions are shown.
     property bool asking: false
-    // A closed gate stays closed for the next patient, too: only a click says that what it waits for has happened.
+    // A closed gate stays closed for the next patient, too: only a click confirms its condition.
     property bool stepPassed: true
     property bool step2Passed: true
     readonly property int internalHeight: firstMargin.height + testQuestion.internalHeight
@@ -93,7 +94,7 @@ Column {
         }
     }
 
-    /// Dates the answer to the step of key q, throws every later answer away and returns q, or "" for an old answer.
+    /// Dates the answer to the step of key q and discards every later answer. Returns q, or "" if the answer is not new.
     function recordAnswer(q) {
         var answered = "";
         var passed = false;

@@ -3,7 +3,7 @@ import QtQuick 2.2
 import "../../js/list/StepCells.js" as StepCells
 
 // The columns of the patient table, from left to right; titles, rows and model are made from this list. `row` is a
-// PatientTableRow: a value that it has no property for is in row.record.
+// PatientTableRow; a value for which it has no property is in row.record.
 QtObject {
     id: root
 

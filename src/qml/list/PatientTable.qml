@@ -14,7 +14,7 @@ Rectangle {
     signal openPatient(string iid)
     signal ticked(int index, bool state)
 
-    /// Goes to the first row.
+    /// Scrolls to the first row and makes it current.
     function showTop() {
         list.currentIndex = 0;
         list.positionViewAtBeginning();

@@ -1,7 +1,7 @@
 import QtQuick 2.2
 
-// The rows of the patient table. A list model fixes a role's type by its first value and knows no NULL, so every row
-// is given all its roles, each of one type: a NULL of the store is a text "" or a flag 0 here, which read the same.
+// The rows of the patient table. A ListModel fixes a role's type by its first value and has no NULL, so every row sets
+// every role, always with the same type: a NULL of the store becomes "" or the flag 0, which the cells show alike.
 ListModel {
     /// Appends an array of patient records, each with its tick `checked`.
     function append(patients) {

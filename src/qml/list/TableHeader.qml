@@ -2,7 +2,7 @@ import QtQuick 2.2
 import "../base"
 import "../style"
 
-// The header of the patient table: its default content is the box at the left, then come the titles of the columns.
+// The header of the patient table: the titles of the columns and, as its default content, the box at the left.
 Rectangle {
     id: root
 

@@ -2,7 +2,7 @@ import QtQuick 2.2
 import "../base"
 import "../style"
 
-// The title of one column of the patient table. A title may be wider than its column, it then uses the gaps beside it.
+// The title of one column of the patient table. A title wider than its column extends into the gaps.
 Item {
     id: root
 

@@ -5,7 +5,7 @@ import QtQuick 2.2
 QtObject {
     readonly property string fontFamily: "Arial"
 
-    // The scale of texts that the user's system wants: 1 at 72 dots per inch, 2 at 144.
+    // The text scale that the user's system requests: 1 at 72 dots per inch, 2 at 144.
     readonly property real textScale: Qt.font({ pointSize: 72 }).pixelSize / 72
 
     readonly property int widgetWidth: 275
@@ -16,12 +16,12 @@ QtObject {
     readonly property int footerBorder: 5
     readonly property int tickBoxSize: 18
 
-    // main window: its frame around the search, around four results as well, and what the frame adds to the editor
+    // main window: with the search alone, with four results, and what its frame adds to the editor
     readonly property int searchHeight: 174
     readonly property int resultsHeight: 326
     readonly property int heightAroundEditor: headerHeight + barHeight + footerBorder
 
-    // patient editor: before it is loaded, its fields without and with the two buttons, its questions
+    // patient editor: before it is loaded; its fields without and with the two buttons; a question
     readonly property int initialEditorHeight: 538
     readonly property int fieldsHeight: 100
     readonly property int fieldsAndButtonsHeight: 138
@@ -34,6 +34,7 @@ QtObject {
     readonly property int tableFooterHeight: 42
     readonly property int tableIconSize: 18
 
+    // animations
     readonly property int slideDuration: 600
     readonly property int expandDuration: 300
 }
