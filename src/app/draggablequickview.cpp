@@ -17,7 +17,7 @@ DraggableQuickView::DraggableQuickView(bool staysOnTop)
     } else {
         setFlags(Qt::FramelessWindowHint);
     }
-    // The size that the window system rounds on a screen of another density would stay.
+    // Otherwise the window would keep the size that the window system rounded for a screen of another density.
     connect(
         this, &QWindow::screenChanged, this, [this] { resize(documentSize()); }, Qt::QueuedConnection);
 }
@@ -29,7 +29,7 @@ DraggableQuickView::~DraggableQuickView()
 
 void DraggableQuickView::show()
 {
-    // The window manager places a window anew at each showing unless its position was set.
+    // The window manager places a window anew each time it is shown, unless its position was set.
     if (handle()) {
         setPosition(position());
     }

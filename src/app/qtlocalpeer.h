@@ -9,8 +9,8 @@
 class QLocalServer;
 class QLocalSocket;
 
-/// One instance of the program among those of one user and one executable. The first holds the lock file and listens on
-/// a local socket; a later one can only send it a message.
+/// One instance of the program; one user's instances of one executable know each other. The first holds the lock file
+/// and listens on a local socket; a later one can only send it a message.
 class QtLocalPeer : public QObject
 {
     Q_OBJECT

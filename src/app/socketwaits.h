@@ -2,7 +2,7 @@
 
 class QLocalSocket;
 
-/// The guard's waits for its peer. They have a source file of their own, which the test of their limits replaces.
+/// The guard's waits for its peer, in a source file of their own: the test of their limits replaces it.
 namespace SocketWaits {
 
 /// Waits up to `timeoutMs` until `socket` is connected; false when it is not.

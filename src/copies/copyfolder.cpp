@@ -119,7 +119,7 @@ QString CopyFolder::copyBefore(Copy::Kind kind, const QDate &today)
     return make(copy);
 }
 
-/// Fills a folder under a temporary name and renames it once all of it is on the disk.
+/// Fills a folder under a temporary name and renames it once its whole content is on the disk.
 QString CopyFolder::make(const Copy &copy)
 {
     const QString work = path(unfinishedPrefix + QString::number(QCoreApplication::applicationPid()));

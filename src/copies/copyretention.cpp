@@ -57,13 +57,13 @@ QVector<Copy> dailyInOrderOfMaking(QVector<Copy> copies)
     return copies;
 }
 
-/// The names of the daily copies that a right clock has dated: the longest row whose days follow the order in which
-/// the copies were made.
-QSet<QString> namesWithRightDay(const QVector<Copy> &allCopies)
+/// The names of the daily copies dated by a correct clock: the longest sequence, in the order in which the copies were
+/// made, whose days never decrease.
+QSet<QString> namesWithCorrectDay(const QVector<Copy> &allCopies)
 {
     const QVector<Copy> copies = dailyInOrderOfMaking(allCopies);
-    QVector<int> lengths; // of the longest row that ends with each copy
-    QVector<int> previous; // the copy before it in that row
+    QVector<int> lengths; // of the longest sequence that ends with each copy
+    QVector<int> previous; // the copy before it in that sequence
     int last = -1;
     for (int index = 0; index < copies.size(); ++index) {
         int length = 1;
@@ -76,7 +76,7 @@ QSet<QString> namesWithRightDay(const QVector<Copy> &allCopies)
         }
         lengths.append(length);
         previous.append(before);
-        if (last < 0 || length >= lengths.at(last)) { // of two rows of one length, the one made last
+        if (last < 0 || length >= lengths.at(last)) { // of two equally long sequences, the one made last
             last = index;
         }
     }
@@ -96,12 +96,12 @@ QVector<Copy> superfluousCopies(const QVector<Copy> &copies, const QDate &today)
     PeriodCount weeks(weeksKept);
     PeriodCount months(monthsKept);
     bool isNewest = true;
-    const QSet<QString> rightlyDated = namesWithRightDay(copies);
+    const QSet<QString> correctlyDated = namesWithCorrectDay(copies);
     for (const Copy &copy : copies) {
         if (copy.day > today) {
             continue;
         }
-        if (!rightlyDated.contains(copy.name())) { // made before an upgrade or a return, or by a wrong clock
+        if (!correctlyDated.contains(copy.name())) { // made before an upgrade or a return, or by a wrong clock
             if (months.isFull()) {
                 superfluous.append(copy);
             }

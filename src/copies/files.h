@@ -10,7 +10,7 @@ namespace files {
 QString sync(const QString &path);
 /// Makes a folder and its parents (0700). An existing folder stays as it is.
 QString makeFolder(const QString &path);
-/// Renames a file or folder. A file that has the name already is replaced atomically.
+/// Renames a file or folder. Atomically replaces a file that already has the name.
 QString rename(const QString &from, const QString &to);
 /// Copies the open file `from` into a new file (0600) and waits until it is on the disk.
 QString copy(int from, const QString &to);

@@ -25,7 +25,7 @@ public:
     static QString recordName();
     /// The journals that SQLite leaves beside the database when a process dies: part of its content until played back.
     static QStringList companionNames();
-    /// All of the above.
+    /// The names of all files of the store.
     static QStringList names();
 
     /// The recorded schema version; empty when there is none.

@@ -14,7 +14,7 @@ public:
     Autorun();
     ~Autorun();
 
-    /// Reads the state from the list, so that an edit by hand counts, and updates the desktop's autostart entry to
+    /// Reads the state from the list, which may have been edited by hand, and updates the desktop's autostart entry to
     /// match. False when the list, or its key `Disabled`, is missing or unreadable.
     bool isAutorun() const;
 

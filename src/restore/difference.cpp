@@ -20,7 +20,7 @@ QString counted(int number, const QString &one, const QString &more)
 
 Difference Difference::between(const PatientTable &copy, const PatientTable &today)
 {
-    // Ids are never given twice, unless the table was thrown away in between: then they start at 1 again.
+    // Ids are never reused, unless the table was dropped in between: then they start at 1 again.
     const bool idsHold = today.lastId >= copy.lastId;
     QHash<QString, const QVariantMap *> byPerson;
     QHash<qlonglong, const QVariantMap *> byId;

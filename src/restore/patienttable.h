@@ -8,7 +8,7 @@
 struct PatientTable
 {
     QVector<QVariantMap> rows; ///< in the order of their names
-    qlonglong lastId = 0; ///< the highest id ever given in this table
+    qlonglong lastId = 0; ///< the highest id ever used in this table
     QString error; ///< why the table cannot be read; empty on success
 
     /// Reads the database in `folder` without writing to it. A database with a journal is read from a temporary copy:

@@ -28,7 +28,7 @@ bool UserPosition::eventFilter(QObject *, QEvent *event)
     return false;
 }
 
-/// A push is a move straight up, with no button held, of a window that would otherwise reach below the screen.
+/// Detects a push: a move straight up, with no button held, of a window that would otherwise extend below the screen.
 void UserPosition::noteMove(QPoint from, QPoint to)
 {
     const bool reachedBelow = from.y() + window->height() > bottomOfScreen();

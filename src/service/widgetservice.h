@@ -76,7 +76,7 @@ protected:
     /// Handles closing by the window manager, new dialogs and the end of the session.
     bool eventFilter(QObject *watched, QEvent *event) override;
 
-    // Protected so that tests can replace what the screen and the tray answer, and read the members.
+    // Protected, so that tests can replace what the screen and the tray return, and read the members.
     virtual QSize availableSize(const QWindow &window) const;
     virtual bool trayTakesMessages() const;
     virtual void showTrayMessage(const QString &title, const QString &text, QSystemTrayIcon::MessageIcon icon,

@@ -193,7 +193,7 @@ void WidgetService::openAbout()
     const QString text = tr("<h3>Vesk Tandry</h3><p>Version %1 - <em>%2</em></p>")
                              .arg(QLatin1String(BuildSettings::version), identifier.split(QLatin1Char('-')).first())
         + tr("<p>%1</p>").arg(QString::fromUtf8(BuildSettings::makerLine));
-    // The box opens in the middle of its parent, which is never shown: as in the middle of the widget's screen.
+    // Qt centres the box on its parent, which is never shown: give it the geometry of the widget's screen.
     dialogParent->setGeometry(view->screen()->availableGeometry());
     QMessageBox::about(dialogParent, tr("Vesk Tandry"), text);
 }
