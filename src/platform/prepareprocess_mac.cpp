@@ -19,8 +19,9 @@ void prepareProcess()
     // The patients' folder has this name. The executable's may differ, in a link or a copy.
     QCoreApplication::setApplicationName(QStringLiteral("Vesk Tandry"));
 
-    // Otherwise Qt uses the current folder as the temporary one and puts the lock file there.
-    if (qEnvironmentVariableIsSet(temporaryVariable) && !QFileInfo(qEnvironmentVariable(temporaryVariable)).isDir()) {
+    // Otherwise Qt puts the lock file into the current folder, or into one below it.
+    const QFileInfo temporary(qEnvironmentVariable(temporaryVariable));
+    if (!temporary.isAbsolute() || !temporary.isDir()) {
         qunsetenv(temporaryVariable);
     }
 }

@@ -85,6 +85,7 @@ void tst_PrepareProcess::the_patients_folder_does_not_depend_on_the_name_of_the_
 void tst_PrepareProcess::a_missing_temporary_folder_does_not_become_the_current_one()
 {
     QCOMPARE(probe("prepare", {{"TMPDIR", "/nowhere"}})["temporary"].toString(), QString("/tmp"));
+    QCOMPARE(probe("prepare", {{"TMPDIR", "."}})["temporary"].toString(), QString("/tmp"));
     QCOMPARE(probe("prepare", {{"TMPDIR", QDir::tempPath()}})["temporary"].toString(), QDir::tempPath());
 }
 

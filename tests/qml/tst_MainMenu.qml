@@ -71,6 +71,16 @@ Item {
             compare(hide.count, 0);
         }
 
+        function test_a_picture_button_looks_pressed_until_the_release() {
+            var cross = named(main, "Fermer");
+
+            mousePress(cross, 8, 8);
+            mouseMove(cross, 8, 80);
+            compare(cross.picture.opacity, 0.5);
+            mouseRelease(cross, 8, 80);
+            compare(cross.picture.opacity, 1);
+        }
+
         function test_pressing_the_header_starts_dragging_data() {
             return [
                 { tag: "left edge", x: 3, y: 3, button: Qt.LeftButton, starts: 1 },

@@ -25,7 +25,7 @@ Clickable {
         id: picture
 
         anchors.centerIn: parent
-        opacity: !root.containsMouse ? root.idleOpacity : root.pressed ? root.pressedOpacity : root.hoveredOpacity
+        opacity: root.pressed ? root.pressedOpacity : root.containsMouse ? root.hoveredOpacity : root.idleOpacity
         source: root.image
     }
 
