@@ -51,13 +51,14 @@ function bindable(value) {
 /// The head shared by every read of patient records.
 function recordHead() {
     return "SELECT *, strftime(\"%d/%m/%Y\", created) AS created_format, "
-           + "(notification_date <= date(\"now\") AND notification_date != \"\") AS waiting FROM `Patients`";
+           + "(" + waitingRule() + ") AS waiting FROM `Patients`";
 }
 
-/// Selects the waiting patients. date("now") is the day in UTC, written dates are local: near midnight a reminder may
-/// count a day early or late. The counts, the list and a record's `waiting` compare alike and therefore agree.
-function waitingCondition() {
-    return " WHERE notification_date <= date(\"now\") AND notification_date != \"\"";
+/// The rule of waiting, as an SQL expression. date("now") is the day in UTC, written dates are local: near midnight a
+/// reminder may count a day early or late. The counts, the list and a record's `waiting` compare alike and therefore
+/// agree.
+function waitingRule() {
+    return "notification_date <= date(\"now\") AND notification_date != \"\"";
 }
 
 /// With a filter: callback({startsWith, contains}), both arrays of records in name order. "%" and "_" in the filter are
@@ -161,7 +162,7 @@ function removeList(ids) {
 
 /// callback(row) with row.count waiting patients.
 function getWaitingNumber(callback) {
-    readCount("SELECT COUNT(*) AS count FROM `Patients`" + waitingCondition(), callback);
+    readCount("SELECT COUNT(*) AS count FROM `Patients` WHERE " + waitingRule(), callback);
 }
 
 /// callback(row) with row.count patients.
@@ -184,7 +185,7 @@ function readCount(statement, callback) {
 function selectWaiting(callback) {
     read(function (tx) {
         callback(Storage.toArray(tx.executeSql("SELECT *, strftime(\"%d/%m/%Y\", created) AS created_format "
-                                               + "FROM `Patients`" + waitingCondition() + " ORDER BY name")));
+                                               + "FROM `Patients` WHERE " + waitingRule() + " ORDER BY name")));
     });
 }
 
