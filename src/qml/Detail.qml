@@ -33,17 +33,22 @@ FocusScope {
     /// Shows the patient of that id, or a new one with that name when the id is null or "".
     function load(newId, name) {
         if (newId === null || newId === "") {
-            loaded = false;
-            missing = false;
-            reminderOutdated = false;
-            currentId = "";
-            model = {};
-            displayModel();
+            showEmpty();
             loaded = true;
             nameStatus.name = name;
         } else {
             EditorLogic.read(newId, state);
         }
+    }
+
+    /// Shows a patient without data, not stored yet. Edits are ignored until `loaded` is set.
+    function showEmpty() {
+        loaded = false;
+        missing = false;
+        reminderOutdated = false;
+        currentId = "";
+        model = {};
+        displayModel();
     }
 
     /// Shows `model` in all fields and questions.
@@ -61,12 +66,7 @@ FocusScope {
     function reset() {
         state = "base";
         fields.validateDisabled = false;
-        loaded = false;
-        missing = false;
-        reminderOutdated = false;
-        currentId = "";
-        model = {};
-        displayModel();
+        showEmpty();
         pathway.expandFirst();
     }
 
