@@ -41,7 +41,7 @@ Rectangle {
     signal clicked
     signal openPatient(string iid)
     /// The focus moves this many rows down, to the part of that number.
-    signal focusLeft(real rows, int part)
+    signal focusMoved(real rows, int part)
 
     /// Focuses a part of the row: 0 the tick, 1 the patient, 2 the SMS button.
     function focusPart(part) {
@@ -63,7 +63,7 @@ Rectangle {
 
         event.accepted = rows !== 0;
         if (rows !== 0) {
-            focusLeft(rows, focusedPart());
+            focusMoved(rows, focusedPart());
         }
     }
 
@@ -89,7 +89,7 @@ Rectangle {
     function moveByTab(event, possible, rows, part) {
         event.accepted = possible;
         if (possible) {
-            focusLeft(rows, part);
+            focusMoved(rows, part);
         }
     }
 

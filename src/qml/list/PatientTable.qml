@@ -70,7 +70,7 @@ Rectangle {
                 width: root.width
 
                 onExcheckedChanged: root.ticked(index, exchecked)
-                onFocusLeft: list.focusRow(index + rows, part)
+                onFocusMoved: list.focusRow(index + rows, part)
                 onOpenPatient: root.openPatient(iid)
             }
             highlightFollowsCurrentItem: false
