@@ -144,6 +144,15 @@ Rectangle {
         DeferredLoader {
             id: table
 
+            function connectTable() {
+                item.patients = model;
+                item.showTop();
+                item.name = Qt.binding(function () { return root.waitingShown ? waitingTab.title : allTab.title; });
+                item.waiting = Qt.binding(function () { return root.waitingShown; });
+                item.openPatient.connect(root.openPatient);
+                item.ticked.connect(ListLogic.checkIt);
+            }
+
             anchors {
                 bottom: tableFooter.top
                 top: tableHeader.bottom
@@ -152,14 +161,7 @@ Rectangle {
             width: parent.width
 
             onShownChanged: loadNow()
-            onLoaded: {
-                item.patients = model;
-                item.showTop();
-                item.name = Qt.binding(function () { return root.waitingShown ? waitingTab.title : allTab.title; });
-                item.waiting = Qt.binding(function () { return root.waitingShown; });
-                item.openPatient.connect(root.openPatient);
-                item.ticked.connect(ListLogic.checkIt);
-            }
+            onLoaded: connectTable()
         }
 
         TableFooter {

@@ -30,13 +30,21 @@ Rectangle {
 
     /// Reads the number of waiting patients and of all patients.
     function refresh() {
-        Bdd.getWaitingNumber(function (row) {
-            number = row.count;
-        });
+        Bdd.getWaitingNumber(function (row) { number = row.count; });
         Bdd.getNumber(function (row) {
             total = row.count;
             counted = true;
         });
+    }
+
+    function openStore() {
+        try {
+            Bdd.init(refresh);
+        } finally {
+            // Even when the store does not open: catchUp() tries again.
+            readyTimer.start();
+            autocomplete.focus();
+        }
     }
 
     /// Refreshes the views if the start could not read the store.
@@ -98,15 +106,7 @@ Rectangle {
     // In the log of a fault these lines show when the window grew and shrank.
     onHeightChanged: console.log(height)
     onInternalHeightChanged: followFrame()
-    Component.onCompleted: {
-        try {
-            Bdd.init(refresh);
-        } finally {
-            // Even when the store does not open: catchUp() tries again.
-            readyTimer.start();
-            autocomplete.focus();
-        }
-    }
+    Component.onCompleted: openStore()
     Keys.onPressed: container.openContextMenuByKey(event)
 
     Timer {
@@ -196,6 +196,14 @@ Rectangle {
         DeferredLoader {
             id: editor
 
+            function connectEditor() {
+                item.nameStatus = nameBar;
+                item.externalGenderMale = Qt.binding(function () { return nameBar.genderMale; });
+                item.externalName = Qt.binding(function () { return nameBar.name; });
+                item.canceled.connect(root.leaveEditor);
+                item.needRefresh.connect(root.needRefresh);
+            }
+
             anchors {
                 left: listPane.right
                 top: autocomplete.bottom
@@ -203,13 +211,7 @@ Rectangle {
             source: "Detail.qml"
             visible: root.state === "open" || listPane.anchors.leftMargin < 0
 
-            onLoaded: {
-                item.nameStatus = nameBar;
-                item.externalGenderMale = Qt.binding(function () { return nameBar.genderMale; });
-                item.externalName = Qt.binding(function () { return nameBar.name; });
-                item.canceled.connect(root.leaveEditor);
-                item.needRefresh.connect(root.needRefresh);
-            }
+            onLoaded: connectEditor()
         }
     }
 

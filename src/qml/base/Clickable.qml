@@ -39,6 +39,13 @@ Item {
         }
     }
 
+    function hold(event) {
+        event.accepted = holdable;
+        if (holdable) {
+            pressAndHold();
+        }
+    }
+
     activeFocusOnTab: true
 
     Keys.onEnterPressed: root.triggerByKey(event)
@@ -58,12 +65,7 @@ Item {
         hoverEnabled: true
 
         onClicked: mouse.button === Qt.LeftButton ? root.trigger() : root.rightClicked()
-        onPressAndHold: {
-            mouse.accepted = root.holdable;
-            if (root.holdable) {
-                root.pressAndHold();
-            }
-        }
+        onPressAndHold: root.hold(mouse)
     }
 
     FocusRing {

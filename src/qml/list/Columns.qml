@@ -124,7 +124,7 @@ QtObject {
         }, []);
     }
 
-    Component.onCompleted: {
+    function placeColumns() {
         var left = gap + tickWidth;
         var i;
 
@@ -133,4 +133,6 @@ QtObject {
             left = all[i].left + all[i].width;
         }
     }
+
+    Component.onCompleted: placeColumns()
 }
