@@ -100,7 +100,8 @@ Rectangle {
     }
 
     color: Palette.transparent
-    height: Metrics.searchHeight
+    // Metrics.searchHeight as a number: the first value of a binding would be logged as a change.
+    height: 174
     width: Metrics.widgetWidth
 
     // In the log of a fault these lines show when the window grew and shrank.

@@ -42,6 +42,7 @@ DEPENDS = ["qml-module-qtquick2", "qml-module-qtquick-controls", "qml-module-qtq
            "qml-module-qtquick-window2", "libqt5sql5-sqlite", "fonts-liberation | fonts-liberation2"]
 # The package of each imported module; some packages provide several modules.
 PACKAGE_OF_IMPORT = {"QtQuick": "qml-module-qtquick2", "QtQuick.Controls": "qml-module-qtquick-controls",
+                     "QtQuick.Controls.Private": "qml-module-qtquick-controls",
                      "QtQuick.Controls.Styles": "qml-module-qtquick-controls",
                      "QtQuick.LocalStorage": "qml-module-qtquick-localstorage",
                      "QtQuick.Window": "qml-module-qtquick-window2"}
