@@ -19,6 +19,8 @@ private slots:
     void toggle_hides_what_is_visible_and_shows_what_is_not();
     void closing_slot_hides_its_own_window_only_data();
     void closing_slot_hides_its_own_window_only();
+    void window_manager_s_close_hides_a_popup_or_asks_data();
+    void window_manager_s_close_hides_a_popup_or_asks();
     void opening_a_popup_is_counted_data();
     void opening_a_popup_is_counted();
     void counter_stays_at_its_maximum();
@@ -100,6 +102,36 @@ void ServiceWindows::closing_slot_hides_its_own_window_only()
         window->show();
     Effects observed(running);
     running.call(QTest::currentDataTag());
+    COMPARE_LINES(observed.take(), {effect});
+}
+
+void ServiceWindows::window_manager_s_close_hides_a_popup_or_asks_data()
+{
+    QTest::addColumn<QString>("document");
+    QTest::addColumn<QString>("effect");
+    QTest::newRow("widget") << "main.qml"
+                            << "box: Fermeture de Tandry";
+    QTest::newRow("list") << "ListPopup.qml"
+                          << "list hidden";
+    QTest::newRow("contacts") << "ContactPopup.qml"
+                              << "contact hidden";
+}
+
+void ServiceWindows::window_manager_s_close_hides_a_popup_or_asks()
+{
+    QFETCH(QString, document);
+    QFETCH(QString, effect);
+    LogCapture log;
+    RunningService running;
+    for (DraggableQuickView *window : {running.main, running.list, running.contact})
+        window->show();
+    Effects observed(running);
+    DraggableQuickView *window = windowOf(document.toUtf8());
+
+    QVERIFY(!window->close()); // refused: some systems destroy a window that accepts
+
+    QVERIFY(window->handle());
+    QCoreApplication::processEvents(); // the question is queued
     COMPARE_LINES(observed.take(), {effect});
 }
 
