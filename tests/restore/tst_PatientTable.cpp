@@ -5,6 +5,27 @@
 
 using namespace practice;
 
+namespace {
+
+/// The columns of the table in that folder with their declared types: "created date".
+QStringList typedColumns(const QString &folder)
+{
+    QStringList columns;
+    {
+        QSqlDatabase database = QSqlDatabase::addDatabase("QSQLITE", "columns");
+        database.setDatabaseName(folder + '/' + StoreFiles::databaseName());
+        if (!database.open())
+            qFatal("%s", qPrintable(database.lastError().text()));
+        QSqlQuery query("SELECT name, type FROM pragma_table_info('Patients') ORDER BY name", database);
+        while (query.next())
+            columns << query.value(0).toString() + ' ' + query.value(1).toString();
+    }
+    QSqlDatabase::removeDatabase("columns");
+    return columns;
+}
+
+} // namespace
+
 class tst_PatientTable : public QObject
 {
     Q_OBJECT
@@ -103,6 +124,9 @@ void tst_PatientTable::an_older_table_gets_the_current_columns_and_version()
     QCOMPARE(patients::bringUpToDate(place.path()), QString());
     QCOMPARE(StoreFiles::versionIn(place.path()), QString("1.3"));
     run(place.path(), {dupont}); // the statement names the current columns
+    write(place.filePath("current"), {});
+    QCOMPARE(typedColumns(place.path()), typedColumns(place.filePath("current")));
+    QCOMPARE(typedColumns(place.path()).size(), 16);
     QCOMPARE(names(PatientTable::read(place.path())), QStringList({"DUPONT Marie", "DUPONT Marie"}));
 }
 
