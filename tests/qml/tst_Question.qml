@@ -37,6 +37,15 @@ Item {
             tryCompare(item, "height", 0);
         }
 
+        function test_a_hidden_question_stays_visible_to_its_last_line() {
+            var item = load("Question", { text: asked });
+
+            tryCompare(item, "height", 60);
+            item.height = 1;
+            tryCompare(item, "height", 1);
+            compare(item.visible, true);
+        }
+
         function test_a_question_without_an_answer_shows_no_short_answer() {
             var item = load("Question", { text: asked });
 
@@ -76,7 +85,8 @@ Item {
                 { tag: "to Non by Space", from: "Oui", to: "Non", key: Qt.Key_Space },
                 { tag: "to Non by Return", from: "Oui", to: "Non", key: Qt.Key_Return },
                 { tag: "to Oui by Enter", from: "Non", to: "Oui", key: Qt.Key_Enter },
-                { tag: "to Non by press action", from: "Oui", to: "Non", press: true }
+                { tag: "to Non by press action", from: "Oui", to: "Non", press: "Press" },
+                { tag: "to Oui by toggle action", from: "Non", to: "Oui", press: "Toggle" }
             ];
         }
 
@@ -87,7 +97,7 @@ Item {
             click(named(item, data.from));
             item.saveIt.connect(function () { seen.push([item.yes.checked, item.no.checked].join()); });
             if (data.press) {
-                verify(Native.press(named(item, data.to)));
+                verify(Native.press(named(item, data.to), data.press));
             } else if (data.key) {
                 named(item, data.to).forceActiveFocus();
                 keyClick(data.key);
@@ -109,6 +119,21 @@ Item {
             compare(saved.count, 1);
             compare(item.changed, true);
             compare(item.no.checked, false);
+        }
+
+        function test_assistive_technology_does_not_untick_an_answer_data() {
+            return [{ tag: "Press" }, { tag: "Toggle" }];
+        }
+
+        function test_assistive_technology_does_not_untick_an_answer(data) {
+            var item = unfolded();
+            var saved;
+
+            click(named(item, "Non"));
+            saved = spy(item, "saveIt");
+            verify(Native.press(named(item, "Non"), data.tag));
+            compare(saved.count, 0);
+            compare(item.no.checked, true);
         }
 
         function test_a_click_on_the_ticked_answer_changes_nothing() {

@@ -28,7 +28,7 @@ var rows = [
     ["expanded", "part answerRow", { left: 30, height: 40, top: ["bottom", "part topRow", 0],
      bottom: ["<=", "bottom", ""], visible: true }],
     ["expanded", "control Oui", { left: 30 }],
-    ["expanded", "control Non", { left: [">=", "right", "control Oui"], top: ["top", "control Oui", 0] }],
+    ["expanded", "control Non", { left: ["right", "control Oui", 30], top: ["top", "control Oui", 0] }],
     ["expanded", "type TickMark in control Oui", { width: 18, height: 18, left: 30 }],
     ["expanded", "type TickMark in control Non", { width: 18, height: 18 }],
     ["expanded", "picture tiny-tick.png in control Oui", { visible: false }],
