@@ -75,6 +75,29 @@ Item {
             tryCompare(item, "height", 38);
         }
 
+        function test_hidden_parts_stay_visible_to_their_last_line_data() {
+            return test_hidden_parts_collapse_with_an_animation_data();
+        }
+
+        function test_hidden_parts_stay_visible_to_their_last_line(data) {
+            var item = load(data.tag);
+
+            item.height = 1;
+            tryCompare(item, "height", 1);
+            compare(item.visible, true);
+        }
+
+        function test_a_frame_names_its_logo_and_its_title() {
+            var item = load("base/WindowFrame", { title: "Tandry" });
+            var heard = [picture(item, "logo-vesk.jpg"), textItem(item, "Tandry")].map(function (each) {
+                var accessible = Native.accessible(each);
+
+                return accessible.role + " " + accessible.name;
+            });
+
+            compare(heard, ["Graphic VESK", "StaticText Tandry"]);
+        }
+
         function test_the_accessible_name_of_a_gate_has_no_markup() {
             named(load("StepButton", { text: "Si la 1<sup>ère</sup> prise,<br/>cliquez ici" }),
                   "Si la 1ère prise, cliquez ici");

@@ -55,6 +55,20 @@ Item {
             compare(names(popup), ["DUPONT Marie", "martin Zoé"]);
         }
 
+        function test_the_table_is_named_after_the_tab() {
+            var popup = load("ListPopup");
+            var heard = function () {
+                var accessible = Native.accessible(ofType(popup, "ThinScrollView")[0]);
+
+                return [accessible.role, accessible.name];
+            };
+
+            tryVerify(function () { return ofType(popup, "ThinScrollView").length === 1; });
+            compare(heard(), ["List", waitingTitle]);
+            openTab(popup, allTitle);
+            compare(heard(), ["List", allTitle]);
+        }
+
         function test_a_click_on_the_checked_tab_reloads_nothing_data() {
             return [{ tag: "waiting", title: waitingTitle }, { tag: "all", title: allTitle }];
         }
