@@ -113,6 +113,21 @@ Item {
             compare(detail.model.name, "DUPONT Marie");
         }
 
+        function test_leaving_an_unknown_patient_enables_the_editor() {
+            expectedWarnings = ["The store has no such patient"];
+            detail.load("99", "");
+            compare([detail.missing, fields().enabled, nameBar.editable], [true, false, false]);
+            detail.reset();
+            compare([detail.missing, fields().enabled, nameBar.editable], [false, true, true]);
+        }
+
+        function test_a_new_patient_after_an_unknown_one_can_be_edited() {
+            expectedWarnings = ["The store has no such patient"];
+            detail.load("99", "");
+            detail.load("", "Dupont");
+            compare([detail.missing, fields().enabled, nameBar.editable], [false, true, true]);
+        }
+
         function test_each_step_is_shown_by_its_flag_and_date_data() {
             var rows = [];
 
