@@ -105,6 +105,33 @@ Item {
             compare(Native.accessible(named(item, "Envoi SMS")).role, "Button");
         }
 
+        function test_Tab_visits_the_parts_of_a_row_outside_a_table() {
+            var item = row();
+            var visited = [];
+
+            named(item, "Sélectionner " + marie).forceActiveFocus();
+            while (visited.length < 2) {
+                keyClick(Qt.Key_Tab);
+                visited.push(Native.focusItem(item).name);
+            }
+            compare(visited, ["Ouvrir " + marie, "Envoi SMS"]);
+        }
+
+        function test_the_arrows_report_the_focused_part_data() {
+            return [{ tag: "Sélectionner " + marie, part: 0 }, { tag: "Ouvrir " + marie, part: 1 },
+                    { tag: "Envoi SMS", part: 2 }];
+        }
+
+        function test_the_arrows_report_the_focused_part(data) {
+            var item = row();
+            var left = spy(item, "focusLeft");
+
+            named(item, data.tag).forceActiveFocus();
+            keyClick(Qt.Key_Down);
+            compare(left.count, 1);
+            compare([left.signalArguments[0][0], left.signalArguments[0][1]], [1, data.part]);
+        }
+
         function test_the_accessible_description_of_each_cell_is_its_column() {
             var item = row({ iphone: "0612", icreated: "10/04/2014", itest: 0, itest_date: "2014-04-10", irdv1: 1,
                              idate1: "2014-04-10", iconfirmation: 1, iconfirmation_date: "2014-04-10", irdv2: 1,
