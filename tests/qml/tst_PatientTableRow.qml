@@ -124,12 +124,12 @@ Item {
 
         function test_the_arrows_report_the_focused_part(data) {
             var item = row();
-            var left = spy(item, "focusLeft");
+            var moved = spy(item, "focusMoved");
 
             named(item, data.tag).forceActiveFocus();
             keyClick(Qt.Key_Down);
-            compare(left.count, 1);
-            compare([left.signalArguments[0][0], left.signalArguments[0][1]], [1, data.part]);
+            compare(moved.count, 1);
+            compare([moved.signalArguments[0][0], moved.signalArguments[0][1]], [1, data.part]);
         }
 
         function test_the_accessible_description_of_each_cell_is_its_column() {
