@@ -105,7 +105,7 @@ void WidgetService::connectDocuments()
     connect(main, SIGNAL(needRefresh()), this, SLOT(refreshViews()));
     connect(list, SIGNAL(needRefresh()), this, SLOT(refreshViews()));
     connect(list, SIGNAL(removedPatients(QVariant)), this, SLOT(removedPatients(QVariant)));
-    connect(list, SIGNAL(requestPrint(QString, QVariant)), this, SLOT(requestPrint(QString, QVariant)));
+    connect(list, SIGNAL(requestPrint(QString,QVariant)), this, SLOT(requestPrint(QString,QVariant)));
     connect(main, SIGNAL(ready()), this, SLOT(firstRefresh()));
     connect(main, SIGNAL(autorun(bool)), this, SLOT(setAutorun(bool)));
 
