@@ -48,8 +48,9 @@ void WidgetService::createTrayIcon()
     dialogParent->setWindowIcon(icon);
 
     trayIcon->show();
-    connect(trayIcon, SIGNAL(activated(QSystemTrayIcon::ActivationReason)), this,
-            SLOT(trayActivated(QSystemTrayIcon::ActivationReason)));
+    connect(trayIcon,
+            SIGNAL(activated(QSystemTrayIcon::ActivationReason)), this,
+                   SLOT(trayActivated(QSystemTrayIcon::ActivationReason)));
     connect(trayIcon, SIGNAL(messageClicked()), this, SLOT(openList()));
 }
 
