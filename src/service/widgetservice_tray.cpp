@@ -48,9 +48,8 @@ void WidgetService::createTrayIcon()
     dialogParent->setWindowIcon(icon);
 
     trayIcon->show();
-    connect(trayIcon,
-            SIGNAL(activated(QSystemTrayIcon::ActivationReason)), this,
-                   SLOT(trayActivated(QSystemTrayIcon::ActivationReason)));
+    connect(trayIcon, SIGNAL(activated(QSystemTrayIcon::ActivationReason)), this,
+            SLOT(trayActivated(QSystemTrayIcon::ActivationReason)));
     connect(trayIcon, SIGNAL(messageClicked()), this, SLOT(openList()));
 }
 

@@ -105,7 +105,10 @@ void WidgetService::connectDocuments()
     connect(main, SIGNAL(needRefresh()), this, SLOT(refreshViews()));
     connect(list, SIGNAL(needRefresh()), this, SLOT(refreshViews()));
     connect(list, SIGNAL(removedPatients(QVariant)), this, SLOT(removedPatients(QVariant)));
+    // Without blanks, as Qt normalises a signature:
+    // clang-format off
     connect(list, SIGNAL(requestPrint(QString,QVariant)), this, SLOT(requestPrint(QString,QVariant)));
+    // clang-format on
     connect(main, SIGNAL(ready()), this, SLOT(firstRefresh()));
     connect(main, SIGNAL(autorun(bool)), this, SLOT(setAutorun(bool)));
 
