@@ -6,6 +6,16 @@
 
 #include <QJSEngine>
 
+namespace {
+
+void showAllWindows(RunningService &running)
+{
+    for (DraggableQuickView *window : {running.main, running.list, running.contact})
+        window->show();
+}
+
+} // namespace
+
 /// The slots that show and hide the windows and call functions of the main document.
 class ServiceWindows : public QObject
 {
@@ -98,8 +108,7 @@ void ServiceWindows::closing_slot_hides_its_own_window_only()
     QFETCH(QString, effect);
     LogCapture log;
     RunningService running;
-    for (DraggableQuickView *window : {running.main, running.list, running.contact})
-        window->show();
+    showAllWindows(running);
     Effects observed(running);
     running.call(QTest::currentDataTag());
     COMPARE_LINES(observed.take(), {effect});
@@ -123,8 +132,7 @@ void ServiceWindows::window_manager_s_close_hides_a_popup_or_asks()
     QFETCH(QString, effect);
     LogCapture log;
     RunningService running;
-    for (DraggableQuickView *window : {running.main, running.list, running.contact})
-        window->show();
+    showAllWindows(running);
     Effects observed(running);
     DraggableQuickView *window = windowOf(document.toUtf8());
 
