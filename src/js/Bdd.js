@@ -18,7 +18,10 @@ function init(callback) {
 /// Runs work(tx), which only reads, in one transaction.
 function read(work) {
     if (opened) {
-        Storage.open().transaction(work);
+        Storage.open().transaction(function (tx) {
+            Storage.noticeNewColumns(tx);
+            work(tx);
+        });
     }
 }
 

@@ -360,8 +360,14 @@ void tst_StoreReading::columns_of_a_later_version_have_empty_texts_for_nulls()
 {
     Practice practice;
     practice.store.insertNamed("Dupont");
-    practice.file.run({"ALTER TABLE Patients ADD COLUMN later TEXT"});
-    QCOMPARE(practice.store.get(1)["later"], QJsonValue(""));
+    // So many that a driver that does not expect them crashes for certain; after a single one it crashes rarely.
+    QStringList statements;
+    for (int number = 1; number <= 100; ++number)
+        statements << QString("ALTER TABLE Patients ADD COLUMN later%1 TEXT").arg(number);
+    practice.file.run(statements);
+    const QJsonObject patient = practice.store.get(1);
+    for (int number = 1; number <= 100; ++number)
+        QCOMPARE(patient[QString("later%1").arg(number)], QJsonValue(""));
 }
 
 void tst_StoreReading::waiting_rows_keep_their_nulls()
