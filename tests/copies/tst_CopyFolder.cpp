@@ -1,4 +1,5 @@
 #include "copyfolder.h"
+#include "files.h"
 #include "support/copynames.h"
 #include "support/generation.h"
 
@@ -56,6 +57,7 @@ private slots:
     void a_copy_is_not_replaced_after_an_upgrade_dropped_patients();
     void a_copy_is_not_replaced_when_the_clock_was_set_back();
     void files_about_to_be_emptied_are_copied_once_for_each_content();
+    void a_file_is_copied_without_a_standard_input();
     void a_store_that_cannot_be_copied_leaves_no_trace_data();
     void a_store_that_cannot_be_copied_leaves_no_trace();
     void interrupted_work_is_completed_or_undone();
@@ -144,6 +146,20 @@ void tst_CopyFolder::files_about_to_be_emptied_are_copied_once_for_each_content(
     QCOMPARE(data.copied("2026-11-21-before-upgrade"), 1);
     QCOMPARE(data.copied("2026-11-21-before-upgrade-2"), 2);
     QCOMPARE(copyFolder.copies().size(), 2);
+}
+
+void tst_CopyFolder::a_file_is_copied_without_a_standard_input()
+{
+    const DataFolder data;
+    data.write(1);
+    const QString copy = data.store.folder() + "/copy";
+    const int kept = ::dup(STDIN_FILENO);
+    ::close(STDIN_FILENO); // the next file gets its number
+    const QString reason = files::copy(data.store.database(), copy);
+    ::dup2(kept, STDIN_FILENO);
+    ::close(kept);
+    QCOMPARE(reason, QString());
+    QVERIFY(QFileInfo::exists(copy));
 }
 
 void tst_CopyFolder::a_store_that_cannot_be_copied_leaves_no_trace_data()

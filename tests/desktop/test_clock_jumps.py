@@ -68,13 +68,16 @@ class Clock(DesktopTest):
         self.assertEqual(self.store.patient("Dupont"), before)
         self.assertEqual(self.stored("Martin", "created", "notification_date"), ("2015-06-01", "2015-06-01"))
 
-    def test_the_first_tick_of_a_new_day_refreshes(self):
+    def test_the_first_tick_of_a_new_day_refreshes_and_copies(self):
         self.store.seed({"name": "Dupont", "created": "2014-04-10", "notification_date": "2014-05-13"})
         # The program's clock and timers run 900 times as fast: its hour is four seconds.
         widget = self.start(environment={"TZ": "UTC"}, clock="2014-05-12 21:30:00", speed=900)
+        wait_equal(self.store.copies, ["2014-05-12"], "the start has made its copy")
+        self.store.execute("UPDATE `Patients` SET `phone` = '0601020304'")
         wait_until(lambda: "icon 1" in widget.log, "the first tick of the new day refreshes", limit=40)
         # The start and the new day; two ticks, at 22:30 and 23:30, brought no refresh.
         self.assertEqual(widget.log.count("Refreshing icon."), 2)
+        wait_equal(self.store.copies, ["2014-05-12", "2014-05-13"], "the changed patients are copied on the new day")
 
 
 if __name__ == "__main__":

@@ -70,6 +70,7 @@ private slots:
     void the_path_is_quoted_as_in_the_desktop_entry_format();
     void the_entry_is_accessible_to_its_owner_only();
     void nothing_else_stays_in_the_folder();
+    void an_unchanged_entry_is_not_written_again();
     void a_broken_entry_is_replaced();
 };
 
@@ -208,6 +209,19 @@ void tst_AutostartEntry::nothing_else_stays_in_the_folder()
     Autorun().setAutorun(true);
     const auto everything = QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot;
     QCOMPARE(QDir(home->config() + "/autostart").entryList(everything), QStringList{"com.olmeric.vesktandry.desktop"});
+}
+
+void tst_AutostartEntry::an_unchanged_entry_is_not_written_again()
+{
+    const auto inode = [] {
+        struct stat status = {};
+        stat(QFile::encodeName(entryPath()).constData(), &status);
+        return status.st_ino;
+    };
+    Autorun().setAutorun(true);
+    const auto written = inode();
+    Autorun().setAutorun(true);
+    QCOMPARE(inode(), written);
 }
 
 void tst_AutostartEntry::a_broken_entry_is_replaced()

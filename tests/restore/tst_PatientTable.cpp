@@ -32,6 +32,7 @@ class tst_PatientTable : public QObject
 
 private slots:
     void patients_are_read_in_the_order_of_their_names_with_defaults_for_nulls();
+    void a_missing_database_is_an_error_and_is_not_created();
     void an_unreadable_database_reports_its_reason_data();
     void an_unreadable_database_reports_its_reason();
     void a_journal_is_played_back_in_a_copy_of_the_copy();
@@ -50,6 +51,14 @@ void tst_PatientTable::patients_are_read_in_the_order_of_their_names_with_defaul
     QCOMPARE(table.rows.first().value("test_date"), QVariant("2014-05-12"));
     QCOMPARE(table.lastId, 2);
     QCOMPARE(QDir(place.path()).entryList(QDir::Files).size(), 2); // reading created no files
+    QCOMPARE(QSqlDatabase::connectionNames(), QStringList());
+}
+
+void tst_PatientTable::a_missing_database_is_an_error_and_is_not_created()
+{
+    const QTemporaryDir place;
+    QVERIFY(!PatientTable::read(place.path()).error.isEmpty());
+    QVERIFY(QDir(place.path()).isEmpty());
 }
 
 void tst_PatientTable::an_unreadable_database_reports_its_reason_data()

@@ -34,6 +34,7 @@ private slots:
     void buttons_are_disabled_while_the_widget_runs_and_enabled_once_it_ends();
     void a_return_needs_confirmation_and_no_is_the_default_data();
     void a_return_needs_confirmation_and_no_is_the_default();
+    void a_return_that_fails_shows_its_reason();
     void ticked_patients_are_restored();
     void tab_moves_from_the_list_through_the_buttons();
 
@@ -65,6 +66,10 @@ void tst_RestoreWindow::copies_are_listed_with_day_patients_and_difference()
         const auto *item = list->topLevelItem(row);
         lines << item->text(0) + " | " + item->text(1) + " | " + item->text(2);
     }
+    QStringList titles;
+    for (int column = 0; column < list->columnCount(); ++column)
+        titles << list->headerItem()->text(column);
+    QCOMPARE(titles, QStringList({"Copie du", "Patients", "Par rapport à aujourd'hui"}));
     QCOMPARE(lines,
              QStringList({"mercredi 14 mai 2014 | illisible | ",
                           "mardi 13 mai 2014, avant la mise à niveau | 1 | comme aujourd'hui",
@@ -114,14 +119,35 @@ void tst_RestoreWindow::a_return_needs_confirmation_and_no_is_the_default()
         QVERIFY(child<QLabel>(window, "C'est fait : les patients sont ceux de la copie du lundi 12 mai 2014."));
 }
 
+void tst_RestoreWindow::a_return_that_fails_shows_its_reason()
+{
+    RestoreWindow window(m_store);
+    window.show();
+    StoreLock widget(m_store);
+    QTimer::singleShot(0, this, [&widget] {
+        widget.take(); // the widget is opened during the question
+        child<QPushButton>(*QApplication::activeModalWidget(), "Revenir à cette copie")->click();
+    });
+    child<QPushButton>(window, "Revenir")->click();
+    QVERIFY(child<QLabel>(window, "Cela n'a pas pu se faire : Vesk Tandry est ouvert."));
+    QCOMPARE(PatientTable::read(m_store.folder()).rows.size(), 1);
+}
+
 void tst_RestoreWindow::ticked_patients_are_restored()
 {
     RestoreWindow window(m_store);
     window.show();
     QTimer::singleShot(0, this, [] {
         auto *dialog = qobject_cast<PatientsDialog *>(QApplication::activeModalWidget());
+        const auto closed = qScopeGuard([dialog] {
+            if (dialog->isVisible()) // a check has failed
+                dialog->reject();
+        });
         auto *list = dialog->findChild<QTreeWidget *>();
         QVERIFY(!child<QPushButton>(*dialog, "Remettre")->isEnabled());
+        QVERIFY(child<QPushButton>(*dialog, "Annuler")->isDefault());
+        QVERIFY(child<QLabel>(*dialog, "Ces patients")->geometry().bottom() < list->y());
+        QVERIFY(list->geometry().bottom() < child<QPushButton>(*dialog, "Annuler")->y());
         const QTreeWidgetItem *first = list->topLevelItem(0);
         QCOMPARE(QStringList({first->text(0), first->text(1), first->text(2)}),
                  QStringList({"DUPONT Marie", "0601020304", "10/04/2014"}));

@@ -47,6 +47,7 @@ PLAN = {
     "src/app/socketwaits.cpp": PEER,
     "src/app": VIEW,
     "src/copies": COPIES,
+    "src/copies/patientcopies.cpp": (*COPIES, "desktop_clock_jumps"),
     "src/js/AutocompleteLogic.js": ("tst_AutocompleteLogic",),
     "src/js/ListLogic.js": ("tst_ListLogic",),
     "src/js/editor": EDITOR,
@@ -99,7 +100,8 @@ PLAN = {
 }
 
 # The targets of tests whose target has another name.
-TARGETS = {"desktop_restore": ("tandry", "tandry-restore"), "desktop_quitting": ("tandry",)} | dict.fromkeys(
+TARGETS = {"desktop_restore": ("tandry", "tandry-restore"), "desktop_quitting": ("tandry",),
+           "desktop_clock_jumps": ("tandry",)} | dict.fromkeys(
     (*EDITOR, *LIST, *MAIN, *CONTROLS, "tst_Autocomplete", "tst_ContactPopup", "tst_LargerTexts", "tst_Looks",
      "tst_PatientsResults", "tst_Question"), ("tandry_document_tests",))
 
