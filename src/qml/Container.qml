@@ -123,12 +123,6 @@ WindowFrame {
     states: [
         State {
             name: "base"
-
-            PropertyChanges {
-                target: root
-                height: Metrics.searchHeight
-                internalHeight: Metrics.searchHeight
-            }
         },
         State {
             name: "results"
