@@ -25,7 +25,7 @@ CONTROLS = ("tst_Controls", "tst_Activation", "tst_PlainText")
 SHARED = (*CONTROLS, "tst_Autocomplete", "tst_Question", "tst_MainMenu", "tst_MainSearch", "tst_MainHeights",
           "tst_DetailLoad", "tst_ListPopup", "tst_ListPopupLook")
 # Run for every document, after its own tests.
-DOCUMENTS = ("tst_DocumentInterfaces", "tst_Looks", "tst_LargerTexts")
+DOCUMENTS = ("tst_Activation", "tst_DocumentInterfaces", "tst_Looks", "tst_LargerTexts", "tst_LargerTexts_144")
 
 PLAN = {
     "src/app/draggablequickview.cpp": VIEW,
@@ -75,11 +75,11 @@ PLAN = {
     "src/qml/Question.qml": ("tst_Question", "tst_DetailPathway", "tst_DetailAnswers", "tst_DetailKeyboard"),
     "src/qml/PatientsItem.qml": ("tst_PatientsResults", *CONTROLS, "tst_MainSearch"),
     "src/qml/PatientsResults.qml": ("tst_PatientsResults", "tst_MainSearch", "tst_MainAnimations", "tst_MainKeyboard"),
-    "src/qml/list/WaitingBadge.qml": (*CONTROLS, "tst_MainMenu"),
+    "src/qml/list/WaitingBadge.qml": (*CONTROLS, "tst_ListPopupLook"),
     "src/qml/Container.qml": MAIN,
     "src/qml/main": MAIN,
     "src/qml/main.qml": MAIN,
-    "src/qml/base/DeferredLoader.qml": ("tst_ListPopup", *MAIN),
+    "src/qml/base/DeferredLoader.qml": ("tst_Controls", "tst_ListPopup", *MAIN),
     "src/qml/base": SHARED,
     "src/qml/style": SHARED,
     "src/qml": LIST,
@@ -102,8 +102,8 @@ PLAN = {
 # The targets of tests whose target has another name.
 TARGETS = {"desktop_restore": ("tandry", "tandry-restore"), "desktop_quitting": ("tandry",),
            "desktop_clock_jumps": ("tandry",)} | dict.fromkeys(
-    (*EDITOR, *LIST, *MAIN, *CONTROLS, "tst_Autocomplete", "tst_ContactPopup", "tst_LargerTexts", "tst_Looks",
-     "tst_PatientsResults", "tst_Question"), ("tandry_document_tests",))
+    (*EDITOR, *LIST, *MAIN, *CONTROLS, "tst_Autocomplete", "tst_ContactPopup", "tst_LargerTexts",
+     "tst_LargerTexts_144", "tst_Looks", "tst_PatientsResults", "tst_Question"), ("tandry_document_tests",))
 
 
 def changed_files(root, plan):
