@@ -16,7 +16,7 @@ var rows = [
     ["empty", "control Rechercher", { left: 0, width: 53, height: 53 }],
     ["empty", "picture loop.png", { opacity: 0.6, centreX: 26.5, centreY: 26.5 }],
     ["empty", "control Rechercher un patient", { placeholderText: "NOM Prénom", centreY: 26.5,
-     left: [">=", "right", "part magnifier"], right: ["<=", "left", "control Effacer la recherche"], rectangles: 0 }],
+     left: ["right", "part magnifier", 12], right: ["left", "control Effacer la recherche", 0], rectangles: 0 }],
     ["empty", "text NOM Prénom in control Rechercher un patient", { color: "#cbd2dd", points: 10 }],
     ["empty", "input", { points: 10, "font.bold": false, color: "#ffffff", selectionColor: "#ffffff",
      selectedTextColor: "#8192ad" }],

@@ -15,13 +15,13 @@ var states = {
 
 // state, item or items, {property: expected}
 var rows = [
-    ["collapsed", "", { state: "base", width: 275, height: 60, internalHeight: 60, changed: false, date: "",
+    ["collapsed", "", { state: "base", width: 275, height: 60, internalHeight: 60, clip: true, changed: false, date: "",
      checked: false, displayed: true, "yes.checked": false, "no.checked": false, behavior: "smoothed 300 InOutQuad" }],
     ["collapsed", "part bar", { color: "#002559", left: 0, width: 4, height: 40 }],
-    ["collapsed", "part topRow", { height: 40, bottom: ["<=", "bottom", ""] }],
-    ["collapsed", "text Avez-vous compris ?", { points: 9, "font.bold": false, color: "#405a82", textFormat: Text.RichText,
-     wrapMode: Text.WordWrap, left: [">=", "right", "part bar"] }],
-    ["collapsed", "picture next.png", { rotation: 0, behavior: "smoothed 300 InOutQuad" }],
+    ["collapsed", "part topRow", { top: 10, height: 40 }],
+    ["collapsed", "text Avez-vous compris ?", { points: 9, "font.bold": false, color: "#405a82",
+     textFormat: Text.RichText, wrapMode: Text.WordWrap, left: 14, right: ["left", "part shortAnswer", -6] }],
+    ["collapsed", "picture next.png", { right: 261, rotation: 0, behavior: "smoothed 300 InOutQuad" }],
     ["expanded", "", { state: "buttons", height: 100, internalHeight: 100 }],
     ["expanded", "picture next.png", { rotation: 90 }],
     ["expanded", "part topRow", { height: 40 }],
@@ -34,7 +34,7 @@ var rows = [
     ["expanded", "picture tiny-tick.png in control Oui", { visible: false }],
     ["expanded", "picture tiny-tick.png in control Non", { visible: false }],
     ["expanded", "text Oui in control Oui", { "font.bold": true, points: 11, color: "#002458",
-     left: [">=", "right", "type TickMark in control Oui"] }],
+     left: ["right", "type TickMark in control Oui", 8] }],
     ["expanded", "text Non in control Non", { "font.bold": true, points: 11, color: "#002458" }],
     ["missing", "", { state: "missing", height: 0, internalHeight: 0, visible: false }],
     ["missing", "picture next.png", { rotation: 0 }],
@@ -49,7 +49,7 @@ var rows = [
     ["no", "picture tiny-tick.png in control Oui", { visible: false }],
     ["no", "part shortAnswer", { opacity: 0 }],
     ["collapsed, yes", "part shortAnswer", { text: "Oui", opacity: 1, color: "#67c265", "font.bold": true, points: 11,
-     left: [">=", "right", "text Avez-vous compris ?"], right: ["<=", "left", "picture next.png"],
+     right: ["left", "picture next.png", -8],
      behavior: "smoothed 300 InOutQuad" }],
     ["collapsed, no", "part shortAnswer", { text: "Non", opacity: 1, color: "#e12c0d", "font.bold": true, points: 11 }]
 ];

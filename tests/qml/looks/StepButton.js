@@ -10,7 +10,7 @@ var states = {
 
 // state, item or items, {property: expected}
 var rows = [
-    ["shown", "", { displayed: true, height: 38, behavior: "number 200 Linear" }],
+    ["shown", "", { displayed: true, height: 38, clip: true, behavior: "number 200 Linear" }],
     ["shown", "text Si la consultation continue,<br/>cliquez ici", { textFormat: Text.RichText, "font.bold": true,
      points: 9, color: "#405a82", horizontalAlignment: Text.AlignHCenter, centreX: 137.5, centreY: 19, opacity: 1 }],
     ["hovered", "text Si la consultation continue,<br/>cliquez ici", { opacity: 0.7 }],

@@ -47,7 +47,7 @@ var rows = [
     ["start", "part dragZone", { left: 0, top: 0, bottom: 42, right: ["left", contact, 0] }],
     ["start", "picture logo-vesk.jpg", { left: 10, top: [">=", "top", frame], bottom: ["<=", "top", content] }],
     ["start", "text Tandry", { color: "#7c879c", points: 9, "font.bold": false,
-     bottom: ["bottom", "picture logo-vesk.jpg", 0], left: [">=", "right", "picture logo-vesk.jpg"] }],
+     bottom: ["bottom", "picture logo-vesk.jpg", 0], left: ["right", "picture logo-vesk.jpg", 8] }],
     ["start", contact, { left: 205, tooltip: "Contacts VESK" }],
     ["start", "picture contact-button.png", { opacity: 1 }],
     ["start", list, { left: 226, tooltip: "Liste de tous les patients" }],
