@@ -98,6 +98,15 @@ Item {
             compare(heard, ["Graphic VESK", "StaticText Tandry"]);
         }
 
+        function test_a_deferred_loader_loads_with_the_next_frame() {
+            var loader = load("base/DeferredLoader");
+
+            loader.waitForFrame();
+            compare(loader.active, false);
+            loader.awaitedWindow.frameSwapped();
+            compare(loader.active, true);
+        }
+
         function test_the_accessible_name_of_a_gate_has_no_markup() {
             named(load("StepButton", { text: "Si la 1<sup>ère</sup> prise,<br/>cliquez ici" }),
                   "Si la 1ère prise, cliquez ici");
@@ -198,6 +207,7 @@ Item {
 
             item.exclusiveGroup = group;
             other.y = 50;
+            compare([accessible().checkable, accessible().selectable], [true, true]);
             compare([accessible().checked, accessible().selected], [false, false]);
             click(item);
             click(item);

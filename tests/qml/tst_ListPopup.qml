@@ -51,8 +51,10 @@ Item {
 
             openTab(popup, allTitle);
             compare(names(popup), ["BERNARD Paul", "DUPONT Marie", "martin Zoé"]);
+            compare(rows(popup).map(function (row) { return row.record.waiting; }), [0, 1, 1]);
             openTab(popup, waitingTitle);
             compare(names(popup), ["DUPONT Marie", "martin Zoé"]);
+            compare(rows(popup).map(function (row) { return row.record.waiting; }), [1, 1]);
         }
 
         function test_the_table_is_named_after_the_tab() {
@@ -141,12 +143,14 @@ Item {
         function test_a_tick_is_toggled_by_assistive_technology() {
             givenNames(["A"], ["B"]);
             var popup = load("ListPopup");
+            var announced = spy(named(popup, "Tout sélectionner").Accessible, "checkedChanged");
 
             openTab(popup, allTitle);
             verify(Native.press(named(popup, "Tout sélectionner"), "Toggle"));
             compare(ticks(popup), [true, true]);
             verify(Native.press(named(popup, "Tout sélectionner"), "Toggle"));
             compare(ticks(popup), [false, false]);
+            compare(announced.count, 2);
         }
 
         function test_ticked_select_all_survives_reload_and_tab_change() {

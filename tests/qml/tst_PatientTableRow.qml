@@ -24,6 +24,13 @@ Item {
             return item;
         }
 
+        function test_a_row_without_values_is_empty() {
+            var item = load("PatientTableRow");
+
+            compare([item.iid, item.iname, item.icreated, item.iphone], ["", "", "", ""]);
+            compare([item.ichecked, item.exchecked, item.pair, item.red], [false, false, false, false]);
+        }
+
         function cell(item, step) {
             return part(item, "part " + step);
         }

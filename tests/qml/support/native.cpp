@@ -219,6 +219,7 @@ QVariant Native::accessible(QObject *object) const
         {"focusable", bool(interface->state().focusable)},
         {"checkable", bool(interface->state().checkable)},
         {"checked", bool(interface->state().checked)},
+        {"selectable", bool(interface->state().selectable)},
         {"selected", bool(interface->state().selected)},
         {"actions", actions},
     };

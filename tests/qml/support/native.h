@@ -35,8 +35,8 @@ public:
     /// The configured host of the SMS service.
     Q_INVOKABLE QString smsHost() const;
 
-    /// {role, name, description, focusable, checkable, checked, selected, actions} of an item in the accessibility
-    /// tree; null when the item is not in the tree.
+    /// {role, name, description, focusable, checkable, checked, selectable, selected, actions} of an item in the
+    /// accessibility tree; null when the item is not in the tree.
     Q_INVOKABLE QVariant accessible(QObject *object) const;
     /// Presses or toggles the item through the accessibility interface; false when the item has no such action.
     Q_INVOKABLE bool press(QObject *object, const QString &action = QStringLiteral("Press")) const;
