@@ -26,10 +26,10 @@ class Actions:
                                 f"{[(each.role, each.name) for each in frame.controls]}")
         self._press_control(found[0], repr(name), in_list)
 
-    def _press_control(self, shown, what, in_list=False):
+    def _press_control(self, shown, what, in_list=False, by_keys=True):
         way = self._random.choices(("mouse", "keys", "bus"), self.ways)[0]
         frame = self._view.list if in_list else self._view.widget
-        if way == "keys" and not (frame.active and "sensitive" in shown.states):
+        if way == "keys" and not (by_keys and frame.active and "sensitive" in shown.states):
             way = "bus"
         if way == "mouse":
             place = self._at_rest(shown)
