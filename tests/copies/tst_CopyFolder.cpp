@@ -71,6 +71,7 @@ void tst_CopyFolder::a_copy_holds_every_file_and_is_accessible_to_its_owner_only
     CopyFolder copyFolder(data.store);
     QCOMPARE(copyFolder.copyDay(today, true), QString());
     QCOMPARE(data.copied("2026-11-21"), 7);
+    QCOMPARE(copyFolder.copies().first().changes, 7u);
     const QString folder = data.store.copiesFolder() + "/2026-11-21";
     QCOMPARE(int(modeOf(data.store.copiesFolder())), 0700);
     QCOMPARE(int(modeOf(folder)), 0700);

@@ -104,11 +104,17 @@ void tst_PatientCopies::a_failure_is_logged_once_a_day_and_the_program_keeps_run
     generation::writeFile(data.store.copiesFolder(), "a file where the folder should be");
     logged.clear();
     const QtMessageHandler original = qInstallMessageHandler(log);
-    PatientCopies copies(data.store);
-    copies.begin();
-    copies.copyOnNewDay();
+    {
+        PatientCopies copies(data.store);
+        copies.begin();
+        copies.copyOnNewDay();
+    }
+    generation::writeFile(data.store.record(), "[General]\nVersion=1.2\nGeneration=2");
+    PatientCopies(data.store).begin();
     qInstallMessageHandler(original);
-    QCOMPARE(logged, QStringList{"The patients are not copied today: File exists"});
+    QCOMPARE(logged,
+             QStringList({"The patients are not copied today: File exists",
+                          "The patients are not copied before they are thrown away: File exists"}));
 }
 
 void tst_PatientCopies::an_unfinished_exchange_is_completed_before_the_copy()

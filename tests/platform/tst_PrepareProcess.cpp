@@ -86,7 +86,8 @@ void tst_PrepareProcess::a_missing_temporary_folder_does_not_become_the_current_
 {
     QCOMPARE(probe("prepare", {{"TMPDIR", "/nowhere"}})["temporary"].toString(), QString("/tmp"));
     QCOMPARE(probe("prepare", {{"TMPDIR", "."}})["temporary"].toString(), QString("/tmp"));
-    QCOMPARE(probe("prepare", {{"TMPDIR", QDir::tempPath()}})["temporary"].toString(), QDir::tempPath());
+    const QTemporaryDir chosen;
+    QCOMPARE(probe("prepare", {{"TMPDIR", chosen.path()}})["temporary"].toString(), chosen.path());
 }
 
 void tst_PrepareProcess::text_resolution_is_72_unless_the_user_chose_one_data()

@@ -146,6 +146,8 @@ void tst_RestoreWindow::ticked_patients_are_restored()
         auto *list = dialog->findChild<QTreeWidget *>();
         QVERIFY(!child<QPushButton>(*dialog, "Remettre")->isEnabled());
         QVERIFY(child<QPushButton>(*dialog, "Annuler")->isDefault());
+        const QAbstractItemView *const view = list;
+        QVERIFY(list->columnWidth(0) >= view->sizeHintForColumn(0));
         QVERIFY(child<QLabel>(*dialog, "Ces patients")->geometry().bottom() < list->y());
         QVERIFY(list->geometry().bottom() < child<QPushButton>(*dialog, "Annuler")->y());
         const QTreeWidgetItem *first = list->topLevelItem(0);

@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+#include <QtEndian>
 
 /// One generation of the store's files. Each file repeats its number from the first block to the last, to reveal mixed
 /// or incomplete files. They are not real databases: the copying code reads only the header.
@@ -12,7 +13,10 @@ namespace generation {
 
 inline QByteArray bytesOf(int number)
 {
-    return QByteArray("SQLite format 3\0", 16) + QByteArray::number(number).rightJustified(16, ' ').repeated(2000);
+    QByteArray bytes = QByteArray("SQLite format 3\0", 16)
+        + QByteArray::number(number).rightJustified(16, ' ').repeated(2000);
+    qToBigEndian<quint32>(static_cast<quint32>(number), bytes.data() + 24); // SQLite's count of write transactions
+    return bytes;
 }
 
 inline void writeFile(const QString &path, const QByteArray &bytes)
