@@ -8,7 +8,6 @@ Clickable {
     id: root
 
     property url image
-    property alias picture: picture
     property string tooltip
     property real idleOpacity: 1
     property real hoveredOpacity: 0.66

@@ -31,9 +31,7 @@ Rectangle {
 
             Image {
                 anchors.verticalCenter: parent.verticalCenter
-                height: Metrics.tableIconSize
                 source: "../../images/printer.png"
-                width: Metrics.tableIconSize
             }
             WidgetText {
                 anchors.verticalCenter: parent.verticalCenter
@@ -63,8 +61,6 @@ Rectangle {
         hoveredOpacity: 0.6
         image: "../../images/trash.png"
         name: qsTr("Supprimer les patients sélectionnés")
-        picture.height: Metrics.tableIconSize
-        picture.width: Metrics.tableIconSize
         width: height
 
         onTriggered: root.removeClicked()

@@ -32,7 +32,6 @@ QtObject {
     readonly property int tabHeight: 42
     readonly property int tableRowHeight: 42
     readonly property int tableFooterHeight: 42
-    readonly property int tableIconSize: 18
 
     // animations
     readonly property int slideDuration: 600
