@@ -9,5 +9,4 @@ Rectangle {
     color: Palette.transparent
     radius: 2
     visible: parent.activeFocus
-    z: 1
 }

@@ -7,7 +7,7 @@ Rectangle {
     id: root
 
     property bool checked: false
-    property color tickColor: Palette.tickYes
+    property color tickColor
     property bool outlined: true
 
     border.color: Palette.tickBoxBorder

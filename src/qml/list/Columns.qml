@@ -86,7 +86,6 @@ QtObject {
         TableColumn {
             id: smsColumn
 
-            key: "sms"
             title: qsTr("Rappel SMS")
             width: 0.09
         }
