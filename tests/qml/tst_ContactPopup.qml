@@ -22,6 +22,18 @@ Item {
             compare(Native.takeOpenedAddresses(), []);
         }
 
+        function test_each_text_is_in_the_accessibility_tree_and_a_site_only_as_its_link() {
+            var texts = where(load("ContactPopup"), isText);
+
+            compare(texts.length, 12);
+            texts.forEach(function (text) {
+                var accessible = Native.accessible(text);
+
+                compare([accessible.role, accessible.name], ["StaticText", text.text]);
+                compare(text.Accessible.ignored, Native.typeName(text) === "SiteLink");
+            });
+        }
+
         function test_a_press_on_the_header_starts_dragging_at_once_data() {
             return [
                 { tag: "left edge", x: 1, y: 1, drags: 1 },

@@ -117,8 +117,10 @@ Item {
             expectedWarnings = ["The store has no such patient"];
             detail.load("99", "");
             compare([detail.missing, fields().enabled, nameBar.editable], [true, false, false]);
+            compare(fields().parent.opacity, 0.4);
             detail.reset();
             compare([detail.missing, fields().enabled, nameBar.editable], [false, true, true]);
+            compare(fields().parent.opacity, 1);
         }
 
         function test_a_new_patient_after_an_unknown_one_can_be_edited() {

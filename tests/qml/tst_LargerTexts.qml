@@ -169,6 +169,12 @@ Item {
             checkTexts(pane, 8);
         }
 
+        function test_the_answer_leaves_the_first_question_its_two_lines() {
+            openPatient({ test: 0, test_date: "2014-04-10" });
+            rest();
+            verify(textItem(question("test"), question("test").text).contentHeight < 40);
+        }
+
         function test_a_phone_number_of_full_length_is_shown_in_full() {
             var line;
 

@@ -19,9 +19,9 @@ var states = {
     "long name": { properties: { iname: "CHEVALIER Marie-Antoinette de la Tour du Pin" } }
 };
 
-var name = "text DUPONT Marie";
-var created = "text 10/04/2014";
-var phone = "text 06 11 22 33 44";
+var name = "part name";
+var created = "part firstAppointment";
+var phone = "part phone";
 
 // state, item or items, {property: expected}
 var rows = [
@@ -32,18 +32,18 @@ var rows = [
     ["new patient", "type TickMark", { centreX: 23.94, centreY: 21, width: 18, height: 18, radius: 2,
      color: "#ffffff" }],
     ["new patient", "picture tiny-tick.png", { visible: false }],
-    ["new patient", name, { left: 47.88, width: 151.62, horizontalAlignment: Text.AlignLeft, centreY: 21,
-     "font.bold": true, points: 9, color: "#002357", elide: Text.ElideRight, maximumLineCount: 1,
+    ["new patient", name, { text: "DUPONT Marie", left: 47.88, width: 151.62, horizontalAlignment: Text.AlignLeft,
+     centreY: 21, "font.bold": true, points: 9, color: "#002357", elide: Text.ElideRight, maximumLineCount: 1,
      textFormat: Text.PlainText }],
-    ["new patient", created, { left: 211.47, width: 71.82, "font.bold": false, color: "#002357" }],
+    ["new patient", created, { text: "10/04/2014", left: 211.47, width: 71.82, "font.bold": false, color: "#002357" }],
     ["new patient", "part test", { left: 295.26, width: 55.86, text: "?", "font.bold": true, color: "#002357" }],
     ["new patient", "part rdv1", { left: 363.09, width: 55.86, text: "" }],
     ["new patient", "part confirmation", { left: 430.92, width: 55.86, text: "" }],
     ["new patient", "part rdv2", { left: 498.75, width: 55.86, text: "" }],
     ["new patient", "part rdv3", { left: 566.58, width: 55.86, text: "" }],
     // A number may use the gaps beside its column, which is 71.82 wide.
-    ["new patient", phone, { left: 628.425, width: 83.79, centreX: 670.32, "font.bold": false, color: "#002357",
-     truncated: false }],
+    ["new patient", phone, { text: "06 11 22 33 44", left: 628.425, width: 83.79, centreX: 670.32,
+     "font.bold": false, color: "#002357", truncated: false }],
     ["new patient", "type ButtonSMS", { left: 718.2, width: 71.82, height: 23.94, centreY: 21 }],
     ["new patient", "text Envoi SMS", { points: 8.4494 }],
     ["new patient", "type BorderImage", { width: 71.82 }],
@@ -63,6 +63,5 @@ var rows = [
     ["even", "", { color: "#222222" }],
     ["odd, hovered", "", { state: "hovered", color: "#333333" }],
     ["even, hovered", "", { state: "hovered", color: "#444444" }],
-    ["long name", "text CHEVALIER Marie-Antoinette de la Tour du Pin", { truncated: true, lineCount: 1,
-     width: 151.62 }]
+    ["long name", name, { truncated: true, lineCount: 1, width: 151.62 }]
 ];
