@@ -1,6 +1,7 @@
 #include "autorun.h"
 
 #include "loginagent.h"
+#include "settingslock.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -25,6 +26,7 @@ Autorun::Autorun()
     : m_settings(new QSettings(listPath(), LoginAgent::listFormat()))
 {
     Q_ASSERT(m_settings);
+    dropEmptyLock(m_settings->fileName());
 }
 
 Autorun::~Autorun()

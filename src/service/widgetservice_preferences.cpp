@@ -2,6 +2,7 @@
 
 #include "autorun.h"
 #include "settingskeys.h"
+#include "settingslock.h"
 
 #include <QCheckBox>
 #include <QMessageBox>
@@ -28,6 +29,7 @@ void WidgetService::openSettings()
 {
     settings = new QSettings(productOrganization, makerApplication);
     Q_ASSERT(settings);
+    dropEmptyLock(settings->fileName());
 }
 
 /// On the first start, copies the sibling product's identifier or creates one, and switches launch at login on.

@@ -55,6 +55,7 @@ private slots:
     void second_start_changes_only_the_counter();
     void operating_system_is_written_at_every_start();
     void first_start_writes_these_keys_and_no_other();
+    void empty_lock_left_by_a_killed_process_is_deleted();
     void settings_lie_under_the_product_and_the_maker();
     void launches_are_counted_data();
     void launches_are_counted();
@@ -224,6 +225,13 @@ void ServiceFirstStart::first_start_writes_these_keys_and_no_other()
     QStringList keys = SettingsFile::keys();
     keys.sort();
     QCOMPARE(keys, QStringList({"LaunchCounter", "OSType", "OSVersion", "OSVersionReadable", "Uuid"}));
+}
+
+void ServiceFirstStart::empty_lock_left_by_a_killed_process_is_deleted()
+{
+    SettingsFile::replace(SettingsFile::own() + ".lock", QByteArray(""));
+    const RunningService running;
+    QVERIFY(!QFileInfo::exists(SettingsFile::own() + ".lock"));
 }
 
 void ServiceFirstStart::settings_lie_under_the_product_and_the_maker()
