@@ -21,7 +21,7 @@ class RefusingStore(DesktopTest):
         before = self.store.patients()
         widget.open_patient("Dupont")
         said = len(complaints(widget.log))
-        widget.answer("test", "Oui")
+        widget.click_answer("test", "Oui")
         self.wait_for_complaint(widget, said)
         wait_equal(widget.asked, ["test"], "the answer is not shown as stored")
         widget.control(QUESTIONS["test"], "push button")  # without an answer in its name

@@ -88,15 +88,22 @@ class Tandry(Widget):
         wait_until(lambda: self._question(key), f"the question {key!r} is shown")
 
     def answer(self, key, answer):
-        """Answers a question "Oui" or "Non"; returns when the box is ticked, or its question has collapsed."""
+        """Answers a question "Oui" or "Non"; returns when the box is ticked, or the collapsed question shows the answer."""
         def is_given():
-            box = self.answer_box(key, answer)
-            return not box or box.has("checked")
+            box, question = self.answer_box(key, answer), self._question(key)
+            return box.has("checked") if box else question and question.name.endswith(answer)
 
-        self.repeat(lambda: self.click_answer(key, answer), is_given, f"{answer!r} is given to the question {key!r}")
+        self.repeat(lambda: self._click_box(key, answer), is_given, f"{answer!r} is given to the question {key!r}")
 
     def click_answer(self, key, answer):
-        """Clicks "Oui" or "Non" below a question, and expands the question if necessary. For answers that must be refused."""
+        """The same for an answer that is not stored: returns when the program has tried to, or has been killed then."""
+        tried = self.log.count("Update called")
+        self.repeat(lambda: self._click_box(key, answer),
+                    lambda: self.log.count("Update called") > tried or self.process.poll() is not None,
+                    f"the answer {answer!r} to the question {key!r} is to be stored")
+
+    def _click_box(self, key, answer):
+        """Clicks "Oui" or "Non" below a question, and expands the question if necessary."""
         self.wait_for_question(key)
         what = f"{answer!r} below the question {key!r}"
         for _ in range(_UNFOLDINGS):
