@@ -9,7 +9,8 @@ READER = ("tst_MessageReader", "tst_QtLocalPeer", "tst_HostilePeers", "tst_Guard
 APPLICATION = ("tst_QtSingleApplication", "tst_GuardWaits", "tst_SingleInstance")
 CORE_APPLICATION = ("tst_QtSingleCoreApplication", "tst_GuardWaits")
 VIEW = ("tst_DraggableQuickView", "tst_ServiceWindows", "tst_StartUp")
-COPIES = ("tst_StoreFiles", "tst_CopyFolder", "tst_CopyRetention", "tst_PatientCopies", "tst_Restorer", "tst_CopyKills")
+COPIES = ("tst_StoreFiles", "tst_CopyFolder", "tst_CopyRetention", "tst_PatientCopies", "tst_UnsyncedExchange", "tst_Restorer",
+          "tst_CopyKills")
 RESTORE = ("tst_PatientTable", "tst_Difference", "tst_Restorer", "tst_RestoreWindow")
 AUTORUN = ("tst_Autorun", "tst_AutostartEntry")
 SERVICE = ("tst_ServiceConstruction", "tst_ServiceFirstStart", "tst_ServiceViews", "tst_ServiceAbout",
@@ -57,6 +58,7 @@ PLAN = {
     "src/platform/macupdatechecker.cpp": ("tst_MacUpdateChecker",),
     "src/platform/prepareprocess_linux.cpp": ("tst_PrepareProcess", "tst_StartUp"),
     "src/platform/propertylist_linux.cpp": ("tst_PropertyList", "tst_Autorun"),
+    "src/platform/settingslock.cpp": ("tst_SettingsLock",),
     "src/platform": AUTORUN,
     "src/qml/ActionButton.qml": CONTROLS,
     "src/qml/editor/AnswerBox.qml": ("tst_Question", *CONTROLS, "tst_DetailPathway"),
